@@ -1,0 +1,95 @@
+#pragma once
+
+#include "host/geokit/mesh.h"
+#include "host/geokit/object.h"
+#include "host/geokit/object_attributes.h"
+#include "host/geokit/point_cloud.h"
+
+#include <memory>
+
+class GK_Brep;
+class GK_Curve;
+
+/// Something that stands in a document: attributes and geometry. A document object is made from its
+/// attributes, given its geometry and handed to CKelvoDoc::AddObject.
+class CKelvoObject : public GK_Object
+{
+public:
+    explicit CKelvoObject(const GK_MdxObjectAttributes& attributes);
+    CKelvoObject(const CKelvoObject&) = delete;
+    CKelvoObject& operator=(const CKelvoObject&) = delete;
+    ~CKelvoObject() override;
+
+    [[nodiscard]] const GK_MdxObjectAttributes& Attributes() const { return m_attributes; }
+
+    /// The object's geometry, or null while it has none.
+    [[nodiscard]] virtual const GK_Geometry* Geometry() const = 0;
+
+private:
+    GK_MdxObjectAttributes m_attributes;
+};
+
+class CKelvoMeshObject : public CKelvoObject
+{
+public:
+    using CKelvoObject::CKelvoObject;
+    ~CKelvoMeshObject() override;
+
+    /// Takes the mesh over.
+    void SetMesh(std::unique_ptr<GK_Mesh> mesh);
+    [[nodiscard]] const GK_Mesh* Mesh() const { return m_mesh.get(); }
+    [[nodiscard]] const GK_Geometry* Geometry() const override;
+
+private:
+    std::unique_ptr<GK_Mesh> m_mesh;
+};
+
+class CKelvoCurveObject : public CKelvoObject
+{
+public:
+    explicit CKelvoCurveObject(const GK_MdxObjectAttributes& attributes);
+    ~CKelvoCurveObject() override;
+
+    /// Takes the curve over.
+    void SetCurve(std::unique_ptr<GK_Curve> curve);
+    [[nodiscard]] const GK_Curve* Curve() const { return m_curve.get(); }
+    [[nodiscard]] const GK_Geometry* Geometry() const override;
+
+private:
+    std::unique_ptr<GK_Curve> m_curve;
+};
+
+class CKelvoPointCloudObject : public CKelvoObject
+{
+public:
+    using CKelvoObject::CKelvoObject;
+    ~CKelvoPointCloudObject() override;
+
+    /// Copies the cloud; the caller keeps its own.
+    void SetPointCloud(const GK_PointCloud& cloud);
+    [[nodiscard]] const GK_PointCloud& PointCloud() const { return m_cloud; }
+    [[nodiscard]] const GK_Geometry* Geometry() const override;
+
+private:
+    GK_PointCloud m_cloud;
+};
+
+class CKelvoBrepObject : public CKelvoObject
+{
+public:
+    explicit CKelvoBrepObject(const GK_MdxObjectAttributes& attributes);
+    ~CKelvoBrepObject() override;
+
+    /// Takes the brep over.
+    void SetBrep(std::unique_ptr<GK_Brep> brep);
+    [[nodiscard]] const GK_Brep* Brep() const { return m_brep.get(); }
+    [[nodiscard]] const GK_Geometry* Geometry() const override;
+
+private:
+    std::unique_ptr<GK_Brep> m_brep;
+};
+
+/// Makes a brep usable: joins the ends of trims that meet within the tolerance, turns loops the
+/// right way, gives faces the loops they need and drops what is empty. False when what is left is
+/// not sound; the host notes the reason, and the brep is still the caller's.
+bool KelvoRepairBrep(GK_Brep& brep, double tolerance);

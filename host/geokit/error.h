@@ -1,0 +1,6 @@
+#pragma once
+
+/// Reports an inconsistency that was met and survived. `source` names who reports and `line` where
+/// (0 when that says nothing); both texts are only read during the call. What becomes of the report
+/// is the host's affair; it never fails.
+void GK_Error(const char* source, int line, const char* text) noexcept;

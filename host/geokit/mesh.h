@@ -1,0 +1,173 @@
+#pragma once
+
+#include "host/geokit/color.h"
+#include "host/geokit/interval.h"
+#include "host/geokit/object.h"
+#include "host/geokit/point.h"
+#include "host/geokit/simple_array.h"
+#include "host/geokit/xform.h"
+
+#include <array>
+#include <memory>
+#include <span>
+
+/// A triangle or quad by the indices of its mesh vertices; a triangle repeats its third index in
+/// the fourth place.
+struct GK_MeshFace
+{
+    std::array<int, 4> vi{-1, -1, -1, -1};
+
+    [[nodiscard]] bool IsTriangle() const { return vi[2] == vi[3]; }
+    [[nodiscard]] bool IsQuad() const { return vi[2] != vi[3]; }
+
+    /// All four indices are at least 0 and below `vertexCount`, and the three or four corners are
+    /// pairwise different both as indices and as positions.
+    [[nodiscard]] bool IsValid(int vertexCount, const GK_3fPoint* vertices) const;
+
+    /// Drops corners that repeat an earlier one, by index or position. When three or four are left
+    /// the face becomes that triangle or quad: true. Otherwise it stays as it was: false.
+    bool Repair(int vertexCount, const GK_3fPoint* vertices);
+
+    friend bool operator==(const GK_MeshFace&, const GK_MeshFace&) = default;
+};
+
+/// A look at one polygon of a mesh: its mesh vertices in order, and the indices of the mesh faces
+/// that together cover it. Valid until its list changes.
+struct GK_MeshNgon
+{
+    std::span<int> vi;
+    std::span<int> fi;
+};
+
+/// The polygons of a mesh, kept end to end in one block.
+class GK_MeshNgonList
+{
+public:
+    [[nodiscard]] int Count() const { return m_ngons.Count(); }
+
+    /// Adds a polygon of `vertexCount` vertices (3 or more) and `vertexCount` - 2 faces, all
+    /// indices -1 until they are set through the result.
+    GK_MeshNgon AddNgon(int vertexCount);
+
+    /// The polygon at `index`, which must be one of the list's.
+    [[nodiscard]] GK_MeshNgon Ngon(int index);
+    [[nodiscard]] GK_MeshNgon Ngon(int index) const;
+
+    /// Makes a polygon's face list shorter by keeping its first `count` entries.
+    void SetFaceCount(int index, int count) { m_ngons[index].faceCount = count; }
+
+    /// Takes out the polygons without faces and keeps the order of the others.
+    void RemoveEmpty();
+
+    void Reverse();
+
+private:
+    struct Place
+    {
+        int first;
+        int vertexCount;
+        int faceCount;
+    };
+
+    GK_SimpleArray<Place> m_ngons;
+    GK_SimpleArray<int> m_indices;
+};
+
+/// Which mesh vertices stand at the same place: those with equal single-precision positions are one
+/// topological vertex. Topological vertices are numbered by their lowest mesh vertex.
+class GK_MeshTopology
+{
+public:
+    explicit GK_MeshTopology(std::span<const GK_3fPoint> vertices);
+
+    [[nodiscard]] int VertexCount() const { return m_first.Count() - 1; }
+
+    /// The topological vertex of a mesh vertex.
+    [[nodiscard]] int TopologicalVertex(int meshVertex) const { return m_vertexMap[meshVertex]; }
+
+    /// The mesh vertices of a topological vertex, ascending.
+    [[nodiscard]] std::span<const int> MeshVertices(int topologicalVertex) const;
+
+private:
+    GK_SimpleArray<int> m_vertexMap;
+    GK_SimpleArray<int> m_first;
+    GK_SimpleArray<int> m_members;
+};
+
+/// A polygon mesh. The per-vertex lists (normals, texture coordinates, surface parameters, colours)
+/// are either empty or as long as the vertex list once the mesh is complete; while it is being made
+/// they may be shorter.
+class GK_Mesh : public GK_Geometry
+{
+public:
+    GK_SimpleArray<GK_3fPoint> vertices;
+    GK_SimpleArray<GK_3fVector> normals;
+    GK_SimpleArray<GK_2fPoint> textureCoordinates;
+    GK_SimpleArray<GK_2dPoint> surfaceParameters;
+    GK_SimpleArray<GK_Color> colors;
+    GK_SimpleArray<GK_MeshFace> faces;
+
+    [[nodiscard]] int VertexCount() const { return vertices.Count(); }
+    [[nodiscard]] int FaceCount() const { return faces.Count(); }
+    [[nodiscard]] bool HasVertexNormals() const;
+
+    /// The double-precision vertices, which the mesh holds on to. While they are not marked valid
+    /// they are whatever the maker of the mesh has put there.
+    [[nodiscard]] GK_SimpleArray<GK_3dPoint>& DoublePrecisionVertices() { return m_dVertices; }
+    [[nodiscard]] const GK_SimpleArray<GK_3dPoint>& DoublePrecisionVertices() const
+    {
+        return m_dVertices;
+    }
+
+    /// Makes the single-precision vertices anew from the double-precision ones.
+    void UpdateSinglePrecisionVertices();
+
+    void SetDoublePrecisionVerticesAsValid() { m_dVerticesValid = true; }
+    [[nodiscard]] bool DoublePrecisionVerticesAreValid() const { return m_dVerticesValid; }
+
+    /// The list of polygons, made when there is none yet; null when none can be had.
+    [[nodiscard]] GK_MeshNgonList* ModifyNgonList();
+
+    /// The list of polygons, or null when the mesh never had one.
+    [[nodiscard]] const GK_MeshNgonList* NgonList() const { return m_ngons.get(); }
+
+    /// Domains of the surface parameters and of the packed textures, direction 0 or 1.
+    void SetSurfaceParameterDomain(int direction, const GK_Interval& domain);
+    void SetPackedTextureDomain(int direction, const GK_Interval& domain);
+    [[nodiscard]] const GK_Interval& SurfaceParameterDomain(int direction) const;
+    [[nodiscard]] const GK_Interval& PackedTextureDomain(int direction) const;
+
+    /// Removes faces that are not valid, polygons left without a face, and vertices that no face
+    /// and no polygon names. The per-vertex lists stay in step; a colour list whose length differs
+    /// from the vertex count is dropped.
+    void Compact();
+
+    /// The topology of the vertices as they are now. It is kept until a member operation changes
+    /// the vertices.
+    [[nodiscard]] const GK_MeshTopology& Topology() const;
+
+    /// Gives every vertex the sum, made unit, of the unit normals of the faces that use it; (0, 0,
+    /// 1) where that is zero. A face without area adds nothing.
+    void ComputeVertexNormals();
+
+    /// At least one face, and every edge between topological vertices belongs to two faces exactly.
+    [[nodiscard]] bool IsClosed() const;
+
+    /// The signed volume about a point: positive when a closed mesh faces outward. No estimate of
+    /// the error is made, so the second argument must be null.
+    [[nodiscard]] double Volume(const GK_3dPoint& basePoint, double* errorEstimate) const;
+
+    /// Reverses every face and polygon and negates the normals.
+    void Flip();
+
+    /// Moves the vertices, single and double precision, and turns the normals along.
+    void Transform(const GK_Xform& xform);
+
+private:
+    GK_SimpleArray<GK_3dPoint> m_dVertices;
+    bool m_dVerticesValid = false;
+    std::unique_ptr<GK_MeshNgonList> m_ngons;
+    std::array<GK_Interval, 2> m_surfaceParameterDomain;
+    std::array<GK_Interval, 2> m_packedTextureDomain;
+    mutable std::unique_ptr<GK_MeshTopology> m_topology;
+};

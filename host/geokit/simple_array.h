@@ -1,0 +1,153 @@
+#pragma once
+
+#include "host/geokit/allocation.h"
+
+#include <algorithm>
+#include <cstring>
+#include <initializer_list>
+#include <limits>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+/// A growable array of plain values, kept in one block of the kernel's allocator. Elements are
+/// moved as bytes when the array grows. Growing throws std::bad_alloc when there is no memory, or
+/// when more elements than an int can count would be needed, and then leaves the array unchanged.
+template <class T>
+class GK_SimpleArray
+{
+    static_assert(std::is_trivially_copyable_v<T>);
+
+public:
+    GK_SimpleArray() = default;
+
+    GK_SimpleArray(std::initializer_list<T> values)
+    {
+        Reserve(static_cast<int>(values.size()));
+        for (const T& value : values)
+            Append(value);
+    }
+
+    GK_SimpleArray(const GK_SimpleArray& other) { Append(other.m_count, other.m_elements); }
+
+    GK_SimpleArray(GK_SimpleArray&& other) noexcept { Swap(other); }
+
+    GK_SimpleArray& operator=(GK_SimpleArray other) noexcept
+    {
+        Swap(other);
+        return *this;
+    }
+
+    ~GK_SimpleArray() { GK_Free(m_elements); }
+
+    void Swap(GK_SimpleArray& other) noexcept
+    {
+        std::swap(m_elements, other.m_elements);
+        std::swap(m_count, other.m_count);
+        std::swap(m_capacity, other.m_capacity);
+    }
+
+    [[nodiscard]] int Count() const { return m_count; }
+    [[nodiscard]] int Capacity() const { return m_capacity; }
+    [[nodiscard]] bool IsEmpty() const { return m_count == 0; }
+
+    /// The first element's address; null while nothing was ever reserved.
+    [[nodiscard]] T* Array() { return m_elements; }
+    [[nodiscard]] const T* Array() const { return m_elements; }
+
+    T& operator[](int index) { return m_elements[index]; }
+    const T& operator[](int index) const { return m_elements[index]; }
+
+    /// The last element, or null when there is none.
+    [[nodiscard]] T* Last() { return m_count > 0 ? m_elements + m_count - 1 : nullptr; }
+    [[nodiscard]] const T* Last() const { return m_count > 0 ? m_elements + m_count - 1 : nullptr; }
+
+    void Append(T value)
+    {
+        if (m_count == m_capacity)
+            Grow();
+        ::new (static_cast<void*>(m_elements + m_count)) T(value);
+        ++m_count;
+    }
+
+    /// Appends `count` values, which must not lie in this array.
+    void Append(int count, const T* values)
+    {
+        if (count <= 0)
+            return;
+        if (count > std::numeric_limits<int>::max() - m_count)
+            throw std::bad_alloc();
+        if (m_count + count > m_capacity)
+            Reallocate(std::max(GrownCapacity(), m_count + count));
+        std::memcpy(static_cast<void*>(m_elements + m_count), values,
+                    sizeof(T) * static_cast<std::size_t>(count));
+        m_count += count;
+    }
+
+    /// Makes room for `capacity` elements in all; never shrinks.
+    void Reserve(int capacity)
+    {
+        if (capacity > m_capacity)
+            Reallocate(capacity);
+    }
+
+    /// Changes the count. Elements that come in are value-initialised.
+    void SetCount(int count)
+    {
+        Reserve(count);
+        for (int i = m_count; i < count; ++i)
+            ::new (static_cast<void*>(m_elements + i)) T();
+        m_count = count;
+    }
+
+    /// Gives back the room that no element uses.
+    void Shrink()
+    {
+        if (m_count == 0)
+            Destroy();
+        else if (m_count < m_capacity)
+            Reallocate(m_count);
+    }
+
+    /// Forgets the elements and keeps the room.
+    void Empty() { m_count = 0; }
+
+    /// Forgets the elements and gives the room back.
+    void Destroy()
+    {
+        GK_Free(m_elements);
+        m_elements = nullptr;
+        m_count = m_capacity = 0;
+    }
+
+    T* begin() { return m_elements; }
+    T* end() { return m_elements + m_count; }
+    const T* begin() const { return m_elements; }
+    const T* end() const { return m_elements + m_count; }
+
+private:
+    [[nodiscard]] int GrownCapacity() const
+    {
+        constexpr int Smallest = 16;
+        constexpr int Largest = std::numeric_limits<int>::max();
+        return m_capacity > Largest / 2 ? Largest : std::max(Smallest, m_capacity * 2);
+    }
+
+    void Grow()
+    {
+        if (m_capacity == std::numeric_limits<int>::max())
+            throw std::bad_alloc();
+        Reallocate(GrownCapacity());
+    }
+
+    void Reallocate(int capacity)
+    {
+        m_elements = static_cast<T*>(
+            GK_Reallocate(m_elements, sizeof(T) * static_cast<std::size_t>(capacity)));
+        m_capacity = capacity;
+    }
+
+    T* m_elements = nullptr;
+    int m_count = 0;
+    int m_capacity = 0;
+};

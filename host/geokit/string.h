@@ -1,0 +1,91 @@
+#pragma once
+
+#include <compare>
+#include <string>
+#include <string_view>
+
+/// An 8-bit string: names as they stand in a file.
+class GK_String
+{
+public:
+    GK_String() = default;
+    GK_String(const char* text) : m_text(text != nullptr ? text : "") {} // NOLINT(*-explicit-*)
+    explicit GK_String(std::string_view text) : m_text(text) {}
+
+    [[nodiscard]] int Length() const { return static_cast<int>(m_text.size()); }
+    [[nodiscard]] bool IsEmpty() const { return m_text.empty(); }
+
+    /// The zero-terminated text, valid until the string changes.
+    [[nodiscard]] const char* Array() const { return m_text.c_str(); }
+    [[nodiscard]] std::string_view View() const { return m_text; }
+
+    /// Forgets the text and keeps the room.
+    void Empty() { m_text.clear(); }
+
+    GK_String& operator+=(std::string_view text)
+    {
+        m_text += text;
+        return *this;
+    }
+
+    /// Less than, equal to or greater than 0, taking ASCII letters without regard to case.
+    [[nodiscard]] int CompareNoCase(const char* other) const;
+
+    /// Byte by byte, by unsigned byte value; an empty string comes before any other.
+    friend bool operator==(const GK_String& a, const GK_String& b) = default;
+
+    friend std::strong_ordering operator<=>(const GK_String& a, const GK_String& b)
+    {
+        return a.m_text.compare(b.m_text) <=> 0;
+    }
+
+private:
+    std::string m_text;
+};
+
+/// A wide string: texts shown to the user, file paths, names in a document. On the product's
+/// platform it holds UTF-16, elsewhere UTF-32, as the platform's wide character does.
+class GK_wString
+{
+public:
+    GK_wString() = default;
+    GK_wString(const wchar_t* text)
+        : m_text(text != nullptr ? text : L"") {} // NOLINT(*-explicit-*)
+    explicit GK_wString(std::wstring text) : m_text(std::move(text)) {}
+
+    /// Converts from UTF-8; each byte that is no part of a well-formed sequence becomes U+FFFD.
+    explicit GK_wString(std::string_view utf8);
+    explicit GK_wString(const GK_String& utf8) : GK_wString(utf8.View()) {}
+
+    [[nodiscard]] int Length() const { return static_cast<int>(m_text.size()); }
+    [[nodiscard]] bool IsEmpty() const { return m_text.empty(); }
+
+    /// The zero-terminated text, valid until the string changes.
+    [[nodiscard]] const wchar_t* Array() const { return m_text.c_str(); }
+    [[nodiscard]] std::wstring_view View() const { return m_text; }
+
+    /// The text as UTF-8; an unpaired surrogate becomes U+FFFD.
+    [[nodiscard]] std::string Utf8() const;
+
+    void Empty() { m_text.clear(); }
+
+    GK_wString& operator+=(std::wstring_view text)
+    {
+        m_text += text;
+        return *this;
+    }
+
+    /// Position of the last such character, or -1.
+    [[nodiscard]] int ReverseFind(wchar_t character) const;
+
+    /// The first `count` characters; empty for a count of 0 or less.
+    [[nodiscard]] GK_wString Left(int count) const;
+
+    /// Puts `to` in place of every `from`; gives how many there were.
+    int Replace(wchar_t from, wchar_t to);
+
+    friend bool operator==(const GK_wString& a, const GK_wString& b) = default;
+
+private:
+    std::wstring m_text;
+};

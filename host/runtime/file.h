@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+
+/// Opens a file by its wide path, in any Unicode text. Off Windows '\' counts as '/', and a name
+/// that is not found as written is looked for without regard to case. A folder is never opened.
+/// Null when the file cannot be opened; the caller closes what it gets. Text modes translate
+/// nothing: bytes come as they stand in the file.
+#ifdef _WIN32
+#include <cwchar>
+#else
+std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode); // NOLINT(*-reserved-identifier)
+#endif

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+/// The parts of a path, as the product's platform splits it; end to end they are the path again.
+struct PathParts
+{
+    std::wstring_view drive; ///< a letter and its colon
+    std::wstring_view dir;   ///< the folder with its final slash, either '/' or '\'
+    std::wstring_view fname; ///< the file's name without its extension
+    std::wstring_view ext;   ///< from the last '.' of the name on
+};
+
+/// Splits a path by the rules of `_wsplitpath`, without its limits on length. The parts are looks
+/// into `path`.
+PathParts SplitPath(std::wstring_view path);
