@@ -1,0 +1,44 @@
+#include "host/geokit/point.h"
+
+#include <cmath>
+
+double GK_3dVector::Length() const
+{
+    return std::hypot(x, y, z);
+}
+
+double GK_3dPoint::DistanceTo(const GK_3dPoint& other) const
+{
+    return (other - *this).Length();
+}
+
+namespace {
+
+double SquaredLength(const GK_3fVector& vector)
+{
+    const double x = vector.x;
+    const double y = vector.y;
+    const double z = vector.z;
+    return x * x + y * y + z * z;
+}
+
+} // namespace
+
+bool GK_3fVector::IsUnitVector() const
+{
+    // Each coordinate is off by half a unit of 2^-24 at most, so the square by a few of them.
+    constexpr double Tolerance = 4.0 / (1 << 24);
+    return std::abs(SquaredLength(*this) - 1.0) <= Tolerance;
+}
+
+bool GK_3fVector::Unitize()
+{
+    const double squared = SquaredLength(*this);
+    if (!(squared > 0.0) || !std::isfinite(squared))
+        return false;
+    const double scale = 1.0 / std::sqrt(squared);
+    x = static_cast<float>(x * scale);
+    y = static_cast<float>(y * scale);
+    z = static_cast<float>(z * scale);
+    return true;
+}
