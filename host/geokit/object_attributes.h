@@ -26,7 +26,7 @@ public:
     /// Back to the defaults: layer 0, no name, no groups, no material of its own.
     void Default();
 
-    void RemoveFromAllGroups() { m_groups.Empty(); }
+    void RemoveFromAllGroups();
 
     /// Adds the object to a group once; a second time changes nothing.
     void AddToGroup(int groupIndex);
@@ -37,7 +37,13 @@ public:
     void SetMaterialSource(GK::object_material_source source) { m_materialSource = source; }
     [[nodiscard]] GK::object_material_source MaterialSource() const { return m_materialSource; }
 
+    friend bool operator==(const GK_MdxObjectAttributes& a, const GK_MdxObjectAttributes& b);
+
 private:
+    [[nodiscard]] bool IsInGroup(int groupIndex) const;
+    void IndexGroups(int capacity);
+
     GK_SimpleArray<int> m_groups;
+    GK_SimpleArray<int> m_groupIndex; ///< hash table of m_groups; empty while those are few
     GK::object_material_source m_materialSource = GK::material_from_layer;
 };

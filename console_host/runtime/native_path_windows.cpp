@@ -1,0 +1,23 @@
+#include "console_host/runtime/native_path.h"
+
+#include "host/geokit/string.h"
+
+std::filesystem::path NativePath(std::wstring_view path)
+{
+    return std::wstring(path);
+}
+
+std::wstring WidePath(const std::filesystem::path& path)
+{
+    return path.native();
+}
+
+std::filesystem::path PathFromUtf8(std::string_view utf8)
+{
+    return std::wstring(GK_wString(utf8).View());
+}
+
+std::string Utf8Path(const std::filesystem::path& path)
+{
+    return GK_wString(path.c_str()).Utf8();
+}
