@@ -1,0 +1,78 @@
+#pragma once
+
+#include "host/geokit/interval.h"
+#include "host/geokit/object.h"
+#include "host/geokit/point.h"
+
+#include <memory>
+#include <string>
+
+namespace GK {
+
+/// How the doubles of one control point are laid out.
+enum point_style
+{
+    not_rational = 1,      ///< the coordinates
+    euclidean_rational = 3 ///< the coordinates, not multiplied by the weight, then the weight
+};
+
+} // namespace GK
+
+/// A point and the first derivative there. Curves of dimension 2 leave z at 0.
+struct GK_CurvePoint
+{
+    GK_3dPoint point;
+    GK_3dVector derivative;
+};
+
+/// A parameterised curve in space (dimension 3) or in the parameter plane of a surface (dimension
+/// 2; u is x, v is y).
+class GK_Curve : public GK_Geometry
+{
+public:
+    /// Coordinates per point: 2 or 3.
+    [[nodiscard]] virtual int Dimension() const = 0;
+
+    /// Order minus 1.
+    [[nodiscard]] virtual int Degree() const = 0;
+
+    /// Where the curve is defined, from its start to its end. Only the domain of a trim can run
+    /// downwards. [0, 0] while the curve has no knots.
+    [[nodiscard]] virtual GK_Interval Domain() const = 0;
+
+    /// Gives the curve another domain and leaves its shape. False, and nothing changed, when the
+    /// curve cannot take it; a curve without knots never can.
+    virtual bool SetDomain(double t0, double t1) = 0;
+
+    /// The point and derivative at a parameter; outside the domain the first or last span goes on.
+    /// The curve must be valid.
+    [[nodiscard]] virtual GK_CurvePoint Evaluate(double t) const = 0;
+
+    /// Turns the curve's direction round; the domain keeps its lowest and highest value.
+    virtual void Reverse() = 0;
+
+    /// False when the curve is not sound; `reason`, unless null, then says why as a clause ("the
+    /// curve has no knots").
+    [[nodiscard]] virtual bool IsValid(std::string* reason) const = 0;
+
+    /// A deep copy.
+    [[nodiscard]] virtual std::unique_ptr<GK_Curve> Duplicate() const = 0;
+
+    [[nodiscard]] bool IsValid() const { return IsValid(nullptr); }
+    [[nodiscard]] GK_3dPoint PointAt(double t) const { return Evaluate(t).point; }
+
+    /// The point where the domain begins. The curve must be valid.
+    [[nodiscard]] GK_3dPoint PointAtStart() const { return PointAt(Domain()[0]); }
+
+    /// The point where the domain ends. The curve must be valid.
+    [[nodiscard]] GK_3dPoint PointAtEnd() const { return PointAt(Domain()[1]); }
+
+    /// The curve ends where it starts, but for rounding. The curve must be valid.
+    [[nodiscard]] bool IsClosed() const;
+
+    static GK_Curve* Cast(GK_Object* object) { return dynamic_cast<GK_Curve*>(object); }
+    static const GK_Curve* Cast(const GK_Object* object)
+    {
+        return dynamic_cast<const GK_Curve*>(object);
+    }
+};

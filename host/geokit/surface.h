@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/geokit/curve.h"
+
+/// A point of a surface and the first derivatives there.
+struct GK_SurfacePoint
+{
+    GK_3dPoint point;
+    GK_3dVector du;
+    GK_3dVector dv;
+};
+
+/// A parameterised surface in space. Direction 0 is u, direction 1 is v.
+class GK_Surface : public GK_Geometry
+{
+public:
+    /// Order minus 1.
+    [[nodiscard]] virtual int Degree(int direction) const = 0;
+
+    /// Where the surface is defined; [0, 0] while it has no knots in the direction.
+    [[nodiscard]] virtual GK_Interval Domain(int direction) const = 0;
+
+    /// Gives the surface another domain and leaves its shape. False, and nothing changed, when the
+    /// surface cannot take it; a surface without knots in the direction never can.
+    virtual bool SetDomain(int direction, double t0, double t1) = 0;
+
+    /// The point and derivatives at a place of the parameter plane; outside the domain the first
+    /// or last span goes on. The surface must be valid.
+    [[nodiscard]] virtual GK_SurfacePoint Evaluate(double u, double v) const = 0;
+
+    /// The curve along `direction` on which the other parameter is `parameter`, over the domain of
+    /// `direction`. The surface must be valid.
+    [[nodiscard]] virtual std::unique_ptr<GK_Curve> IsoCurve(int direction,
+                                                             double parameter) const = 0;
+
+    /// False when the surface is not sound; `reason`, unless null, then says why as a clause.
+    [[nodiscard]] virtual bool IsValid(std::string* reason) const = 0;
+
+    [[nodiscard]] bool IsValid() const { return IsValid(nullptr); }
+    [[nodiscard]] GK_3dPoint PointAt(double u, double v) const { return Evaluate(u, v).point; }
+
+    static GK_Surface* Cast(GK_Object* object) { return dynamic_cast<GK_Surface*>(object); }
+    static const GK_Surface* Cast(const GK_Object* object)
+    {
+        return dynamic_cast<const GK_Surface*>(object);
+    }
+};

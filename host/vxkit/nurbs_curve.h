@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/geokit/nurbs_curve.h"
+
+/// The toolkit's B-spline curve. Copies are deep.
+class VX_NurbsCurve : public GK_NurbsCurve
+{
+public:
+    [[nodiscard]] std::unique_ptr<GK_Curve> Duplicate() const override;
+
+    static VX_NurbsCurve* Cast(GK_Object* object) { return dynamic_cast<VX_NurbsCurve*>(object); }
+    static const VX_NurbsCurve* Cast(const GK_Object* object)
+    {
+        return dynamic_cast<const VX_NurbsCurve*>(object);
+    }
+};
