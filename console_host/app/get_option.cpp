@@ -1,0 +1,64 @@
+#include "host/app/get_option.h"
+
+#include "console_host/app/option_prompt.h"
+
+#include "host/app/localize.h"
+
+CKelvoCommandOptionName KvLocalizeCommandOptionName(const wchar_t* text, int id)
+{
+    return {{text, KvLocalizeString(text, id)}};
+}
+
+CKelvoCommandOptionValue KvLocalizeCommandOptionValue(const wchar_t* text, int id)
+{
+    return {{text, KvLocalizeString(text, id)}};
+}
+
+CKelvoGetOption::CKelvoGetOption() : m_prompt(std::make_unique<COptionPrompt>()) {}
+
+CKelvoGetOption::~CKelvoGetOption() = default;
+
+void CKelvoGetOption::SetCommandPrompt(const wchar_t* prompt)
+{
+    m_prompt->text = prompt;
+}
+
+void CKelvoGetOption::AcceptNothing(bool accept)
+{
+    m_prompt->acceptNothing = accept;
+}
+
+void CKelvoGetOption::ClearCommandOptions()
+{
+    m_prompt->items.clear();
+    m_prompt->chosen.reset();
+}
+
+int CKelvoGetOption::AddCommandOptionList(const CKelvoCommandOptionName& name, int count,
+                                          const CKelvoCommandOptionValue* values, int current)
+{
+    COptionPrompt::Item item{name, {}, current, nullptr};
+    for (int i = 0; i < count; ++i)
+        item.values.push_back(values[i]);
+    m_prompt->items.push_back(std::move(item));
+    return static_cast<int>(m_prompt->items.size());
+}
+
+int CKelvoGetOption::AddCommandOptionToggle(const CKelvoCommandOptionName& name,
+                                            const CKelvoCommandOptionValue& offValue,
+                                            const CKelvoCommandOptionValue& onValue, bool current,
+                                            bool* value)
+{
+    m_prompt->items.push_back({name, {offValue, onValue}, current ? 1 : 0, value});
+    return static_cast<int>(m_prompt->items.size());
+}
+
+int CKelvoGetOption::GetOption()
+{
+    return m_prompt->Ask();
+}
+
+const CKelvoCommandOption* CKelvoGetOption::Option() const
+{
+    return m_prompt->chosen ? &*m_prompt->chosen : nullptr;
+}

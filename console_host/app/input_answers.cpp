@@ -1,0 +1,66 @@
+#include "console_host/app/input_answers.h"
+
+#include "host/geokit/string.h"
+
+namespace {
+
+constexpr std::size_t LineLimit = 4096;
+
+} // namespace
+
+CInputAnswers::CInputAnswers(std::FILE* input, std::FILE* output, bool showQuestions)
+    : m_nextByte(MakeByteReader(input)), m_output(output), m_showQuestions(showQuestions)
+{
+}
+
+std::optional<std::wstring> CInputAnswers::Answer(const std::wstring& question, bool)
+{
+    std::string line;
+    for (;;) {
+        if (m_showQuestions)
+            Show(question);
+        switch (ReadLine(line)) {
+        case LineResult::Complete:
+            return std::wstring(GK_wString(std::string_view(line)).View());
+        case LineResult::TooLong:
+            Note(L"That line is too long and was not taken.");
+            break;
+        case LineResult::End:
+            if (m_showQuestions)
+                Show(L"\n");
+            return std::nullopt;
+        }
+    }
+}
+
+CInputAnswers::LineResult CInputAnswers::ReadLine(std::string& line)
+{
+    line.clear();
+    bool tooLong = false;
+    int byte = m_nextByte();
+    if (byte == EOF)
+        return LineResult::End;
+    for (; byte != EOF && byte != '\n'; byte = m_nextByte()) {
+        tooLong = tooLong || line.size() == LineLimit;
+        if (!tooLong)
+            line += static_cast<char>(byte);
+    }
+    return tooLong ? LineResult::TooLong : LineResult::Complete;
+}
+
+void CInputAnswers::Note(const std::wstring& text)
+{
+    Show(text + L"\n");
+}
+
+void CInputAnswers::Show(const std::wstring& text)
+{
+    const std::string utf8 = GK_wString(text).Utf8();
+    std::fwrite(utf8.data(), 1, utf8.size(), m_output);
+    std::fflush(m_output);
+}
+
+std::unique_ptr<CAnswerSource> MakeStandardInputAnswers()
+{
+    return std::make_unique<CInputAnswers>(stdin, stderr, IsTerminal(stdin));
+}
