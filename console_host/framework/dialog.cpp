@@ -1,0 +1,133 @@
+#include "host/framework/dialog.h"
+
+#include "console_host/framework/dialog_state.h"
+#include "console_host/framework/native_dialog.h"
+
+#include <vector>
+
+DialogState& Dialogs()
+{
+    static DialogState state;
+    return state;
+}
+
+/// One showing of a dialog.
+class CDialog::Session final : public NativeDialogOwner
+{
+public:
+    explicit Session(CDialog& dialog) : m_dialog(dialog) { dialog.m_session = this; }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session() override
+    {
+        for (CWnd* object : m_attached)
+            object->Attach(nullptr);
+        m_dialog.m_session = nullptr;
+    }
+
+    int Run()
+    {
+        if (const CModuleState* module = CModuleState::Current())
+            m_native = MakeNativeDialog(*module, m_dialog.m_templateId, *this);
+        if (m_native == nullptr)
+            return DialogNotShown;
+        const int result = m_native->Run();
+        if (m_open)
+            --Dialogs().open;
+        return m_open ? result : DialogNotShown;
+    }
+
+    void OnOpen() override
+    {
+        m_open = true;
+        ++Dialogs().open;
+        ++Dialogs().shown;
+        m_dialog.OnInitDialog();
+    }
+
+    void OnMessage(WindowMessage message, int controlId) override
+    {
+        if (m_dialog.Dispatch(message, controlId) || message != WindowMessage::Click)
+            return;
+        if (controlId == DialogOK)
+            m_dialog.OnOK();
+        else if (controlId == DialogCancel)
+            m_dialog.OnCancel();
+    }
+
+    NativeControl* Find(int controlId) { return m_native->Find(controlId); }
+    void End(int result) { m_native->End(result); }
+
+    void Attach(int controlId, CWnd& object)
+    {
+        object.Attach(Find(controlId));
+        m_attached.push_back(&object);
+    }
+
+private:
+    CDialog& m_dialog;
+    std::unique_ptr<NativeDialog> m_native;
+    std::vector<CWnd*> m_attached;
+    bool m_open = false;
+};
+
+CDialog::CDialog(int templateId, CWnd* parent) : m_templateId(templateId), m_parent(parent) {}
+
+int CDialog::DoModal()
+{
+    Session session(*this);
+    const int result = session.Run();
+    if (result == DialogNotShown)
+        ++Dialogs().notShown;
+    return result;
+}
+
+void CDialog::DoDataExchange(CDataExchange&) {}
+
+bool CDialog::OnInitDialog()
+{
+    UpdateData(false);
+    return true;
+}
+
+void CDialog::OnOK()
+{
+    UpdateData(true);
+    EndDialog(DialogOK);
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(DialogCancel);
+}
+
+void CDialog::UpdateData(bool save)
+{
+    if (m_session == nullptr)
+        return;
+    CDataExchange exchange(*this, save);
+    DoDataExchange(exchange);
+}
+
+void CDialog::EndDialog(int result)
+{
+    if (m_session != nullptr)
+        m_session->End(result);
+}
+
+void CDataExchange::Control(int controlId, CWnd& object)
+{
+    if (!m_save)
+        m_dialog.m_session->Attach(controlId, object);
+}
+
+void CDataExchange::Check(int controlId, int& value)
+{
+    NativeControl* control = m_dialog.m_session->Find(controlId);
+    if (control == nullptr)
+        return;
+    if (m_save)
+        value = control->Checked() ? 1 : 0;
+    else
+        control->SetChecked(value != 0);
+}

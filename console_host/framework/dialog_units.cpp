@@ -1,0 +1,63 @@
+#include "console_host/framework/dialog_units.h"
+
+#include "host/geokit/string.h"
+
+#include <FL/Fl.H>
+#include <FL/fl_draw.H>
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+constexpr double PointsPerInch = 72.0;
+constexpr int SmallestFontSize = 11;
+
+int FontSizeInPixels(int pointSize)
+{
+    float horizontal = 0.0F;
+    float vertical = 0.0F;
+    Fl::screen_dpi(horizontal, vertical);
+    const double size = pointSize * static_cast<double>(vertical) / PointsPerInch;
+    return std::max(SmallestFontSize, static_cast<int>(std::lround(size)));
+}
+
+double AverageCharacterWidth()
+{
+    const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    return fl_width(letters.c_str()) / static_cast<double>(letters.size());
+}
+
+} // namespace
+
+DialogUnits::DialogUnits(const DialogTemplate& dialog)
+    : m_fontSize(FontSizeInPixels(dialog.pointSize))
+{
+    fl_font(FL_HELVETICA, m_fontSize);
+    m_unitWidth = AverageCharacterWidth() / 4.0;
+    m_unitHeight = fl_height() / 8.0;
+    for (const DialogControl& control : dialog.controls)
+        MakeRoomFor(control);
+}
+
+void DialogUnits::MakeRoomFor(const DialogControl& control)
+{
+    const std::string text = GK_wString(control.text).Utf8();
+    const bool hasMark = control.kind == DialogControlKind::CheckBox ||
+                         control.kind == DialogControlKind::RadioButton;
+    const double margin = hasMark ? 2.0 * m_fontSize : 4.0;
+    const double needed = fl_width(text.c_str()) + margin;
+    if (!text.empty() && control.place.width > 0)
+        m_unitWidth = std::max(m_unitWidth, needed / control.place.width);
+}
+
+DialogRect DialogUnits::Pixels(const DialogRect& rect) const
+{
+    const auto across = [this](int units) {
+        return static_cast<int>(std::lround(units * m_unitWidth));
+    };
+    const auto down = [this](int units) {
+        return static_cast<int>(std::lround(units * m_unitHeight));
+    };
+    return {across(rect.x), down(rect.y), across(rect.width), down(rect.height)};
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/framework/cmd_target.h"
+#include "host/framework/module_state.h"
+
+#include <memory>
+
+/// A control of a shown dialog, as the platform's window system has it.
+class NativeControl
+{
+public:
+    NativeControl() = default;
+    NativeControl(const NativeControl&) = delete;
+    NativeControl& operator=(const NativeControl&) = delete;
+    virtual ~NativeControl() = default;
+
+    [[nodiscard]] virtual bool Checked() const = 0;
+    virtual void SetChecked(bool checked) = 0;
+    [[nodiscard]] virtual bool Enabled() const = 0;
+    virtual void SetEnabled(bool enabled) = 0;
+};
+
+/// Whoever hears of what happens in a native dialog.
+class NativeDialogOwner
+{
+public:
+    NativeDialogOwner() = default;
+    NativeDialogOwner(const NativeDialogOwner&) = delete;
+    NativeDialogOwner& operator=(const NativeDialogOwner&) = delete;
+    virtual ~NativeDialogOwner() = default;
+
+    /// The controls are there, the dialog is not yet visible.
+    virtual void OnOpen() = 0;
+    virtual void OnMessage(WindowMessage message, int controlId) = 0;
+};
+
+/// A modal dialog of the platform's window system.
+class NativeDialog
+{
+public:
+    NativeDialog() = default;
+    NativeDialog(const NativeDialog&) = delete;
+    NativeDialog& operator=(const NativeDialog&) = delete;
+    virtual ~NativeDialog() = default;
+
+    /// Shows the dialog and waits for its end. The result given to End, or DialogNotShown.
+    virtual int Run() = 0;
+
+    /// The control of that id, or null; the dialog owns it. From OnOpen on.
+    virtual NativeControl* Find(int controlId) = 0;
+
+    /// Closes the dialog: Run returns the result.
+    virtual void End(int result) = 0;
+};
+
+/// Makes a dialog from a module's template. Null when the module has no such template or no window
+/// can be shown. `owner` must outlive the dialog.
+std::unique_ptr<NativeDialog> MakeNativeDialog(const CModuleState& module, int templateId,
+                                               NativeDialogOwner& owner);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+/// Windows of the host's own, each shown until the user closes it.
+
+/// Whether a window can be shown at all: false off Windows without a display.
+bool CanShowWindows();
+
+/// A message with an OK button. `flags` are those of KelvoMessageBox.
+void ShowMessageWindow(std::wstring_view text, std::wstring_view caption, unsigned int flags);
+
+/// A longer text that can be scrolled.
+void ShowTextWindow(std::wstring_view text, std::wstring_view caption);
