@@ -1,0 +1,34 @@
+#include "geometry/normal_repair.h"
+#include "objreader/read_obj.h"
+
+namespace
+{
+
+/// Empties a per-vertex list that has not one entry for each vertex.
+template <class T>
+void DropUnlessComplete(GK_SimpleArray<T>& list, int vertexCount)
+{
+    if (list.Count() != vertexCount)
+        list.Destroy();
+}
+
+} // namespace
+
+bool CReadOBJ::FinishMesh(GK_Mesh* mesh) const
+{
+    if (mesh == nullptr)
+        return false;
+    DropUnlessComplete(mesh->textureCoordinates, mesh->VertexCount());
+    DropUnlessComplete(mesh->surfaceParameters, mesh->VertexCount());
+    DropUnlessComplete(mesh->normals, mesh->VertexCount());
+    mesh->Compact();
+    if (mesh->FaceCount() == 0 || mesh->VertexCount() == 0)
+        return false;
+
+    RepairNormals(*mesh);
+    if (!mesh->HasVertexNormals() || ImportAsMorphTarget)
+        mesh->ComputeVertexNormals();
+    if (mesh->IsClosed() && mesh->Volume(GK_origin, nullptr) < 0.0)
+        mesh->Flip();
+    return true;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+/// One corner of a face. Indices are 0-based; -1 is none.
+struct V_TN_IDX
+{
+    int mesh_vi = -1; ///< vertex of the mesh that is made for the corner
+    int vi = -1;      ///< into the file's positions
+    int ti = -1;      ///< into the file's texture coordinates
+    int ni = -1;      ///< into the file's normals
+
+    friend bool operator==(const V_TN_IDX&, const V_TN_IDX&) = default;
+};
+
+/// The one order of corners: by position, then normal, then texture coordinate. Less than, equal to
+/// or greater than 0; the mesh vertex takes no part.
+inline int CompareCorners(const V_TN_IDX& a, const V_TN_IDX& b)
+{
+    const auto order = [](int x, int y) { return (x > y) - (x < y); };
+    if (a.vi != b.vi)
+        return order(a.vi, b.vi);
+    return a.ni != b.ni ? order(a.ni, b.ni) : order(a.ti, b.ti);
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "host/geokit/simple_array.h"
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+
+/// Reads a text file one logical line at a time and cuts the line into tokens.
+///
+/// - A '#' that is the very first byte of a physical line makes that line a comment.
+/// - A backslash that ends a line, or stands before a byte that is not printable ASCII, joins the
+///   next physical line to this one.
+/// - Once a logical line holds a backslash before a printable byte, as in a path, spaces in the rest
+///   of it no longer separate tokens.
+///
+/// LF, CR, CR LF and a zero byte each end a physical line. Lines and tokens may have any length.
+class CObjLineTokenizer
+{
+public:
+    /// Bytes asked of the stream at a time.
+    static constexpr std::size_t DefaultBlockSize = 256 * 1024;
+
+    /// Readable bytes behind every token's terminating zero, so that numbers may be read eight
+    /// bytes at a time.
+    static constexpr std::size_t Padding = 64;
+
+    /// Opens a file; one that cannot be opened leaves the tokenizer without a stream.
+    explicit CObjLineTokenizer(const wchar_t* path);
+
+    /// Takes over an open stream, or null.
+    explicit CObjLineTokenizer(std::FILE* stream, std::size_t blockSize = DefaultBlockSize);
+
+    CObjLineTokenizer(const CObjLineTokenizer&) = delete;
+    CObjLineTokenizer& operator=(const CObjLineTokenizer&) = delete;
+    ~CObjLineTokenizer();
+
+    /// Reads the next logical line. False only without a stream. The line that meets the end of the
+    /// file is still to be handled; after it nothing changes any more.
+    bool ReadLine();
+
+    /// The end of the file was met.
+    [[nodiscard]] bool AtEnd() const { return m_atEnd; }
+
+    /// Reading broke off with an error of the stream, which counts as the end of the file.
+    [[nodiscard]] bool ReadFailed() const { return m_readFailed; }
+
+    [[nodiscard]] int TokenCount() const { return m_tokens.Count(); }
+
+    /// A token of the current line: not empty, zero-terminated, valid until the next ReadLine. Null
+    /// when there is no such token.
+    [[nodiscard]] const char* Token(int index) const
+    {
+        return index >= 0 && index < m_tokens.Count() ? m_tokens[index] : nullptr;
+    }
+
+private:
+    struct CloseFile
+    {
+        void operator()(std::FILE* stream) const { std::fclose(stream); }
+    };
+
+    /// Where the cutting of a logical line stands that needs more than plain cutting.
+    struct CutState
+    {
+        bool insideToken = false;
+        bool pathMode = false;
+        bool continued = false;
+    };
+
+    void CutLine();
+    char* CutPlainBytes(bool& insideToken);
+    void CutByRules(char* bytes, CutState state);
+    void CutByte(char* byte, CutState& state);
+    void SkipComment();
+    void EndPhysicalLine(char* end);
+
+    char* Refill(char* keepFrom);
+    void MoveToFront(char* keepFrom);
+    void ReadBlock();
+    [[nodiscard]] bool FindCompleteLines();
+
+    std::unique_ptr<std::FILE, CloseFile> m_stream;
+    std::size_t m_blockSize;
+    GK_SimpleArray<const char*> m_tokens;
+    std::unique_ptr<char[]> m_buffer;
+    std::size_t m_capacity = 0;
+    char* m_cursor = nullptr;      ///< start of the next physical line
+    char* m_dataEnd = nullptr;     ///< behind the last byte read
+    char* m_completeEnd = nullptr; ///< behind the last line end among the bytes read
+    bool m_skipLineFeed = false;   ///< the last byte read was a CR that ended a line
+    bool m_streamEnded = false;
+    bool m_readFailed = false;
+    bool m_atEnd = false;
+};

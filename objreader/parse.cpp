@@ -1,0 +1,105 @@
+#include "objreader/read_obj.h"
+
+#include "host/app/app.h"
+#include "host/app/localize.h"
+#include "host/framework/wait_cursor.h"
+
+#include <array>
+#include <string_view>
+
+namespace
+{
+
+constexpr char Lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsKeyword(const char* token, std::string_view lowerCaseKeyword)
+{
+    for (const char c : lowerCaseKeyword) {
+        if (Lower(*token++) != c)
+            return false;
+    }
+    return *token == '\0';
+}
+
+/// What a handler's result false does.
+enum class OnFailure
+{
+    EndParse,
+    PrintBogusFace,
+    GoOn
+};
+
+} // namespace
+
+/// One row of the table of statements.
+struct CReadOBJ::Statement
+{
+    std::string_view keyword;
+    bool (CReadOBJ::*handler)();
+    OnFailure onFailure = OnFailure::EndParse;
+};
+
+/// The statement of a keyword, or null for one that is read over. Keywords count whole and without
+/// regard to case; those that begin with v are told apart by their second character alone.
+const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
+{
+    static constexpr Statement Vertex{"v", &CReadOBJ::ReadVertex};
+    static constexpr Statement Normal{"vn", &CReadOBJ::ReadNormal};
+    static constexpr Statement TexCoord{"vt", &CReadOBJ::ReadTexCoord};
+    static constexpr Statement ParamVertex{"vp", &CReadOBJ::ReadParamVertex};
+    static constexpr std::array Others{
+        Statement{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace},
+        Statement{"g", &CReadOBJ::ReadGroupName},
+        Statement{"group", &CReadOBJ::ReadGroupName},
+        Statement{"o", &CReadOBJ::ReadObjectName},
+        Statement{"p", &CReadOBJ::ReadPoint},
+        Statement{"usemtl", &CReadOBJ::ReadMaterialUse},
+    };
+
+    if (Lower(keyword[0]) == 'v') {
+        switch (Lower(keyword[1])) {
+        case '\0':
+            return &Vertex;
+        case 'n':
+            return &Normal;
+        case 't':
+            return &TexCoord;
+        case 'p':
+            return &ParamVertex;
+        default:
+            return nullptr;
+        }
+    }
+    for (const Statement& statement : Others) {
+        if (IsKeyword(keyword, statement.keyword))
+            return &statement;
+    }
+    return nullptr;
+}
+
+bool CReadOBJ::Parse()
+{
+    const CWaitCursor waitCursor;
+    bool result = true;
+    while (result && !tokenizer.AtEnd()) {
+        if (!tokenizer.ReadLine())
+            return false;
+        if (tokenizer.TokenCount() > 0)
+            result = HandleStatement();
+    }
+    return result && !tokenizer.ReadFailed();
+}
+
+/// Hands the current line to its handler. False ends the parse.
+bool CReadOBJ::HandleStatement()
+{
+    const Statement* const statement = FindStatement(tokenizer.Token(0));
+    if (statement == nullptr || (this->*statement->handler)())
+        return true;
+    if (statement->onFailure == OnFailure::PrintBogusFace)
+        PrintBogusFace();
+    return statement->onFailure != OnFailure::EndParse;
+}
