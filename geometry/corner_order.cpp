@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace
-{
+namespace {
 
 struct VertexRange
 {
@@ -14,9 +13,9 @@ struct VertexRange
 
 VertexRange RangeOfVertices(std::span<const V_TN_IDX> corners)
 {
-    const auto [least, largest] = std::minmax_element(
-        corners.begin(), corners.end(),
-        [](const V_TN_IDX& a, const V_TN_IDX& b) { return a.vi < b.vi; });
+    const auto [least, largest] =
+        std::minmax_element(corners.begin(), corners.end(),
+                            [](const V_TN_IDX& a, const V_TN_IDX& b) { return a.vi < b.vi; });
     return {least->vi, std::int64_t{largest->vi} - least->vi + 1};
 }
 
@@ -47,8 +46,9 @@ GK_SimpleArray<int> SortByComparing(std::span<const V_TN_IDX> corners)
 /// sorted. The faces of a record mostly use most of its vertices, so the table is well filled.
 GK_SimpleArray<int> SortByVertex(std::span<const V_TN_IDX> corners, const VertexRange& range)
 {
-    const auto slot = [&range](const V_TN_IDX& corner)
-    { return static_cast<int>(corner.vi - range.first); };
+    const auto slot = [&range](const V_TN_IDX& corner) {
+        return static_cast<int>(corner.vi - range.first);
+    };
 
     GK_SimpleArray<int> ends;
     ends.SetCount(static_cast<int>(range.count));

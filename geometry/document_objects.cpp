@@ -29,8 +29,7 @@ void CReadOBJ::BuildRecord(Group_Object& record, GK_MdxObjectAttributes& attribu
     AddPoints(*record.geometry, attributes, result);
 }
 
-void CReadOBJ::AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes,
-                       bool& result)
+void CReadOBJ::AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes, bool& result)
 {
     Geometry& geometry = *record.geometry;
     if (!geometry.mesh)

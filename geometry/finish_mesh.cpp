@@ -1,8 +1,7 @@
 #include "geometry/normal_repair.h"
 #include "objreader/read_obj.h"
 
-namespace
-{
+namespace {
 
 /// Empties a per-vertex list that has not one entry for each vertex.
 template <class T>

@@ -7,15 +7,15 @@
 
 #include <array>
 
-namespace
-{
+namespace {
 
 void ReportInconsistency(const char* text)
 {
     GK_Error("mesh", 0, text);
 }
 
-/// Gives the mesh one corner's normal, texture coordinate and colour, as far as the corner has them.
+/// Gives the mesh one corner's normal, texture coordinate and colour, as far as the corner has
+/// them.
 void AppendVertexValues(GK_Mesh& mesh, const CReadOBJ& reader, const V_TN_IDX& corner)
 {
     if (corner.ni >= reader.normals.Count() && !reader.normals.IsEmpty())
@@ -135,8 +135,9 @@ bool CReadOBJ::AddNgon(GK_Mesh& mesh, std::span<const int> corners)
     const GK_MeshNgon ngon = ngons->AddNgon(cornerCount);
     std::copy(corners.begin(), corners.end(), ngon.vi.begin());
     for (int i = 0; i < cornerCount - 2; ++i) {
-        const auto meshVertex = [&](int k)
-        { return corners[static_cast<std::size_t>(triangles[3 * i + k])]; };
+        const auto meshVertex = [&](int k) {
+            return corners[static_cast<std::size_t>(triangles[3 * i + k])];
+        };
         ngon.fi[static_cast<std::size_t>(i)] = mesh.FaceCount();
         mesh.faces.Append({{meshVertex(0), meshVertex(1), meshVertex(2), meshVertex(2)}});
     }

@@ -1,7 +1,6 @@
 #include "geometry/normal_repair.h"
 
-namespace
-{
+namespace {
 
 /// The sums of the normals at the places of a mesh where a zero normal stands. A sum is made at the
 /// first zero normal of its place and kept true from then on, so that many vertices at one place do

@@ -1,8 +1,7 @@
 #include "objreader/group_object.h"
 #include "objreader/read_obj.h"
 
-namespace
-{
+namespace {
 
 /// What group names become in the document.
 enum GroupChoice : int

@@ -36,16 +36,17 @@ inline ByteMasks ClassifyBytes(const char* bytes)
     for (int part = 0; part < 4; ++part) {
         const __m128i block =
             _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + 16 * part)); // NOLINT
-        const auto equals = [block](char value)
-        { return _mm_cmpeq_epi8(block, _mm_set1_epi8(value)); };
+        const auto equals = [block](char value) {
+            return _mm_cmpeq_epi8(block, _mm_set1_epi8(value));
+        };
         const auto bits = [part](__m128i matches) {
-            return static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm_movemask_epi8(matches)))
+            return static_cast<std::uint64_t>(
+                       static_cast<std::uint32_t>(_mm_movemask_epi8(matches)))
                    << (16 * part);
         };
         const __m128i aboveSpace = _mm_cmpgt_epi8(block, _mm_set1_epi8(0x20));
         masks.printable |= bits(_mm_andnot_si128(equals(0x7F), aboveSpace));
-        masks.lineEnd |=
-            bits(_mm_or_si128(_mm_or_si128(equals('\n'), equals('\r')), equals('\0')));
+        masks.lineEnd |= bits(_mm_or_si128(_mm_or_si128(equals('\n'), equals('\r')), equals('\0')));
         masks.backslash |= bits(equals('\\'));
     }
     return masks;

@@ -32,22 +32,25 @@ void CReadOBJ::PrintBadCorner(int badField, const char* token)
         return;
     switch (badField) {
     case BadFieldVertex:
-        KelvoApp().Print(KvLocalizeString(L"Encountered mesh face with bogus vertex index (count is "
-                                          L"%d). Search for \"%S\" in your file.\n",
-                                          33340),
-                         vertices.Count(), token);
+        KelvoApp().Print(
+            KvLocalizeString(L"Encountered mesh face with bogus vertex index (count is "
+                             L"%d). Search for \"%S\" in your file.\n",
+                             33340),
+            vertices.Count(), token);
         break;
     case BadFieldTexture:
-        KelvoApp().Print(KvLocalizeString(L"Encountered mesh face with bogus texture index (count is "
-                                          L"%d). Search for \"%S\" in your file.\n",
-                                          33341),
-                         texCoords.Count(), token);
+        KelvoApp().Print(
+            KvLocalizeString(L"Encountered mesh face with bogus texture index (count is "
+                             L"%d). Search for \"%S\" in your file.\n",
+                             33341),
+            texCoords.Count(), token);
         break;
     default:
-        KelvoApp().Print(KvLocalizeString(L"Encountered mesh face with bogus normal index (count is "
-                                          L"%d). Search for \"%S\" in your file.\n",
-                                          33342),
-                         normals.Count(), token);
+        KelvoApp().Print(
+            KvLocalizeString(L"Encountered mesh face with bogus normal index (count is "
+                             L"%d). Search for \"%S\" in your file.\n",
+                             33342),
+            normals.Count(), token);
         break;
     }
 }

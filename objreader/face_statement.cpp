@@ -5,8 +5,7 @@
 #include <array>
 #include <cstdlib>
 
-namespace
-{
+namespace {
 
 constexpr int MostFields = 3;
 

@@ -11,9 +11,9 @@ struct CReadOBJ::GroupNames
 {
     GK_SimpleArray<const GK_String*> names;
 
-    bool entered = false;           ///< into the document, which gives the following
+    bool entered = false;             ///< into the document, which gives the following
     GK_SimpleArray<int> groupIndices; ///< one for each name, when names become groups
-    int layerIndex = -1;            ///< of the last name, when names become layers
+    int layerIndex = -1;              ///< of the last name, when names become layers
 };
 
 /// One face: a run of a record's corners.
@@ -26,7 +26,7 @@ struct CReadOBJ::Face
 /// What a record has received.
 struct CReadOBJ::Geometry
 {
-    std::unique_ptr<GK_Mesh> mesh; ///< made by the first "f" statement
+    std::unique_ptr<GK_Mesh> mesh;    ///< made by the first "f" statement
     GK_SimpleArray<V_TN_IDX> corners; ///< of every face, end to end in the order of the file
     GK_SimpleArray<Face> faces;
     GK_SimpleArray<GK_3dPoint> points;
@@ -41,7 +41,7 @@ struct CReadOBJ::Group_Object
     const GK_String* objectName;
     const GK_String* materialName;
     std::shared_ptr<GroupNames> groupNames; ///< of the "g" in force at first; null: none
-    std::unique_ptr<Geometry> geometry;           ///< null until there is some
+    std::unique_ptr<Geometry> geometry;     ///< null until there is some
 
     /// The record's geometry, made when there is none yet.
     Geometry& GeometryToFill()

@@ -58,8 +58,9 @@ bool CReadOBJ::SelectGroupObject()
 
 int CReadOBJ::CompareGroupObjects(const Group_Object& a, const Group_Object& b)
 {
-    const auto compare = [](const GK_String* x, const GK_String* y)
-    { return x == y ? 0 : (*x < *y ? -1 : 1); };
+    const auto compare = [](const GK_String* x, const GK_String* y) {
+        return x == y ? 0 : (*x < *y ? -1 : 1);
+    };
     if (const int order = compare(a.groupName, b.groupName))
         return order;
     if (const int order = compare(a.objectName, b.objectName))

@@ -4,20 +4,19 @@
 
 #include <algorithm>
 #include <charconv>
-#include <string_view>
 #include <cmath>
 #include <limits>
+#include <string_view>
 #include <system_error>
 
-namespace
-{
+namespace {
 
 /// Every integer up to this is a double, so a product or quotient with an exact power of ten is
 /// rounded once and thus correctly.
 constexpr std::uint64_t LargestExactInteger = std::uint64_t{1} << 53;
-constexpr std::array<double, 23> ExactPowersOfTen{
-    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::array<double, 23> ExactPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 /// So many digits always fit into 64 bits.
 constexpr int MostDigits = 19;
@@ -35,8 +34,8 @@ char Lower(char c)
     return static_cast<char>(c | 0x20);
 }
 
-/// Appends a run of digits to a mantissa; gives how many there were. With more than MostDigits in all
-/// the mantissa means nothing.
+/// Appends a run of digits to a mantissa; gives how many there were. With more than MostDigits in
+/// all the mantissa means nothing.
 std::ptrdiff_t TakeDigits(const char*& text, std::uint64_t& mantissa)
 {
     const char* const start = text;
@@ -218,6 +217,6 @@ int TakeInteger(const char*& text)
     } while (run.count == 8);
     text = p;
     const std::int64_t integer = negative ? -magnitude : magnitude;
-    return static_cast<int>(
-        std::clamp<std::int64_t>(integer, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(std::clamp<std::int64_t>(integer, std::numeric_limits<int>::min(),
+                                                     std::numeric_limits<int>::max()));
 }

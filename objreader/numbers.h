@@ -1,6 +1,5 @@
 #pragma once
 
-
 /// Numbers as they stand in tokens. Each operation takes the longest leading part of the token that
 /// forms a number and takes no notice of the rest. The text must end with a zero byte, behind which
 /// CObjLineTokenizer::Padding bytes can be read, as those of the tokenizer do.
@@ -14,6 +13,6 @@ bool ReadReal(const char* text, double& value);
 /// unchanged, when no leading part forms a number.
 bool ReadInteger(const char* text, int& value);
 
-/// Reads a decimal integer by the rules of `atoi`, kept within 32 bits: without digits it is 0. Steps
-/// `text` behind the digits.
+/// Reads a decimal integer by the rules of `atoi`, kept within 32 bits: without digits it is 0.
+/// Steps `text` behind the digits.
 int TakeInteger(const char*& text);

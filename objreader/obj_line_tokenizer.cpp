@@ -8,8 +8,7 @@
 #include <bit>
 #include <cstring>
 
-CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path)
-    : CObjLineTokenizer(_wfopen(path, L"rb"))
+CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path) : CObjLineTokenizer(_wfopen(path, L"rb"))
 {
 }
 
@@ -47,8 +46,7 @@ void CObjLineTokenizer::CutLine()
         CutByRules(rest, state);
 }
 
-namespace
-{
+namespace {
 
 constexpr int MaskBits = 64;
 
@@ -60,8 +58,8 @@ constexpr std::uint64_t BitsThrough(int bit)
 
 } // namespace
 
-/// Cuts 64 bytes at a time up to the line's end and gives null. A backslash asks for more care: then
-/// gives where to go on by the full rules.
+/// Cuts 64 bytes at a time up to the line's end and gives null. A backslash asks for more care:
+/// then gives where to go on by the full rules.
 char* CObjLineTokenizer::CutPlainBytes(bool& insideToken)
 {
     for (char* bytes = m_cursor;; bytes += MaskBits) {

@@ -11,7 +11,8 @@
 /// - A '#' that is the very first byte of a physical line makes that line a comment.
 /// - A backslash that ends a line, or stands before a byte that is not printable ASCII, joins the
 ///   next physical line to this one.
-/// - Once a logical line holds a backslash before a printable byte, as in a path, spaces in the rest
+/// - Once a logical line holds a backslash before a printable byte, as in a path, spaces in the
+/// rest
 ///   of it no longer separate tokens.
 ///
 /// LF, CR, CR LF and a zero byte each end a physical line. Lines and tokens may have any length.

@@ -7,8 +7,7 @@
 #include <array>
 #include <string_view>
 
-namespace
-{
+namespace {
 
 constexpr char Lower(char c)
 {

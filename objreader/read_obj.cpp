@@ -4,8 +4,7 @@
 
 #include "host/runtime/split_path.h"
 
-namespace
-{
+namespace {
 
 constexpr GK_Xform YToZ{{{1, 0, 0, 0}, {0, 0, -1, 0}, {0, 1, 0, 0}, {0, 0, 0, 1}}};
 

@@ -30,8 +30,8 @@ public:
     struct Face;
     struct GroupNames;
 
-    /// Opens the file, by its full path. All three arguments must outlive the reader. Never fails: a
-    /// file that cannot be opened makes `Parse` give false.
+    /// Opens the file, by its full path. All three arguments must outlive the reader. Never fails:
+    /// a file that cannot be opened makes `Parse` give false.
     CReadOBJ(const wchar_t* fileName, CKelvoDoc& doc, const CKelvoFileReadOptions& readOptions);
     CReadOBJ(const CReadOBJ&) = delete;
     CReadOBJ& operator=(const CReadOBJ&) = delete;
@@ -39,10 +39,11 @@ public:
 
     // The import options, to be set before Parse.
 
-    int HowToAddGs = 1;              ///< what group names become: 0 nothing, 1 groups, 2 layers, 3 names
-    bool UseONames = true;           ///< object names become names of document objects
-    bool IgnoreTextures = false;     ///< "usemtl" statements are read over
-    bool ImportAsMorphTarget = false; ///< the whole file becomes one mesh, without normals or textures
+    int HowToAddGs = 1;    ///< what group names become: 0 nothing, 1 groups, 2 layers, 3 names
+    bool UseONames = true; ///< object names become names of document objects
+    bool IgnoreTextures = false; ///< "usemtl" statements are read over
+    bool ImportAsMorphTarget =
+        false; ///< the whole file becomes one mesh, without normals or textures
     bool ReverseGroupOrder = false;  ///< the last, not the first, name of a "g" statement counts
     bool ZUp = false;                ///< meshes are turned from Y up to Z up
     bool Split32bitTextures = false; ///< textures with an alpha channel become two files
@@ -50,12 +51,12 @@ public:
     /// How many indices named nothing that was read so far.
     int BogusIndexCount = 0;
 
-    /// Reads the whole file. False when the file could not be opened or read, or when a statement was
-    /// so wrong that reading ended with it; what was read before is kept.
+    /// Reads the whole file. False when the file could not be opened or read, or when a statement
+    /// was so wrong that reading ended with it; what was read before is kept.
     bool Parse();
 
-    /// How many distinct combinations of group, object and material name the file has used; at least
-    /// one.
+    /// How many distinct combinations of group, object and material name the file has used; at
+    /// least one.
     [[nodiscard]] int GroupObjectCount() const { return static_cast<int>(groupObjects.size()); }
 
     /// Adds what was read to the document, record by record in the order of their names. Gives the
@@ -69,14 +70,15 @@ public:
     /// facing outward when closed. False when nothing is left of it.
     [[nodiscard]] bool FinishMesh(GK_Mesh* mesh) const;
 
-    /// Sets the layer, groups and name that the options give a record's objects. False for an unknown
-    /// `HowToAddGs`.
+    /// Sets the layer, groups and name that the options give a record's objects. False for an
+    /// unknown `HowToAddGs`.
     bool MakeAttributes(Group_Object& record, GK_MdxObjectAttributes& attributes);
 
     // Reading indices.
 
     /// Turns an OBJ index (from 1, or negative and counting back from the last of `count` elements)
-    /// into a 0-based one. False when it names no element: the index is then -1 and has been counted.
+    /// into a 0-based one. False when it names no element: the index is then -1 and has been
+    /// counted.
     bool ResolveIndex(int& index, int count);
 
     /// Which field of a corner named nothing.
@@ -114,12 +116,12 @@ public:
     GK_wString fname;
     GK_wString ext;
 
-    GK_SimpleArray<GK_3dPoint> vertices;  ///< positions, each coordinate rounded to single precision
+    GK_SimpleArray<GK_3dPoint> vertices; ///< positions, each coordinate rounded to single precision
     GK_SimpleArray<double> vertexWeights; ///< one for each position
     bool hasVertexColors = false;
-    GK_SimpleArray<GK_Color> vertexColors;   ///< of those positions that carry one
-    GK_SimpleArray<GK_2dPoint> paramPoints;  ///< points in the parameter space of surfaces
-    GK_SimpleArray<double> paramWeights;     ///< one for each parameter point
+    GK_SimpleArray<GK_Color> vertexColors;  ///< of those positions that carry one
+    GK_SimpleArray<GK_2dPoint> paramPoints; ///< points in the parameter space of surfaces
+    GK_SimpleArray<double> paramWeights;    ///< one for each parameter point
     GK_SimpleArray<GK_2fPoint> texCoords;
     GK_SimpleArray<GK_3fVector> normals; ///< as in the file, of any length
 

@@ -6,8 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace
-{
+namespace {
 
 /// Reads `N` tokens from the given one on as reals. False when one of them is no number.
 template <std::size_t N>
