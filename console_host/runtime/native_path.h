@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,3 +17,7 @@ std::wstring WidePath(const std::filesystem::path& path);
 /// A native path from UTF-8, and as UTF-8, for command lines and messages.
 std::filesystem::path PathFromUtf8(std::string_view utf8);
 std::string Utf8Path(const std::filesystem::path& path);
+
+/// fopen by a native path. Null, with errno set, when the file cannot be opened; the caller closes
+/// it.
+std::FILE* OpenNative(const std::filesystem::path& path, const char* mode);

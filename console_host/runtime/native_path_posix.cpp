@@ -118,3 +118,8 @@ std::string Utf8Path(const std::filesystem::path& path)
 {
     return path.native();
 }
+
+std::FILE* OpenNative(const std::filesystem::path& path, const char* mode)
+{
+    return std::fopen(path.c_str(), mode);
+}

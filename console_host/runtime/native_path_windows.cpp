@@ -21,3 +21,8 @@ std::string Utf8Path(const std::filesystem::path& path)
 {
     return GK_wString(path.c_str()).Utf8();
 }
+
+std::FILE* OpenNative(const std::filesystem::path& path, const char* mode)
+{
+    return _wfopen(path.c_str(), GK_wString(std::string_view(mode)).Array());
+}

@@ -25,18 +25,38 @@ struct GK_MeshFace
     [[nodiscard]] bool IsValid(int vertexCount, const GK_3fPoint* vertices) const;
 
     /// Drops corners that repeat an earlier one, by index or position. When three or four are left
-    /// the face becomes that triangle or quad: true. Otherwise it stays as it was: false.
+    /// the face becomes that triangle or quad: true. Otherwise, or when an index is out of range,
+    /// it stays as it was: false.
     bool Repair(int vertexCount, const GK_3fPoint* vertices);
 
     friend bool operator==(const GK_MeshFace&, const GK_MeshFace&) = default;
 };
 
+inline bool GK_MeshFace::IsValid(int vertexCount, const GK_3fPoint* vertices) const
+{
+    const auto [a, b, c, d] = vi;
+    const auto inRange = [vertexCount](int index) { return index >= 0 && index < vertexCount; };
+    if (!inRange(a) || !inRange(b) || !inRange(c) || !inRange(d))
+        return false;
+    const auto differ = [vertices](int i, int j) { return i != j && vertices[i] != vertices[j]; };
+    if (!differ(a, b) || !differ(b, c) || !differ(c, a))
+        return false;
+    return c == d || (differ(d, a) && differ(d, b) && differ(d, c));
+}
+
 /// A look at one polygon of a mesh: its mesh vertices in order, and the indices of the mesh faces
-/// that together cover it. Valid until its list changes.
+/// that together cover it. Valid until a polygon is added to its list or taken out.
 struct GK_MeshNgon
 {
     std::span<int> vi;
     std::span<int> fi;
+};
+
+/// The same, only to be read.
+struct GK_MeshConstNgon
+{
+    std::span<const int> vi;
+    std::span<const int> fi;
 };
 
 /// The polygons of a mesh, kept end to end in one block.
@@ -51,7 +71,7 @@ public:
 
     /// The polygon at `index`, which must be one of the list's.
     [[nodiscard]] GK_MeshNgon Ngon(int index);
-    [[nodiscard]] GK_MeshNgon Ngon(int index) const;
+    [[nodiscard]] GK_MeshConstNgon Ngon(int index) const;
 
     /// Makes a polygon's face list shorter by keeping its first `count` entries.
     void SetFaceCount(int index, int count) { m_ngons[index].faceCount = count; }
@@ -59,6 +79,7 @@ public:
     /// Takes out the polygons without faces and keeps the order of the others.
     void RemoveEmpty();
 
+    /// Turns every polygon's vertices about; its first vertex stays the first.
     void Reverse();
 
 private:
@@ -74,7 +95,8 @@ private:
 };
 
 /// Which mesh vertices stand at the same place: those with equal single-precision positions are one
-/// topological vertex. Topological vertices are numbered by their lowest mesh vertex.
+/// topological vertex. A position with a coordinate that is not a number equals none, and -0 equals
+/// 0. Topological vertices are numbered by their lowest mesh vertex.
 class GK_MeshTopology
 {
 public:
@@ -142,25 +164,30 @@ public:
     /// from the vertex count is dropped.
     void Compact();
 
-    /// The topology of the vertices as they are now. It is kept until a member operation changes
-    /// the vertices.
+    /// The topology of the vertices as they are now. It is kept, and the reference holds, until a
+    /// member operation changes the vertices.
     [[nodiscard]] const GK_MeshTopology& Topology() const;
 
     /// Gives every vertex the sum, made unit, of the unit normals of the faces that use it; (0, 0,
-    /// 1) where that is zero. A face without area adds nothing.
+    /// 1) where that is zero. The normal of a quad is the cross product of its diagonals. A face
+    /// without area, or whose area is not finite, adds nothing.
     void ComputeVertexNormals();
 
     /// At least one face, and every edge between topological vertices belongs to two faces exactly.
+    /// False when a face names a vertex that is not there.
     [[nodiscard]] bool IsClosed() const;
 
-    /// The signed volume about a point: positive when a closed mesh faces outward. No estimate of
-    /// the error is made, so the second argument must be null.
+    /// The sum of the signed tetrahedra that the faces span with a point, a quad (a, b, c, d) taken
+    /// as (a, b, c) and (a, c, d): positive when a closed mesh faces outward. No estimate of the
+    /// error is made, so the second argument must be null.
     [[nodiscard]] double Volume(const GK_3dPoint& basePoint, double* errorEstimate) const;
 
-    /// Reverses every face and polygon and negates the normals.
+    /// Reverses every face and polygon, whose first corners stay the first, and negates the
+    /// normals.
     void Flip();
 
-    /// Moves the vertices, single and double precision, and turns the normals along.
+    /// Moves the vertices, single and double precision, and turns the normals by the linear part,
+    /// after which they are made unit again.
     void Transform(const GK_Xform& xform);
 
 private:

@@ -1,0 +1,127 @@
+#include "console_host/app/console_app.h"
+
+#include "console_host/app/format_text.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/geokit/error_handler.h"
+
+#include "host/app/localize.h"
+#include "host/app/message_box.h"
+#include "host/geokit/string.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <exception>
+#include <utility>
+
+namespace {
+
+/// Writes UTF-8 as it stands; a stream remembers by itself that a write failed.
+void WriteText(std::FILE* stream, std::string_view utf8)
+{
+    WorkNote::Instance().Hide();
+    std::fwrite(utf8.data(), 1, utf8.size(), stream);
+}
+
+void NoteKernelError(const char* source, int, const char* text) noexcept
+{
+    try {
+        CurrentJournal().kernelErrors.push_back(
+            {source != nullptr ? source : "", text != nullptr ? text : ""});
+    } catch (const std::exception&) {
+        // A report for which there is no memory is lost; the import goes on.
+        return;
+    }
+}
+
+} // namespace
+
+ConsoleApp& ConsoleApp::Instance()
+{
+    static ConsoleApp app;
+    return app;
+}
+
+ConsoleApp::ConsoleApp() : m_profile(std::make_unique<ProfileStore>())
+{
+    SetErrorHandler(NoteKernelError);
+}
+
+ConsoleApp::~ConsoleApp()
+{
+    SetErrorHandler(nullptr);
+}
+
+void ConsoleApp::Print(const wchar_t* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::string text;
+    try {
+        text = GK_wString(FormatText(format, arguments)).Utf8();
+    } catch (...) {
+        va_end(arguments);
+        throw;
+    }
+    va_end(arguments);
+    if (m_printStream != nullptr)
+        WriteText(m_printStream, text);
+    m_journal.prints.push_back(std::move(text));
+}
+
+bool ConsoleApp::DoHelp(int topicId)
+{
+    const std::string text = "Help topic " + std::to_string(topicId) + " has no text here.\n";
+    WriteText(stderr, text);
+    return false;
+}
+
+void ConsoleApp::SetProfile(std::unique_ptr<ProfileStore> profile)
+{
+    m_profile = std::move(profile);
+}
+
+ImportJournal ConsoleApp::TakeJournal()
+{
+    return std::exchange(m_journal, {});
+}
+
+void ConsoleApp::Unregister(CKelvoPlugIn* plugIn) noexcept
+{
+    m_plugIns.erase(std::remove(m_plugIns.begin(), m_plugIns.end(), plugIn), m_plugIns.end());
+}
+
+CKelvoApp& KelvoApp()
+{
+    return ConsoleApp::Instance();
+}
+
+const wchar_t* KvLocalizeString(const wchar_t* text, int id)
+{
+    return ConsoleApp::Instance().Strings().Localize(text, id);
+}
+
+int KelvoMessageBox(const wchar_t* text, const wchar_t* caption, unsigned int flags)
+{
+    constexpr int Ok = 1;
+    ImportJournal::Box box{GK_wString(text).Utf8(), GK_wString(caption).Utf8(), flags};
+    WriteText(stderr, box.caption + ": " + box.text + "\n");
+    CurrentJournal().boxes.push_back(std::move(box));
+    return Ok;
+}
+
+ImportJournal& CurrentJournal()
+{
+    return ConsoleApp::Instance().Journal();
+}
+
+void NoteRefused(std::string_view type, std::string_view reason)
+{
+    CurrentJournal().refused.push_back({std::string(type), std::string(reason)});
+}
+
+void NoteGuestFault(std::string_view call, std::string_view fault)
+{
+    const std::string text = std::string(call).append(": ").append(fault) + "\n";
+    WriteText(stderr, "plug-in fault: " + text);
+    CurrentJournal().kernelErrors.push_back({"host", text});
+}

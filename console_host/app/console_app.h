@@ -1,0 +1,60 @@
+#pragma once
+
+#include "console_host/app/import_journal.h"
+#include "console_host/app/profile_store.h"
+#include "console_host/app/string_table.h"
+
+#include "host/app/app.h"
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+class CKelvoPlugIn;
+
+/// The console host's application object: all that the host keeps between imports.
+class ConsoleApp final : public CKelvoApp
+{
+public:
+    static ConsoleApp& Instance();
+
+    ~ConsoleApp() override;
+
+    void Print(const wchar_t* format, ...) override;
+    CKelvoProfileContext& ProfileContext() override { return *m_profile; }
+    CWnd* MainWnd() override { return m_mainWindow; }
+    bool DoHelp(int topicId) override;
+
+    /// Where Print goes; null: only to the journal. Standard output at first.
+    void SetPrintStream(std::FILE* stream) { m_printStream = stream; }
+
+    /// The settings store; without one set, settings live as long as the program.
+    void SetProfile(std::unique_ptr<ProfileStore> profile);
+    ProfileStore& Profile() { return *m_profile; }
+
+    void SetStrings(StringTable strings) { m_strings = std::move(strings); }
+    StringTable& Strings() { return m_strings; }
+
+    /// The window that dialogs stand over; it must outlive its use. None at first.
+    void SetMainWnd(CWnd* window) { m_mainWindow = window; }
+
+    ImportJournal& Journal() { return m_journal; }
+
+    /// Gives what was noted since the last call and starts afresh.
+    ImportJournal TakeJournal();
+
+    /// The plug-ins that exist, in the order of their making.
+    [[nodiscard]] const std::vector<CKelvoPlugIn*>& PlugIns() const { return m_plugIns; }
+    void Register(CKelvoPlugIn* plugIn) { m_plugIns.push_back(plugIn); }
+    void Unregister(CKelvoPlugIn* plugIn) noexcept;
+
+private:
+    ConsoleApp();
+
+    std::FILE* m_printStream = stdout;
+    std::unique_ptr<ProfileStore> m_profile;
+    StringTable m_strings;
+    ImportJournal m_journal;
+    std::vector<CKelvoPlugIn*> m_plugIns;
+    CWnd* m_mainWindow = nullptr;
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the host was asked for while one file was imported. All texts are UTF-8.
+struct ImportJournal
+{
+    struct Box
+    {
+        std::string text;
+        std::string caption;
+        unsigned int flags;
+    };
+
+    struct KernelError
+    {
+        std::string source;
+        std::string text;
+    };
+
+    struct Refusal
+    {
+        std::string type; ///< "mesh", "curve", "point", "point_cloud", "brep" or "loop"
+        std::string reason;
+    };
+
+    std::vector<std::string> prints; ///< the finished text of each Print
+    std::vector<Box> boxes;
+    std::vector<KernelError> kernelErrors;
+    std::vector<Refusal> refused;
+    bool zoomed = false;
+    bool redrawn = false;
+};
+
+/// The journal that is written now: that of the running import, or of what happens outside one.
+ImportJournal& CurrentJournal();
+
+/// Notes geometry that is not taken, and why.
+void NoteRefused(std::string_view type, std::string_view reason);
+
+/// Notes that a plug-in does not keep to what is agreed: the call at which it showed, and what is
+/// wrong. Goes to standard error and to the kernel errors, with the source "host".
+void NoteGuestFault(std::string_view call, std::string_view fault);

@@ -1,0 +1,106 @@
+#include "host/geokit/mesh.h"
+
+#include "console_host/geokit/mesh_positions.h"
+
+#include <new>
+
+bool GK_Mesh::HasVertexNormals() const
+{
+    return !normals.IsEmpty() && normals.Count() == VertexCount();
+}
+
+void GK_Mesh::UpdateSinglePrecisionVertices()
+{
+    m_topology.reset();
+    vertices.SetCount(m_dVertices.Count());
+    std::transform(m_dVertices.begin(), m_dVertices.end(), vertices.begin(),
+                   [](const GK_3dPoint& point) { return GK_3fPoint(point); });
+}
+
+GK_MeshNgonList* GK_Mesh::ModifyNgonList()
+{
+    if (m_ngons == nullptr)
+        m_ngons.reset(new (std::nothrow) GK_MeshNgonList);
+    return m_ngons.get();
+}
+
+void GK_Mesh::SetSurfaceParameterDomain(int direction, const GK_Interval& domain)
+{
+    m_surfaceParameterDomain.at(static_cast<std::size_t>(direction)) = domain;
+}
+
+void GK_Mesh::SetPackedTextureDomain(int direction, const GK_Interval& domain)
+{
+    m_packedTextureDomain.at(static_cast<std::size_t>(direction)) = domain;
+}
+
+const GK_Interval& GK_Mesh::SurfaceParameterDomain(int direction) const
+{
+    return m_surfaceParameterDomain.at(static_cast<std::size_t>(direction));
+}
+
+const GK_Interval& GK_Mesh::PackedTextureDomain(int direction) const
+{
+    return m_packedTextureDomain.at(static_cast<std::size_t>(direction));
+}
+
+const GK_MeshTopology& GK_Mesh::Topology() const
+{
+    if (m_topology == nullptr)
+        m_topology = std::make_unique<GK_MeshTopology>(std::span(vertices.begin(), vertices.end()));
+    return *m_topology;
+}
+
+double GK_Mesh::Volume(const GK_3dPoint& basePoint, double* /*errorEstimate*/) const
+{
+    // Taken from a corner of each face, the products stay small far from the base point.
+    const auto sixfold = [&](const GK_3dPoint& a, const GK_3dPoint& b, const GK_3dPoint& c) {
+        return GK_DotProduct(a - basePoint, GK_CrossProduct(b - a, c - a));
+    };
+    return WithPositions(*this, [&](const auto& position) {
+        double sum = 0.0;
+        for (const GK_MeshFace& face : faces) {
+            if (!IndicesInRange(face, VertexCount()))
+                continue;
+            const GK_3dPoint a = position(face.vi[0]);
+            const GK_3dPoint c = position(face.vi[2]);
+            sum += sixfold(a, position(face.vi[1]), c);
+            if (face.IsQuad())
+                sum += sixfold(a, c, position(face.vi[3]));
+        }
+        return sum / 6.0;
+    });
+}
+
+void GK_Mesh::Flip()
+{
+    for (GK_MeshFace& face : faces) {
+        const auto [a, b, c, d] = face.vi;
+        face.vi = face.IsTriangle() ? std::array{a, c, b, b} : std::array{a, d, c, b};
+    }
+    if (m_ngons != nullptr)
+        m_ngons->Reverse();
+    // Subtracted from 0, a 0 does not become -0.
+    for (GK_3fVector& normal : normals)
+        normal = {0.0F - normal.x, 0.0F - normal.y, 0.0F - normal.z};
+}
+
+void GK_Mesh::Transform(const GK_Xform& xform)
+{
+    m_topology.reset();
+    const bool exact = m_dVerticesValid && m_dVertices.Count() == VertexCount();
+    for (GK_3dPoint& point : m_dVertices)
+        point = xform * point;
+    if (exact)
+        UpdateSinglePrecisionVertices();
+    else
+        for (GK_3fPoint& point : vertices)
+            point = GK_3fPoint(xform * GK_3dPoint{point.x, point.y, point.z});
+    for (GK_3fVector& normal : normals) {
+        const GK_3dVector turned = xform * GK_3dVector{normal.x, normal.y, normal.z};
+        normal = {static_cast<float>(turned.x), static_cast<float>(turned.y),
+                  static_cast<float>(turned.z)};
+        if (!normal.IsUnitVector())
+            normal.Unitize();
+    }
+}
