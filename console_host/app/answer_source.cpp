@@ -2,29 +2,29 @@
 
 namespace {
 
-std::unique_ptr<CAnswerSource>& Source()
+std::unique_ptr<AnswerSource>& Source()
 {
-    static std::unique_ptr<CAnswerSource> source = std::make_unique<CEnterAtOnce>();
+    static std::unique_ptr<AnswerSource> source = std::make_unique<EnterAtOnce>();
     return source;
 }
 
 } // namespace
 
-std::optional<std::wstring> CEnterAtOnce::Answer(const std::wstring&, bool nothingIsAnAnswer)
+std::optional<std::wstring> EnterAtOnce::Answer(const std::wstring&, bool nothingIsAnAnswer)
 {
     if (!nothingIsAnAnswer)
         return std::nullopt;
     return std::wstring();
 }
 
-void CEnterAtOnce::Note(const std::wstring&) {}
+void EnterAtOnce::Note(const std::wstring&) {}
 
-void SetAnswerSource(std::unique_ptr<CAnswerSource> source)
+void SetAnswerSource(std::unique_ptr<AnswerSource> source)
 {
     Source() = std::move(source);
 }
 
-CAnswerSource& AnswerSource()
+AnswerSource& CurrentAnswers()
 {
     return *Source();
 }

@@ -5,13 +5,13 @@
 #include <string>
 
 /// Where the answers to questions on the command line come from.
-class CAnswerSource
+class AnswerSource
 {
 public:
-    CAnswerSource() = default;
-    CAnswerSource(const CAnswerSource&) = delete;
-    CAnswerSource& operator=(const CAnswerSource&) = delete;
-    virtual ~CAnswerSource() = default;
+    AnswerSource() = default;
+    AnswerSource(const AnswerSource&) = delete;
+    AnswerSource& operator=(const AnswerSource&) = delete;
+    virtual ~AnswerSource() = default;
 
     /// Puts the question and gives the line that answers it, without its line end; nothing when
     /// there is no further answer. `nothingIsAnAnswer`: an empty line answers the question.
@@ -23,7 +23,7 @@ public:
 };
 
 /// Answers every question by Enter at once, and has no answer where Enter is none.
-class CEnterAtOnce : public CAnswerSource
+class EnterAtOnce : public AnswerSource
 {
 public:
     std::optional<std::wstring> Answer(const std::wstring& question,
@@ -31,8 +31,8 @@ public:
     void Note(const std::wstring& text) override;
 };
 
-/// Chooses where answers come from, from now on; until the first call it is CEnterAtOnce.
-void SetAnswerSource(std::unique_ptr<CAnswerSource> source);
+/// Chooses where answers come from, from now on; until the first call it is EnterAtOnce.
+void SetAnswerSource(std::unique_ptr<AnswerSource> source);
 
 /// The source in use.
-CAnswerSource& AnswerSource();
+AnswerSource& CurrentAnswers();

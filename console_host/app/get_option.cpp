@@ -14,7 +14,7 @@ CKelvoCommandOptionValue KvLocalizeCommandOptionValue(const wchar_t* text, int i
     return {{text, KvLocalizeString(text, id)}};
 }
 
-CKelvoGetOption::CKelvoGetOption() : m_prompt(std::make_unique<COptionPrompt>()) {}
+CKelvoGetOption::CKelvoGetOption() : m_prompt(std::make_unique<OptionPrompt>()) {}
 
 CKelvoGetOption::~CKelvoGetOption() = default;
 
@@ -37,7 +37,7 @@ void CKelvoGetOption::ClearCommandOptions()
 int CKelvoGetOption::AddCommandOptionList(const CKelvoCommandOptionName& name, int count,
                                           const CKelvoCommandOptionValue* values, int current)
 {
-    COptionPrompt::Item item{name, {}, current, nullptr};
+    OptionPrompt::Item item{name, {}, current, nullptr};
     for (int i = 0; i < count; ++i)
         item.values.push_back(values[i]);
     m_prompt->items.push_back(std::move(item));

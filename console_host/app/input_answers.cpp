@@ -8,12 +8,12 @@ constexpr std::size_t LineLimit = 4096;
 
 } // namespace
 
-CInputAnswers::CInputAnswers(std::FILE* input, std::FILE* output, bool showQuestions)
+InputAnswers::InputAnswers(std::FILE* input, std::FILE* output, bool showQuestions)
     : m_nextByte(MakeByteReader(input)), m_output(output), m_showQuestions(showQuestions)
 {
 }
 
-std::optional<std::wstring> CInputAnswers::Answer(const std::wstring& question, bool)
+std::optional<std::wstring> InputAnswers::Answer(const std::wstring& question, bool)
 {
     std::string line;
     for (;;) {
@@ -33,7 +33,7 @@ std::optional<std::wstring> CInputAnswers::Answer(const std::wstring& question, 
     }
 }
 
-CInputAnswers::LineResult CInputAnswers::ReadLine(std::string& line)
+InputAnswers::LineResult InputAnswers::ReadLine(std::string& line)
 {
     line.clear();
     bool tooLong = false;
@@ -48,19 +48,19 @@ CInputAnswers::LineResult CInputAnswers::ReadLine(std::string& line)
     return tooLong ? LineResult::TooLong : LineResult::Complete;
 }
 
-void CInputAnswers::Note(const std::wstring& text)
+void InputAnswers::Note(const std::wstring& text)
 {
     Show(text + L"\n");
 }
 
-void CInputAnswers::Show(const std::wstring& text)
+void InputAnswers::Show(const std::wstring& text)
 {
     const std::string utf8 = GK_wString(text).Utf8();
     std::fwrite(utf8.data(), 1, utf8.size(), m_output);
     std::fflush(m_output);
 }
 
-std::unique_ptr<CAnswerSource> MakeStandardInputAnswers()
+std::unique_ptr<AnswerSource> MakeStandardInputAnswers()
 {
-    return std::make_unique<CInputAnswers>(stdin, stderr, IsTerminal(stdin));
+    return std::make_unique<InputAnswers>(stdin, stderr, IsTerminal(stdin));
 }

@@ -8,12 +8,12 @@
 
 /// Takes answers line by line from a stream of UTF-8 text. A line that is longer than anyone types
 /// is refused as a whole.
-class CInputAnswers : public CAnswerSource
+class InputAnswers : public AnswerSource
 {
 public:
     /// `showQuestions`: whether questions are shown; notes always are. The streams stay the
     /// caller's and must live as long as the source.
-    CInputAnswers(std::FILE* input, std::FILE* output, bool showQuestions);
+    InputAnswers(std::FILE* input, std::FILE* output, bool showQuestions);
 
     std::optional<std::wstring> Answer(const std::wstring& question,
                                        bool nothingIsAnAnswer) override;
@@ -37,4 +37,4 @@ private:
 
 /// Answers from standard input. Questions, shown only when standard input is a terminal, and notes
 /// go to standard error, so that standard output holds results alone.
-std::unique_ptr<CAnswerSource> MakeStandardInputAnswers();
+std::unique_ptr<AnswerSource> MakeStandardInputAnswers();

@@ -6,7 +6,7 @@
 
 namespace {
 
-using Item = COptionPrompt::Item;
+using Item = OptionPrompt::Item;
 
 /// What people type for off and on besides a toggle's own values.
 constexpr std::wstring_view OffWords[] = {L"no", L"off", L"false", L"0"};
@@ -51,12 +51,12 @@ std::wstring CurrentValue(const Item& item)
 
 void NoteAmbiguous(std::wstring_view word, const WordMatch& match)
 {
-    AnswerSource().Note(Quoted(word) + L" could be " + ListOfNames(match.couldBe) + L".");
+    CurrentAnswers().Note(Quoted(word) + L" could be " + ListOfNames(match.couldBe) + L".");
 }
 
 } // namespace
 
-std::wstring COptionPrompt::Question() const
+std::wstring OptionPrompt::Question() const
 {
     std::wstring question = text + L" (a name changes an option, Name=Value sets it, " +
                             (acceptNothing ? L"Enter accepts, " : L"") + L"cancel gives up)\n";
@@ -71,11 +71,12 @@ std::wstring COptionPrompt::Question() const
     return question + L"> ";
 }
 
-bool COptionPrompt::NextWord(const std::wstring& question, bool nothingIsAnAnswer,
-                             std::wstring& word, int& result)
+bool OptionPrompt::NextWord(const std::wstring& question, bool nothingIsAnAnswer,
+                            std::wstring& word, int& result)
 {
     while (m_words.empty()) {
-        const std::optional<std::wstring> line = AnswerSource().Answer(question, nothingIsAnAnswer);
+        const std::optional<std::wstring> line =
+            CurrentAnswers().Answer(question, nothingIsAnAnswer);
         if (!line) {
             result = GetResultCancel;
             return false;
@@ -96,7 +97,7 @@ bool COptionPrompt::NextWord(const std::wstring& question, bool nothingIsAnAnswe
     return false;
 }
 
-int COptionPrompt::Ask()
+int OptionPrompt::Ask()
 {
     chosen.reset();
     int result = NotUnderstood;
@@ -106,7 +107,7 @@ int COptionPrompt::Ask()
     return result;
 }
 
-int COptionPrompt::Take(const std::wstring& word)
+int OptionPrompt::Take(const std::wstring& word)
 {
     const std::size_t equals = word.find(L'=');
     const std::wstring_view name = std::wstring_view(word).substr(0, equals);
@@ -120,7 +121,7 @@ int COptionPrompt::Take(const std::wstring& word)
         return NotUnderstood;
     }
     if (match.index < 0) {
-        AnswerSource().Note(Quoted(name) + L" is not one of the options.");
+        CurrentAnswers().Note(Quoted(name) + L" is not one of the options.");
         return NotUnderstood;
     }
     const Item& item = items[static_cast<std::size_t>(match.index)];
@@ -133,7 +134,7 @@ int COptionPrompt::Take(const std::wstring& word)
     return AskForValue(match.index);
 }
 
-int COptionPrompt::AskForValue(int itemIndex)
+int OptionPrompt::AskForValue(int itemIndex)
 {
     const Item& item = items[static_cast<std::size_t>(itemIndex)];
     const std::wstring question =
@@ -149,7 +150,7 @@ int COptionPrompt::AskForValue(int itemIndex)
     }
 }
 
-int COptionPrompt::MatchValue(const Item& item, std::wstring_view word) const
+int OptionPrompt::MatchValue(const Item& item, std::wstring_view word) const
 {
     const WordMatch match = MatchWord(word, item.values);
     if (match.index >= 0)
@@ -161,12 +162,12 @@ int COptionPrompt::MatchValue(const Item& item, std::wstring_view word) const
     if (match.couldBe.size() > 1)
         NoteAmbiguous(word, match);
     else
-        AnswerSource().Note(Quoted(word) + L" is no value of " + LocalName(item.name) +
-                            L"; its values are " + NamesOf(item.values) + L".");
+        CurrentAnswers().Note(Quoted(word) + L" is no value of " + LocalName(item.name) +
+                              L"; its values are " + NamesOf(item.values) + L".");
     return -1;
 }
 
-int COptionPrompt::Choose(int itemIndex, int valueIndex)
+int OptionPrompt::Choose(int itemIndex, int valueIndex)
 {
     Item& item = items[static_cast<std::size_t>(itemIndex)];
     item.current = valueIndex;

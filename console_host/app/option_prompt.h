@@ -10,7 +10,7 @@
 #include <vector>
 
 /// What a getter keeps: its options, and the words of a line that are still to be taken.
-class COptionPrompt
+class OptionPrompt
 {
 public:
     struct Item

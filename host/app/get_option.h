@@ -4,7 +4,7 @@
 
 #include <memory>
 
-class COptionPrompt; // the host's own
+class OptionPrompt; // the host's own
 
 /// What a getter ended with.
 enum CKelvoGetResult : int
@@ -95,5 +95,5 @@ public:
     [[nodiscard]] const CKelvoCommandOption* Option() const;
 
 private:
-    std::unique_ptr<COptionPrompt> m_prompt;
+    std::unique_ptr<OptionPrompt> m_prompt;
 };
