@@ -37,6 +37,7 @@ public:
 
     /// Takes the mesh over.
     void SetMesh(std::unique_ptr<GK_Mesh> mesh);
+    [[nodiscard]] GK_Mesh* Mesh() { return m_mesh.get(); }
     [[nodiscard]] const GK_Mesh* Mesh() const { return m_mesh.get(); }
     [[nodiscard]] const GK_Geometry* Geometry() const override;
 

@@ -1,0 +1,111 @@
+#include "console_host/app/document.h"
+
+#include "console_host/app/import_journal.h"
+#include "console_host/app/soundness.h"
+
+#include <algorithm>
+#include <new>
+
+namespace {
+
+constexpr const char* NoMemory = "there is no memory for it";
+
+bool IsIndexOf(int index, int count)
+{
+    return index >= 0 && index < count;
+}
+
+/// Notes a refusal as far as there is memory to; always false.
+bool Refuse(const char* type, const std::string& reason)
+{
+    try {
+        NoteRefused(type, reason);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return false;
+}
+
+} // namespace
+
+ConsoleDoc::ConsoleDoc(double absoluteTolerance) : m_absoluteTolerance(absoluteTolerance) {}
+
+void ConsoleDoc::CheckAttributes(const char* call, const GK_MdxObjectAttributes& attributes) const
+{
+    if (!IsIndexOf(attributes.layerIndex, Layers().Count()))
+        NoteGuestFault(call, "a layer index that the document does not have");
+    if (attributes.materialIndex != -1 && !IsIndexOf(attributes.materialIndex, Materials().Count()))
+        NoteGuestFault(call, "a material index that the document does not have");
+    const GK_SimpleArray<int>& groups = attributes.Groups();
+    if (!std::all_of(groups.begin(), groups.end(),
+                     [this](int group) { return IsIndexOf(group, Groups().Count()); }))
+        NoteGuestFault(call, "a group index that the document does not have");
+}
+
+std::string ConsoleDoc::WhyRefused(const CKelvoObject& object)
+{
+    if (m_addsToFailure > 0 && --m_addsToFailure == 0)
+        return "it was made to fail";
+    const AnyGeometry geometry = GeometryOf(object);
+    if (std::holds_alternative<std::monostate>(geometry))
+        NoteGuestFault("AddObject", "an object without geometry");
+    return WhyUnsound(geometry);
+}
+
+bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
+{
+    if (object == nullptr) {
+        NoteGuestFault("AddObject", "no object");
+        return false;
+    }
+    const char* kind = KindOf(*object);
+    try {
+        if (const std::string reason = WhyRefused(*object); !reason.empty())
+            return Refuse(kind, reason);
+        CheckAttributes("AddObject", object->Attributes());
+        if (auto* mesh = dynamic_cast<CKelvoMeshObject*>(object.get()))
+            ReplaceUnsoundDirections(*mesh->Mesh());
+        m_entries.push_back({std::move(object), nullptr, {}});
+    } catch (const std::bad_alloc&) {
+        return Refuse(kind, NoMemory);
+    }
+    return true;
+}
+
+bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttributes& attributes,
+                                const CKelvoHistory*, bool)
+{
+    try {
+        if (const std::string reason = WhyUnsound(&point); !reason.empty())
+            return Refuse("point", reason);
+        const bool shared = !m_pointAttributes.empty() && m_pointAttributes.back() == attributes;
+        if (!shared) {
+            CheckAttributes("AddPointObject", attributes);
+            m_pointAttributes.push_back(attributes);
+        }
+        m_entries.push_back({nullptr, &m_pointAttributes.back(), point});
+    } catch (const std::bad_alloc&) {
+        return Refuse("point", NoMemory);
+    }
+    return true;
+}
+
+void ConsoleDoc::GetViewList(CKelvoViewList& views, bool modelViews, bool)
+{
+    views.Empty();
+    if (modelViews)
+        views.Append(&m_view);
+}
+
+void ConsoleDoc::Redraw()
+{
+    CurrentJournal().redrawn = true;
+}
+
+DocumentObject ConsoleDoc::Object(int index) const
+{
+    const Entry& entry = m_entries[static_cast<std::size_t>(index)];
+    if (entry.object == nullptr)
+        return {entry.pointAttributes, &entry.point};
+    return {&entry.object->Attributes(), GeometryOf(*entry.object)};
+}

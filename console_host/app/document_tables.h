@@ -1,0 +1,60 @@
+#pragma once
+
+#include "console_host/app/name_index.h"
+
+#include "host/app/tables.h"
+#include "host/geokit/class_array.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+
+/// The layers of a document, in the order of adding; the layer "Default" is there from the start
+/// and is the current one.
+class LayerTable final : public CKelvoLayerTable
+{
+public:
+    LayerTable();
+
+    [[nodiscard]] int CurrentLayerIndex() const override { return 0; }
+    [[nodiscard]] int FindLayer(const GK_UUID& parentId, const GK_wString& name,
+                                bool ignoreDeleted) const override;
+
+    /// A record with the nil id gets a fresh one. Fresh ids repeat from one document to the next,
+    /// so that the same import always gives the same document.
+    int AddLayer(const GK_Layer& layer, bool reference) override;
+
+    [[nodiscard]] const GK_ClassArray<GK_Layer>& Layers() const { return m_layers; }
+
+private:
+    GK_ClassArray<GK_Layer> m_layers;
+    std::map<std::array<std::uint8_t, 16>, NameIndex> m_namesUnder; ///< by the parent's id
+};
+
+/// The groups of a document, in the order of adding.
+class GroupTable final : public CKelvoGroupTable
+{
+public:
+    [[nodiscard]] int FindGroup(const GK_wString& name, int ignoreDeleted) const override;
+    int AddGroup(const GK_Group& group, bool reference) override;
+
+    [[nodiscard]] const GK_ClassArray<GK_Group>& Groups() const { return m_groups; }
+
+private:
+    GK_ClassArray<GK_Group> m_groups;
+    NameIndex m_names;
+};
+
+/// The materials of a document, in the order of adding.
+class MaterialTable final : public CKelvoMaterialTable
+{
+public:
+    [[nodiscard]] int FindMaterial(const GK_wString& name, bool ignoreDeleted) const override;
+    int AddMaterial(const GK_Material& material, bool reference) override;
+
+    [[nodiscard]] const GK_ClassArray<GK_Material>& Materials() const { return m_materials; }
+
+private:
+    GK_ClassArray<GK_Material> m_materials;
+    NameIndex m_names;
+};
