@@ -54,6 +54,24 @@ void NoteAmbiguous(std::wstring_view word, const WordMatch& match)
     CurrentAnswers().Note(Quoted(word) + L" could be " + ListOfNames(match.couldBe) + L".");
 }
 
+/// Position of the value that a word names; -1, and a note why, when it names none.
+int MatchValue(const Item& item, std::wstring_view word)
+{
+    const WordMatch match = MatchWord(word, item.values);
+    if (match.index >= 0)
+        return match.index;
+    if (item.toggled != nullptr && IsOneOf(word, OffWords))
+        return 0;
+    if (item.toggled != nullptr && IsOneOf(word, OnWords))
+        return 1;
+    if (match.couldBe.size() > 1)
+        NoteAmbiguous(word, match);
+    else
+        CurrentAnswers().Note(Quoted(word) + L" is no value of " + LocalName(item.name) +
+                              L"; its values are " + NamesOf(item.values) + L".");
+    return -1;
+}
+
 } // namespace
 
 std::wstring OptionPrompt::Question() const
@@ -148,23 +166,6 @@ int OptionPrompt::AskForValue(int itemIndex)
         if (value >= 0)
             return Choose(itemIndex, value);
     }
-}
-
-int OptionPrompt::MatchValue(const Item& item, std::wstring_view word) const
-{
-    const WordMatch match = MatchWord(word, item.values);
-    if (match.index >= 0)
-        return match.index;
-    if (item.toggled != nullptr && IsOneOf(word, OffWords))
-        return 0;
-    if (item.toggled != nullptr && IsOneOf(word, OnWords))
-        return 1;
-    if (match.couldBe.size() > 1)
-        NoteAmbiguous(word, match);
-    else
-        CurrentAnswers().Note(Quoted(word) + L" is no value of " + LocalName(item.name) +
-                              L"; its values are " + NamesOf(item.values) + L".");
-    return -1;
 }
 
 int OptionPrompt::Choose(int itemIndex, int valueIndex)

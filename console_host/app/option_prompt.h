@@ -37,7 +37,6 @@ private:
     int Take(const std::wstring& word);
     int AskForValue(int itemIndex);
     int Choose(int itemIndex, int valueIndex);
-    [[nodiscard]] int MatchValue(const Item& item, std::wstring_view word) const;
     [[nodiscard]] std::wstring Question() const;
 
     std::deque<std::wstring> m_words;
