@@ -6,44 +6,59 @@
 #include <array>
 #include <cstdint>
 
-/// A B-spline surface, rational or not.
+/// A B-spline surface in space, rational or not.
 ///
-/// The members are set directly by whoever makes the surface, in any order; nothing is checked
-/// until IsValid is asked. In each direction a complete surface has order + count - 2 knots (no
-/// superfluous ends), and its domain goes from knot order - 2 to knot count - 1.
+/// Whoever makes the surface gives it its parts in any order; nothing is checked until IsValid is
+/// asked. In each direction a complete surface has order + count - 2 knots (no superfluous ends),
+/// and its domain goes from knot order - 2 to knot count - 1. Control points stand one after the
+/// other with u running fastest: coordinates (not multiplied by the weight), then the weight when
+/// rational.
 class GK_NurbsSurface : public GK_Surface
 {
 public:
-    int dimension = 0; ///< 3
-    bool rational = false;
-    std::array<int, 2> order{};             ///< degree + 1, in u and in v
-    std::array<int, 2> controlPointCount{}; ///< as claimed; the array below may hold fewer
+    /// Sets orders (degree + 1) and the rational flag; knots and control points are removed.
+    void Create(bool rational, int orderU, int orderV);
 
-    /// Doubles from one control point to the next in u and in v.
-    std::array<std::int64_t, 2> controlPointStride{};
+    [[nodiscard]] bool IsRational() const { return m_rational; }
+    [[nodiscard]] int Order(int direction) const { return m_order[Index(direction)]; }
 
-    /// The control points: coordinates (not multiplied by the weight), then the weight when
-    /// rational. Never set: GK_UNSET_VALUE.
-    GK_SimpleArray<double> controlPoints;
-    std::array<GK_SimpleArray<double>, 2> knots;
+    /// Doubles per control point: 3, or 4 when rational.
+    [[nodiscard]] int ControlPointStride() const { return m_rational ? 4 : 3; }
 
-    /// Makes the control-point array at least `count` doubles long; new ones are unset. Throws
-    /// std::bad_alloc when there is no memory.
+    /// The number of control points in a direction, as claimed; there may be fewer.
+    [[nodiscard]] int ControlPointCount(int direction) const { return m_count[Index(direction)]; }
+
+    /// Claims numbers of control points. What stands in the array is not moved.
+    void SetControlPointCounts(int countU, int countV);
+
+    /// The number of control points that there is room for.
+    [[nodiscard]] int ControlPointCapacity() const;
+
+    /// Makes the control-point array at least `count` doubles long; new ones are GK_UNSET_VALUE.
+    /// Throws std::bad_alloc when there is no memory.
     void ReserveCVCapacity(int count);
 
     /// Sets control point (i, j) from the layout that `style` names; one without a weight gets
-    /// weight 1 on a rational surface. False when the control-point array has no such point.
+    /// weight 1 on a rational surface. False when there is no room for such a control point.
     bool SetCV(int i, int j, GK::point_style style, const double* point);
 
-    /// A control point, which must exist, and its weight (1 when not rational).
+    /// A control point, which there must be room for, and its weight (1 when not rational).
     [[nodiscard]] GK_3dPoint ControlPoint(int i, int j) const;
     [[nodiscard]] double Weight(int i, int j) const;
+
+    /// The doubles of a control point, which there must be room for.
+    [[nodiscard]] const double* ControlPointValues(int i, int j) const;
 
     /// The number of knots that a complete surface has in the direction; may be negative.
     [[nodiscard]] std::int64_t KnotCount(int direction) const;
 
-    /// Sets a knot. False when the direction's knot array is too short.
-    bool SetKnot(int direction, int index, double value);
+    [[nodiscard]] const GK_SimpleArray<double>& Knots(int direction) const
+    {
+        return m_knots[Index(direction)];
+    }
+
+    /// Replaces the knots of a direction.
+    void SetKnots(int direction, GK_SimpleArray<double> knots);
 
     [[nodiscard]] int Degree(int direction) const override;
     [[nodiscard]] GK_Interval Domain(int direction) const override;
@@ -54,8 +69,8 @@ public:
     [[nodiscard]] GK_SurfacePoint Evaluate(double u, double v) const override;
 
     /// A GK_NurbsCurve with the knots and order of the direction.
-    [[nodiscard]] std::unique_ptr<GK_Curve> IsoCurve(int direction,
-                                                     double parameter) const override;
+    [[nodiscard]] std::unique_ptr<GK_NurbsCurve> IsoCurve(int direction,
+                                                          double parameter) const override;
 
     /// As GK_NurbsCurve::IsValid, in both directions.
     [[nodiscard]] bool IsValid(std::string* reason) const override;
@@ -69,4 +84,24 @@ public:
     {
         return dynamic_cast<const GK_NurbsSurface*>(object);
     }
+
+private:
+    static std::size_t Index(int direction) { return direction == 0 ? 0 : 1; }
+    [[nodiscard]] bool Check(std::string* reason) const;
+
+    enum class Validity
+    {
+        Unknown,
+        Valid,
+        Invalid
+    };
+
+    bool m_rational = false;
+    std::array<int, 2> m_order{};
+    std::array<int, 2> m_count{};
+    GK_SimpleArray<double> m_controlPoints;
+    std::array<GK_SimpleArray<double>, 2> m_knots;
+
+    // Trimming asks for every trim whether the surface is valid; a large net is looked over once.
+    mutable Validity m_validity = Validity::Unknown;
 };

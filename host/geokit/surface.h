@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geokit/curve.h"
+#include "host/geokit/nurbs_curve.h"
 
 /// A point of a surface and the first derivatives there.
 struct GK_SurfacePoint
@@ -29,9 +29,9 @@ public:
     [[nodiscard]] virtual GK_SurfacePoint Evaluate(double u, double v) const = 0;
 
     /// The curve along `direction` on which the other parameter is `parameter`, over the domain of
-    /// `direction`. The surface must be valid.
-    [[nodiscard]] virtual std::unique_ptr<GK_Curve> IsoCurve(int direction,
-                                                             double parameter) const = 0;
+    /// `direction`. Null when the surface is not valid.
+    [[nodiscard]] virtual std::unique_ptr<GK_NurbsCurve> IsoCurve(int direction,
+                                                                  double parameter) const = 0;
 
     /// False when the surface is not sound; `reason`, unless null, then says why as a clause.
     [[nodiscard]] virtual bool IsValid(std::string* reason) const = 0;

@@ -1,0 +1,241 @@
+#include "console_host/geokit/brep_join.h"
+
+#include "console_host/geokit/brep_trims.h"
+
+#include "host/geokit/nurbs_curve.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <unordered_map>
+
+namespace {
+
+// The box around what comes together at a vertex.
+struct Box
+{
+    GK_3dPoint low;
+    GK_3dPoint high;
+    bool empty = true;
+
+    void Add(const GK_3dPoint& point)
+    {
+        if (empty)
+            low = high = point;
+        empty = false;
+        low = {std::min(low.x, point.x), std::min(low.y, point.y), std::min(low.z, point.z)};
+        high = {std::max(high.x, point.x), std::max(high.y, point.y), std::max(high.z, point.z)};
+    }
+
+    // Ends at exactly one place leave their vertex exactly there.
+    [[nodiscard]] GK_3dPoint Middle() const { return low + 0.5 * (high - low); }
+};
+
+// Points by the cell of a grid, to find those within a cell's width of a place.
+class PointGrid
+{
+public:
+    explicit PointGrid(double width) : m_width(width) {}
+
+    void Add(const GK_3dPoint& point, int number)
+    {
+        m_cells.emplace(Cell(point), Entry{point, number});
+    }
+
+    // The number of a point within the width, or -1.
+    [[nodiscard]] int Find(const GK_3dPoint& point) const
+    {
+        const GK_3dPoint center = Cell(point);
+        for (int i = 0; i < 27; ++i) {
+            const GK_3dVector step{i % 3 - 1.0, i / 3 % 3 - 1.0, i / 9 - 1.0};
+            const auto [first, last] = m_cells.equal_range(center + step);
+            for (auto entry = first; entry != last; ++entry)
+                if (entry->second.point.DistanceTo(point) <= m_width)
+                    return entry->second.number;
+        }
+        return -1;
+    }
+
+private:
+    struct Entry
+    {
+        GK_3dPoint point;
+        int number;
+    };
+
+    struct Hash
+    {
+        std::size_t operator()(const GK_3dPoint& cell) const
+        {
+            const std::hash<double> hash;
+            return (hash(cell.x) * 31 + hash(cell.y)) * 31 + hash(cell.z);
+        }
+    };
+
+    [[nodiscard]] GK_3dPoint Cell(const GK_3dPoint& point) const
+    {
+        return {std::floor(point.x / m_width), std::floor(point.y / m_width),
+                std::floor(point.z / m_width)};
+    }
+
+    double m_width;
+    std::unordered_multimap<GK_3dPoint, Entry, Hash> m_cells;
+};
+
+class Joiner
+{
+public:
+    explicit Joiner(GK_Brep& brep) : m_brep(brep), m_leader(Size(brep.VertexCount()))
+    {
+        std::iota(m_leader.begin(), m_leader.end(), 0);
+    }
+
+    void JoinAlongLoops();
+    void JoinNearby(double tolerance);
+    void MoveVertices();
+    void DropCollapsedEdges();
+
+private:
+    static std::size_t Size(int count) { return static_cast<std::size_t>(count); }
+
+    int Leader(int vertex);
+    void Join(int a, int b);
+    std::vector<Box> Gather();
+    [[nodiscard]] bool IsCollapsed(const GK_BrepEdge& edge, double size) const;
+
+    GK_Brep& m_brep;
+    std::vector<int> m_leader; // union-find, lowest index leads
+};
+
+int Joiner::Leader(int vertex)
+{
+    while (m_leader[Size(vertex)] != vertex) {
+        int& leader = m_leader[Size(vertex)];
+        leader = m_leader[Size(leader)];
+        vertex = leader;
+    }
+    return vertex;
+}
+
+void Joiner::Join(int a, int b)
+{
+    const int leaderA = Leader(a);
+    const int leaderB = Leader(b);
+    m_leader[Size(std::max(leaderA, leaderB))] = std::min(leaderA, leaderB);
+}
+
+void Joiner::JoinAlongLoops()
+{
+    for (int i = 0; i < m_brep.LoopCount(); ++i) {
+        const GK_SimpleArray<int>& trims = m_brep.Loop(i).trimIndices;
+        for (int k = 0; k < trims.Count(); ++k) {
+            const GK_BrepTrim& trim = m_brep.Trim(trims[k]);
+            const GK_BrepTrim& next = m_brep.Trim(trims[(k + 1) % trims.Count()]);
+            Join(trim.vertexIndex[1], next.vertexIndex[0]);
+        }
+    }
+}
+
+// For each leader the box around the trim ends there.
+std::vector<Box> Joiner::Gather()
+{
+    std::vector<Box> boxes(m_leader.size());
+    for (int i = 0; i < m_brep.TrimCount(); ++i) {
+        const GK_BrepTrim& trim = m_brep.Trim(i);
+        const TrimEnds ends = EndsOf(m_brep, trim);
+        for (const std::size_t end : {0U, 1U})
+            boxes[Size(Leader(trim.vertexIndex[end]))].Add(ends.point[end]);
+    }
+    return boxes;
+}
+
+// The farthest that an edge gets from its start.
+double Reach(const GK_BrepEdge& edge)
+{
+    const GK_3dPoint start = edge.PointAtStart();
+    double reach = 0.0;
+    for (const double fraction : {0.25, 0.5, 0.75, 1.0})
+        reach =
+            std::max(reach, start.DistanceTo(edge.PointAt(edge.Domain().ParameterAt(fraction))));
+    return reach;
+}
+
+void Joiner::JoinNearby(double tolerance)
+{
+    // A model smaller than the tolerance must not shrink to a point.
+    constexpr double ShareOfEdge = 0.25;
+    for (int i = 0; i < m_brep.EdgeCount(); ++i)
+        if (const double reach = Reach(m_brep.Edge(i)); reach > 0.0)
+            tolerance = std::min(tolerance, ShareOfEdge * reach);
+    if (!(tolerance > 0.0))
+        return;
+    PointGrid grid(tolerance);
+    const std::vector<Box> boxes = Gather();
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (boxes[i].empty)
+            continue;
+        const GK_3dPoint place = boxes[i].Middle();
+        const int vertex = static_cast<int>(i);
+        if (const int near = grid.Find(place); near >= 0)
+            Join(near, vertex);
+        else
+            grid.Add(place, vertex);
+    }
+}
+
+void Joiner::MoveVertices()
+{
+    const std::vector<Box> boxes = Gather();
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (boxes[i].empty)
+            continue;
+        GK_BrepVertex& vertex = m_brep.Vertex(static_cast<int>(i));
+        vertex.point = boxes[i].Middle();
+        vertex.tolerance = vertex.point.DistanceTo(boxes[i].low);
+    }
+    for (int i = 0; i < m_brep.TrimCount(); ++i)
+        for (int& vertex : m_brep.Trim(i).vertexIndex)
+            vertex = Leader(vertex);
+    for (int i = 0; i < m_brep.EdgeCount(); ++i)
+        for (int& vertex : m_brep.Edge(i).vertexIndex)
+            vertex = Leader(vertex);
+}
+
+bool Joiner::IsCollapsed(const GK_BrepEdge& edge, double size) const
+{
+    constexpr double RelativeTolerance = 1e-9;
+    const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(m_brep.EdgeCurve(edge.curveIndex));
+    if (curve == nullptr || edge.vertexIndex[0] != edge.vertexIndex[1])
+        return false;
+    const GK_3dPoint start = edge.PointAtStart();
+    for (int i = 0; i < curve->controlPointCount; ++i)
+        if (start.DistanceTo(curve->ControlPoint(i)) > RelativeTolerance * size)
+            return false;
+    return true;
+}
+
+void Joiner::DropCollapsedEdges()
+{
+    double size = 0.0;
+    for (int i = 0; i < m_brep.EdgeCount(); ++i)
+        size = std::max(size, Reach(m_brep.Edge(i)));
+    for (int i = 0; i < m_brep.TrimCount(); ++i) {
+        GK_BrepTrim& trim = m_brep.Trim(i);
+        if (trim.edgeIndex < 0 || !IsCollapsed(m_brep.Edge(trim.edgeIndex), size))
+            continue;
+        trim.edgeIndex = -1;
+        trim.reversed = false;
+    }
+}
+
+} // namespace
+
+void JoinTrimEnds(GK_Brep& brep, double tolerance)
+{
+    Joiner joiner(brep);
+    joiner.JoinAlongLoops();
+    joiner.JoinNearby(tolerance);
+    joiner.MoveVertices();
+    joiner.DropCollapsedEdges();
+}

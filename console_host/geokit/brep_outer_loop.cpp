@@ -1,0 +1,188 @@
+#include "console_host/geokit/line_curve.h"
+
+#include "host/geokit/brep.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// Sides in the order of the loop, each from the corner of its number to the next corner.
+enum : int
+{
+    South, // v lowest, u rising
+    East,  // u highest, v rising
+    North, // v highest, u falling
+    West,  // u lowest, v falling
+    SideCount
+};
+
+struct Side
+{
+    std::unique_ptr<GK_NurbsCurve> curve; // rising, whichever way the loop takes it
+    bool collapsed = false;
+    bool shared = false; // the curve of the side opposite, of lower number, is the same
+};
+
+struct Boundary
+{
+    std::array<Side, SideCount> sides;
+    std::array<GK_3dPoint, SideCount> uv; // corners in the parameter plane
+};
+
+std::size_t At(int side)
+{
+    return static_cast<std::size_t>(side % SideCount);
+}
+
+// The longest extent of the four sides along an axis.
+double Size(const Boundary& boundary)
+{
+    constexpr double Infinity = std::numeric_limits<double>::infinity();
+    GK_3dPoint low{Infinity, Infinity, Infinity};
+    GK_3dPoint high{-Infinity, -Infinity, -Infinity};
+    for (const Side& side : boundary.sides) {
+        for (int i = 0; i < side.curve->controlPointCount; ++i) {
+            const GK_3dPoint point = side.curve->ControlPoint(i);
+            low = {std::min(low.x, point.x), std::min(low.y, point.y), std::min(low.z, point.z)};
+            high = {std::max(high.x, point.x), std::max(high.y, point.y),
+                    std::max(high.z, point.z)};
+        }
+    }
+    return std::max({high.x - low.x, high.y - low.y, high.z - low.z});
+}
+
+bool IsCollapsed(const GK_NurbsCurve& curve, double tolerance)
+{
+    const GK_3dPoint first = curve.ControlPoint(0);
+    for (int i = 1; i < curve.controlPointCount; ++i)
+        if (first.DistanceTo(curve.ControlPoint(i)) > tolerance)
+            return false;
+    return true;
+}
+
+// Both are lines of one surface, so they have the same knots.
+bool AreSame(const GK_NurbsCurve& a, const GK_NurbsCurve& b, double tolerance)
+{
+    constexpr double WeightTolerance = 1e-9;
+    const double scale = b.Weight(0) / a.Weight(0);
+    for (int i = 0; i < a.controlPointCount; ++i) {
+        if (a.ControlPoint(i).DistanceTo(b.ControlPoint(i)) > tolerance)
+            return false;
+        if (std::abs(a.Weight(i) * scale - b.Weight(i)) > WeightTolerance * b.Weight(i))
+            return false;
+    }
+    return true;
+}
+
+Boundary MakeBoundary(const GK_Surface& surface)
+{
+    // Sides that differ by less than files commonly write are meant to be the same.
+    constexpr double RelativeTolerance = 1e-9;
+    const GK_Interval u = surface.Domain(0);
+    const GK_Interval v = surface.Domain(1);
+    Boundary boundary;
+    boundary.uv = {GK_3dPoint{u[0], v[0], 0.0}, GK_3dPoint{u[1], v[0], 0.0},
+                   GK_3dPoint{u[1], v[1], 0.0}, GK_3dPoint{u[0], v[1], 0.0}};
+    boundary.sides[South].curve = surface.IsoCurve(0, v[0]);
+    boundary.sides[East].curve = surface.IsoCurve(1, u[1]);
+    boundary.sides[North].curve = surface.IsoCurve(0, v[1]);
+    boundary.sides[West].curve = surface.IsoCurve(1, u[0]);
+    const double tolerance = RelativeTolerance * Size(boundary);
+    for (Side& side : boundary.sides)
+        side.collapsed = IsCollapsed(*side.curve, tolerance);
+    for (const int side : {North, West})
+        boundary.sides[At(side)].shared = AreSame(*boundary.sides[At(side - 2)].curve,
+                                                  *boundary.sides[At(side)].curve, tolerance);
+    return boundary;
+}
+
+// For each corner the first corner that is at the same place because of a collapsed or shared side.
+std::array<int, SideCount> MergeCorners(const Boundary& boundary)
+{
+    std::array<int, SideCount> leader{0, 1, 2, 3};
+    const auto merge = [&](int a, int b) {
+        const int low = std::min(leader[At(a)], leader[At(b)]);
+        const int high = std::max(leader[At(a)], leader[At(b)]);
+        std::replace(leader.begin(), leader.end(), high, low);
+    };
+    for (int side = South; side < SideCount; ++side) {
+        if (boundary.sides[At(side)].collapsed)
+            merge(side, side + 1);
+        if (boundary.sides[At(side)].shared) {
+            merge(side, side - 1);
+            merge(side + 1, side - 2);
+        }
+    }
+    return leader;
+}
+
+// Gives corners at one place one vertex, an existing one where a corner names it.
+void ChooseVertices(GK_Brep& brep, const Boundary& boundary, const GK_Surface& surface,
+                    int vertices[SideCount])
+{
+    const std::array<int, SideCount> leader = MergeCorners(boundary);
+    std::array<int, SideCount> chosen{-1, -1, -1, -1};
+    for (int corner = 0; corner < SideCount; ++corner)
+        if (vertices[corner] >= 0 && vertices[corner] < brep.VertexCount())
+            chosen[At(leader[At(corner)])] = vertices[corner];
+    for (int corner = 0; corner < SideCount; ++corner) {
+        int& vertex = chosen[At(leader[At(corner)])];
+        if (vertex < 0) {
+            const GK_3dPoint& uv = boundary.uv[At(corner)];
+            vertex = brep.NewVertex(surface.PointAt(uv.x, uv.y), 0.0).vertexIndex;
+        }
+        vertices[corner] = vertex;
+    }
+}
+
+// Gives each side that does not collapse its edge and says how the loop takes it.
+void ChooseEdges(GK_Brep& brep, Boundary& boundary, const int vertices[SideCount],
+                 int edges[SideCount], bool reversed[SideCount])
+{
+    for (int i = South; i < SideCount; ++i) {
+        Side& side = boundary.sides[At(i)];
+        if (side.collapsed) {
+            edges[i] = -1;
+        } else if (edges[i] >= 0 && edges[i] < brep.EdgeCount()) {
+            continue;
+        } else if (side.shared) {
+            edges[i] = edges[i - 2];
+            reversed[i] = !reversed[i - 2];
+        } else {
+            reversed[i] = i >= North;
+            const int first = vertices[At(reversed[i] ? i + 1 : i)];
+            const int last = vertices[At(reversed[i] ? i : i + 1)];
+            const int curve = brep.AddEdgeCurve(std::move(side.curve));
+            edges[i] =
+                brep.NewEdge(brep.Vertex(first), brep.Vertex(last), curve, nullptr, 0.0).edgeIndex;
+        }
+    }
+}
+
+} // namespace
+
+GK_BrepLoop* GK_Brep::NewOuterLoop(int faceIndex, int vertices[4], int edges[4], bool reversed[4])
+{
+    if (faceIndex < 0 || faceIndex >= FaceCount())
+        return nullptr;
+    const GK_Surface* surface = Surface(Face(faceIndex).surfaceIndex);
+    if (surface == nullptr || !surface->IsValid())
+        return nullptr;
+    Boundary boundary = MakeBoundary(*surface);
+    ChooseVertices(*this, boundary, *surface, vertices);
+    ChooseEdges(*this, boundary, vertices, edges, reversed);
+    const int loop = NewLoop(GK_BrepLoop::outer, Face(faceIndex)).loopIndex;
+    for (int i = South; i < SideCount; ++i) {
+        const GK_Interval domain = surface->Domain(i % 2);
+        const int curve =
+            AddTrimCurve(MakeLineCurve(boundary.uv[At(i)], boundary.uv[At(i + 1)], domain));
+        if (edges[i] >= 0)
+            NewTrim(Edge(edges[i]), reversed[i] ? 1 : 0, Loop(loop), curve);
+        else
+            NewSingularTrim(Vertex(vertices[i]), Loop(loop), curve);
+    }
+    return &Loop(loop);
+}

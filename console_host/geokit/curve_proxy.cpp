@@ -1,0 +1,59 @@
+#include "host/geokit/curve_proxy.h"
+
+#include "console_host/geokit/nurbs_checks.h"
+
+GK_CurveProxy::GK_CurveProxy(const GK_Curve* curve)
+{
+    SetProxyCurve(curve);
+}
+
+void GK_CurveProxy::SetProxyCurve(const GK_Curve* curve)
+{
+    m_curve = curve;
+    m_domain = curve == nullptr ? GK_Interval() : curve->Domain();
+}
+
+int GK_CurveProxy::Dimension() const
+{
+    return m_curve == nullptr ? 0 : m_curve->Dimension();
+}
+
+int GK_CurveProxy::Degree() const
+{
+    return m_curve == nullptr ? 0 : m_curve->Degree();
+}
+
+bool GK_CurveProxy::SetDomain(double t0, double t1)
+{
+    SetDomain(GK_Interval(t0, t1));
+    return true;
+}
+
+GK_CurvePoint GK_CurveProxy::Evaluate(double t) const
+{
+    return m_curve == nullptr ? GK_CurvePoint() : m_curve->Evaluate(t);
+}
+
+void GK_CurveProxy::Reverse()
+{
+    m_domain = GK_Interval(m_domain[1], m_domain[0]);
+}
+
+bool GK_CurveProxy::IsValid(std::string* reason) const
+{
+    if (m_curve == nullptr)
+        return Unsound(reason, "the curve is missing");
+    if (!m_curve->IsValid(reason))
+        return false;
+    if (m_domain.Length() == 0.0)
+        return Unsound(reason, "the part of the curve is empty");
+    const GK_Interval whole = m_curve->Domain();
+    if (!(m_domain.Min() >= whole.Min() && m_domain.Max() <= whole.Max()))
+        return Unsound(reason, "the part reaches out of the curve's domain");
+    return true;
+}
+
+std::unique_ptr<GK_Curve> GK_CurveProxy::Duplicate() const
+{
+    return std::make_unique<GK_CurveProxy>(*this);
+}

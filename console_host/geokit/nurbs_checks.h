@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+/// Sets `reason`, unless null, and gives false.
+bool Unsound(std::string* reason, std::string text);
+
+/// What a B-spline says of one direction. `direction` stands in the reasons: empty for a curve,
+/// " in u" or " in v" for a surface.
+struct BsplineDirection
+{
+    int order;
+    int count;
+    std::span<const double> knots;
+    const char* direction;
+};
+
+/// The order is 2 or more and there are at least as many control points.
+bool CheckOrder(const BsplineDirection& bspline, const char* subject, std::string* reason);
+
+/// The knots are as many as there must be, finite, never decrease, have no multiplicity above the
+/// degree, and leave a domain.
+bool CheckKnots(const BsplineDirection& bspline, const char* subject, std::string* reason);
+
+/// `values` holds the coordinates, and the weights when rational, of `count` control points, all
+/// set and finite, the weights positive.
+bool CheckControlPoints(std::span<const double> values, std::int64_t count, int dimension,
+                        bool rational, const char* subject, std::string* reason);

@@ -1,0 +1,137 @@
+#include "host/geokit/nurbs_surface.h"
+
+#include "console_host/geokit/knots.h"
+#include "console_host/geokit/nurbs_checks.h"
+#include "console_host/geokit/nurbs_evaluation.h"
+
+#include <algorithm>
+#include <limits>
+
+void GK_NurbsSurface::Create(bool rational, int orderU, int orderV)
+{
+    *this = GK_NurbsSurface();
+    m_rational = rational;
+    m_order = {orderU, orderV};
+}
+
+void GK_NurbsSurface::SetControlPointCounts(int countU, int countV)
+{
+    m_validity = Validity::Unknown;
+    m_count = {countU, countV};
+}
+
+int GK_NurbsSurface::ControlPointCapacity() const
+{
+    return m_controlPoints.Count() / ControlPointStride();
+}
+
+void GK_NurbsSurface::ReserveCVCapacity(int count)
+{
+    const int before = m_controlPoints.Count();
+    if (count <= before)
+        return;
+    m_validity = Validity::Unknown;
+    m_controlPoints.SetCount(count);
+    std::fill(m_controlPoints.begin() + before, m_controlPoints.end(), GK_UNSET_VALUE);
+}
+
+const double* GK_NurbsSurface::ControlPointValues(int i, int j) const
+{
+    return m_controlPoints.Array() + (std::int64_t{j} * m_count[0] + i) * ControlPointStride();
+}
+
+bool GK_NurbsSurface::SetCV(int i, int j, GK::point_style style, const double* point)
+{
+    if (i < 0 || i >= m_count[0] || j < 0 || j >= m_count[1])
+        return false;
+    const std::int64_t position = std::int64_t{j} * m_count[0] + i;
+    if (position >= ControlPointCapacity())
+        return false;
+    m_validity = Validity::Unknown;
+    double* values = m_controlPoints.Array() + position * ControlPointStride();
+    std::copy_n(point, 3, values);
+    if (m_rational)
+        values[3] = style == GK::euclidean_rational ? point[3] : 1.0;
+    return true;
+}
+
+GK_3dPoint GK_NurbsSurface::ControlPoint(int i, int j) const
+{
+    const double* values = ControlPointValues(i, j);
+    return {values[0], values[1], values[2]};
+}
+
+double GK_NurbsSurface::Weight(int i, int j) const
+{
+    return m_rational ? ControlPointValues(i, j)[3] : 1.0;
+}
+
+std::int64_t GK_NurbsSurface::KnotCount(int direction) const
+{
+    return std::int64_t{Order(direction)} + ControlPointCount(direction) - 2;
+}
+
+void GK_NurbsSurface::SetKnots(int direction, GK_SimpleArray<double> knots)
+{
+    m_validity = Validity::Unknown;
+    m_knots[Index(direction)] = std::move(knots);
+}
+
+int GK_NurbsSurface::Degree(int direction) const
+{
+    return Order(direction) - 1;
+}
+
+GK_Interval GK_NurbsSurface::Domain(int direction) const
+{
+    return KnotDomain(Knots(direction), Order(direction), ControlPointCount(direction));
+}
+
+bool GK_NurbsSurface::SetDomain(int direction, double t0, double t1)
+{
+    m_validity = Validity::Unknown;
+    return MapKnots(m_knots[Index(direction)], Domain(direction), t0, t1);
+}
+
+GK_SurfacePoint GK_NurbsSurface::Evaluate(double u, double v) const
+{
+    if (!IsValid())
+        return {};
+    return EvaluateInSpans(*this, FindSpans(*this, u, v), u, v);
+}
+
+std::unique_ptr<GK_NurbsCurve> GK_NurbsSurface::IsoCurve(int direction, double parameter) const
+{
+    if (!IsValid())
+        return nullptr;
+    return IsoCurveOver(*this, direction, parameter, Domain(direction));
+}
+
+bool GK_NurbsSurface::IsValid(std::string* reason) const
+{
+    if (m_validity == Validity::Unknown || (m_validity == Validity::Invalid && reason != nullptr))
+        m_validity = Check(reason) ? Validity::Valid : Validity::Invalid;
+    return m_validity == Validity::Valid;
+}
+
+bool GK_NurbsSurface::Check(std::string* reason) const
+{
+    constexpr const char* Subject = "surface";
+    const auto direction = [&](int d) {
+        return BsplineDirection{Order(d),
+                                ControlPointCount(d),
+                                {Knots(d).begin(), Knots(d).end()},
+                                d == 0 ? " in u" : " in v"};
+    };
+    for (const int d : {0, 1}) {
+        if (Knots(d).IsEmpty())
+            return Unsound(reason,
+                           std::string("the surface has no knots") + direction(d).direction);
+        if (!CheckOrder(direction(d), Subject, reason))
+            return false;
+    }
+    const std::int64_t needed = std::int64_t{m_count[0]} * m_count[1];
+    return CheckControlPoints({m_controlPoints.begin(), m_controlPoints.end()}, needed, 3,
+                              m_rational, Subject, reason) &&
+           CheckKnots(direction(0), Subject, reason) && CheckKnots(direction(1), Subject, reason);
+}

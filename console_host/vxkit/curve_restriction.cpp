@@ -1,0 +1,78 @@
+#include "console_host/vxkit/curve_restriction.h"
+
+#include "console_host/geokit/bspline_basis.h"
+#include "console_host/geokit/weighted_sum.h"
+
+#include <vector>
+
+namespace {
+
+// The blossom of one span's polynomial at `degree` arguments: de Boor's recursion with another
+// argument in each step. `points` holds the span's control points and is used up.
+WeightedSum Blossom(std::vector<WeightedSum>& points, const double* spanKnots, int degree,
+                    const double* arguments)
+{
+    for (int r = 1; r <= degree; ++r) {
+        for (int j = degree; j >= r; --j) {
+            const double low = spanKnots[j - 1];
+            const double high = spanKnots[j + degree - r];
+            const double share = (arguments[r - 1] - low) / (high - low);
+            WeightedSum mixed;
+            mixed.Add(1.0 - share, points[static_cast<std::size_t>(j) - 1]);
+            mixed.Add(share, points[static_cast<std::size_t>(j)]);
+            points[static_cast<std::size_t>(j)] = mixed;
+        }
+    }
+    return points.back();
+}
+
+GK_SimpleArray<double> RestrictedKnots(const GK_NurbsCurve& curve, double t0, double t1)
+{
+    GK_SimpleArray<double> knots;
+    for (int i = 0; i < curve.Degree(); ++i)
+        knots.Append(t0);
+    for (const double knot : curve.knots)
+        if (knot > t0 && knot < t1)
+            knots.Append(knot);
+    for (int i = 0; i < curve.Degree(); ++i)
+        knots.Append(t1);
+    return knots;
+}
+
+// A parameter within a span that control point `index` of a clamped curve has a part in.
+double InsideSupport(const GK_SimpleArray<double>& knots, int degree, int index)
+{
+    int first = index > degree ? index - 1 : degree - 1;
+    while (knots[first] == knots[first + 1])
+        ++first;
+    return 0.5 * (knots[first] + knots[first + 1]);
+}
+
+} // namespace
+
+std::unique_ptr<GK_NurbsCurve> RestrictCurve(const GK_NurbsCurve& curve, double t0, double t1)
+{
+    const int degree = curve.Degree();
+    const GK_SimpleArray<double> knots = RestrictedKnots(curve, t0, t1);
+    const std::span<const double> oldKnots(curve.knots.begin(), curve.knots.end());
+    auto part = std::make_unique<GK_NurbsCurve>();
+    part->Create(curve.dimension, curve.rational, curve.order, knots.Count() - degree + 1);
+    std::vector<WeightedSum> points;
+    for (int i = 0; i < part->controlPointCount; ++i) {
+        const int span = FindSpan(oldKnots, curve.order, curve.controlPointCount,
+                                  InsideSupport(knots, degree, i));
+        points.assign(static_cast<std::size_t>(curve.order), WeightedSum());
+        for (int j = 0; j <= degree; ++j)
+            points[static_cast<std::size_t>(j)].Add(
+                1.0, curve.controlPoints.Array() + (span + j) * curve.controlPointStride,
+                curve.dimension, curve.rational);
+        const WeightedSum blossom =
+            Blossom(points, curve.knots.Array() + span, degree, knots.Array() + i);
+        const GK_3dPoint place = curve.rational ? blossom.Point() : GK_origin + blossom.sum;
+        double values[4] = {place.x, place.y, place.z, 0.0};
+        values[curve.dimension] = blossom.weight;
+        part->SetCV(i, GK::euclidean_rational, values);
+    }
+    part->knots = knots;
+    return part;
+}
