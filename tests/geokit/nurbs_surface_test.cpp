@@ -1,0 +1,107 @@
+#include "nurbs_shapes.h"
+
+#include "host/geokit/nurbs_surface.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+TEST(NurbsSurface, SphereStaysAtTheRadius)
+{
+    const auto sphere = MakeSphere();
+    ASSERT_TRUE(sphere->IsValid());
+    for (int i = 0; i <= 80; ++i) {
+        for (int j = 0; j <= 40; ++j) {
+            const GK_SurfacePoint at = sphere->Evaluate(0.05 * i, 0.05 * j);
+            const GK_3dVector arm = at.point - GK_origin;
+            EXPECT_NEAR(arm.Length(), 1.0, 1e-12);
+            EXPECT_NEAR(GK_DotProduct(arm, at.du), 0.0, 1e-12);
+            EXPECT_NEAR(GK_DotProduct(arm, at.dv), 0.0, 1e-12);
+        }
+    }
+}
+
+TEST(NurbsSurface, DerivativesAgreeWithDifferences)
+{
+    constexpr double Step = 1e-5;
+    for (const bool rational : {false, true}) {
+        const auto hill = MakeHill(rational);
+        for (int i = 0; i < 20; ++i) {
+            for (int j = 0; j < 20; ++j) {
+                const double u = 0.1 + 0.193 * i;
+                const double v = 0.1 + 0.191 * j;
+                const GK_SurfacePoint at = hill->Evaluate(u, v);
+                const auto du =
+                    (0.5 / Step) * (hill->PointAt(u + Step, v) - hill->PointAt(u - Step, v));
+                const auto dv =
+                    (0.5 / Step) * (hill->PointAt(u, v + Step) - hill->PointAt(u, v - Step));
+                EXPECT_NEAR(at.du.z, du.z, 1e-6);
+                EXPECT_NEAR(at.dv.z, dv.z, 1e-6);
+                EXPECT_NEAR(at.du.x, du.x, 1e-6);
+                EXPECT_NEAR(at.dv.y, dv.y, 1e-6);
+            }
+        }
+    }
+}
+
+TEST(NurbsSurface, IsoCurvesLieOnTheSurface)
+{
+    const auto hill = MakeHill(true);
+    for (const double fixed : {0.0, 0.8, 1.5, 4.0}) {
+        const auto alongU = hill->IsoCurve(0, fixed);
+        const auto alongV = hill->IsoCurve(1, fixed);
+        ASSERT_TRUE(alongU->IsValid() && alongV->IsValid());
+        for (int i = 0; i <= 40; ++i) {
+            const double t = 0.1 * i;
+            EXPECT_LT(alongU->PointAt(t).DistanceTo(hill->PointAt(t, fixed)), 1e-12);
+            EXPECT_LT(alongV->PointAt(t).DistanceTo(hill->PointAt(fixed, t)), 1e-12);
+        }
+    }
+}
+
+TEST(NurbsSurface, SaysWhatIsUnsound)
+{
+    struct Case
+    {
+        void (*spoil)(GK_NurbsSurface&);
+        const char* reason;
+    };
+    const Case cases[] = {
+        {[](GK_NurbsSurface&) {}, ""},
+        {[](GK_NurbsSurface& s) { s.SetKnots(1, {}); }, "the surface has no knots in v"},
+        {[](GK_NurbsSurface& s) {
+             s.SetKnots(0, {0.0, 1.0, 2.0});
+         },
+         "the surface has 3 knots in u where 2 are needed"},
+        {[](GK_NurbsSurface& s) {
+             s.SetKnots(0, {1.0, 0.0});
+         },
+         "the surface's knots in u decrease, from 1 to 0"},
+        {[](GK_NurbsSurface& s) { s.SetControlPointCounts(1000000, 1000000); },
+         "the surface has 4 of its 1000000000000 control points"},
+        {[](GK_NurbsSurface& s) { s.SetControlPointCounts(2, 1); },
+         "the surface has 1 control points in v; degree 1 needs at least 2"},
+        {[](GK_NurbsSurface& s) {
+             const double point[] = {1, 1, GK_UNSET_VALUE, 1};
+             s.SetCV(1, 1, GK::euclidean_rational, point);
+         },
+         "the surface's control point 4 was never set"},
+        {[](GK_NurbsSurface& s) {
+             const double point[] = {1, 1, 1, 0};
+             s.SetCV(1, 0, GK::euclidean_rational, point);
+         },
+         "the surface's control point 2 has weight 0; it must be positive"},
+    };
+    for (const Case& c : cases) {
+        const auto surface = MakeSurface(
+            true, 2, 2, {0, 0, 0, 1, 1, 0, 0, 1, 0, 1, 0, 1, 1, 1, 0, 1}, {0, 1}, {0, 1});
+        ASSERT_TRUE(surface->IsValid());
+        c.spoil(*surface);
+        std::string reason;
+        EXPECT_EQ(surface->IsValid(&reason), *c.reason == '\0') << c.reason;
+        EXPECT_EQ(reason, c.reason);
+    }
+}
+
+} // namespace
