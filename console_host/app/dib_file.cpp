@@ -1,0 +1,128 @@
+#include "console_host/app/dib_layout.h"
+#include "console_host/app/image_library.h"
+#include "console_host/app/image_reader.h"
+#include "console_host/runtime/native_path.h"
+
+#include "host/app/dib.h"
+#include "host/runtime/file.h"
+#include "host/runtime/split_path.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <memory>
+#include <new>
+#include <vector>
+
+namespace {
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Reads up to `size` bytes from the file's start; empty on failure.
+std::vector<unsigned char> ReadBytes(std::FILE* file, std::size_t size)
+{
+    std::vector<unsigned char> bytes(size);
+    std::rewind(file);
+    bytes.resize(std::fread(bytes.data(), 1, size, file));
+    return bytes;
+}
+
+/// The file's size, or 0 when it is not known or above what the image library can count.
+std::size_t SizeOf(std::FILE* file)
+{
+    if (std::fseek(file, 0, SEEK_END) != 0)
+        return 0;
+    const long size = std::ftell(file);
+    return size > 0 && size <= std::numeric_limits<int>::max() ? static_cast<std::size_t>(size) : 0;
+}
+
+bool IsPngName(const wchar_t* path)
+{
+    constexpr std::wstring_view Wanted = L".png";
+    const std::wstring_view extension = SplitPath(path).ext;
+    if (extension.size() != Wanted.size())
+        return false;
+    for (std::size_t i = 0; i < Wanted.size(); ++i) {
+        const wchar_t character = extension[i];
+        const bool isUpper = character >= L'A' && character <= L'Z';
+        if ((isUpper ? character - L'A' + L'a' : character) != Wanted[i])
+            return false;
+    }
+    return true;
+}
+
+/// The image's pixels as the image library takes them: red first, top row first, no padding.
+std::vector<unsigned char> TopDownPixels(const CKelvoUiDib& image)
+{
+    const int bytes = image.GetDepth() / 8;
+    const std::size_t rowSize = DibRowSize(image.Width(), image.GetDepth());
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(image.Width() * bytes) *
+                                      static_cast<std::size_t>(image.Height()));
+    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
+    unsigned char* to = pixels.data();
+    for (int y = 0; y < image.Height(); ++y) {
+        row -= rowSize;
+        const unsigned char* from = row;
+        for (int x = 0; x < image.Width(); ++x, from += bytes, to += bytes) {
+            to[0] = from[2];
+            to[1] = from[1];
+            to[2] = from[0];
+            if (bytes == 4)
+                to[3] = from[3];
+        }
+    }
+    return pixels;
+}
+
+/// Writes beside the target first, so that the target is never half-written.
+bool ReplaceFile(const std::filesystem::path& target, ImageBytes bytes)
+{
+    std::filesystem::path unfinished = target;
+    unfinished += ".part";
+    std::ofstream stream(unfinished, std::ios::binary | std::ios::trunc);
+    if (!stream.is_open())
+        return false;
+    stream.write(reinterpret_cast<const char*>(bytes.data()), // NOLINT(*-reinterpret-cast)
+                 static_cast<std::streamsize>(bytes.size()));
+    stream.close();
+    std::error_code error;
+    if (!stream.fail()) {
+        std::filesystem::rename(unfinished, target, error);
+        if (!error)
+            return true;
+    }
+    std::filesystem::remove(unfinished, error);
+    return false;
+}
+
+} // namespace
+
+int CKelvoDib::ReadFromFile(const wchar_t* path)
+try {
+    const File file(_wfopen(path, L"rb"));
+    if (file == nullptr || !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
+        return 0;
+    return ReadImage(ReadBytes(file.get(), SizeOf(file.get())), *this) ? 1 : 0;
+} catch (const std::bad_alloc&) {
+    return 0;
+}
+
+int CKelvoDib::WriteToFile(const wchar_t* path) const
+try {
+    if (FindDIBBits() == nullptr || !IsPngName(path))
+        return 0;
+    const std::vector<unsigned char> pixels = TopDownPixels(*this);
+    const LibraryImage image{pixels.data(), Width(), Height(), GetDepth() / 8};
+    LibraryMemory memory(std::numeric_limits<std::uint64_t>::max(),
+                         LibraryMemory::WhenExhausted::Throw);
+    const ImageBytes png = MakePng(image, memory);
+    return !png.empty() && ReplaceFile(NativePath(path), png) ? 1 : 0;
+} catch (const std::bad_alloc&) {
+    return 0;
+}

@@ -1,0 +1,90 @@
+#include "console_host/app/library_memory.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+thread_local LibraryMemory* currentMemory = nullptr;
+
+} // namespace
+
+LibraryMemory::LibraryMemory(std::uint64_t largestBlock, WhenExhausted whenExhausted)
+    : m_largestBlock(largestBlock), m_whenExhausted(whenExhausted)
+{
+}
+
+LibraryMemory::~LibraryMemory()
+{
+    while (m_blocks.next != &m_blocks)
+        Free(m_blocks.next + 1);
+}
+
+void* LibraryMemory::Allocate(std::size_t size)
+{
+    if (size > m_largestBlock)
+        return Fail();
+    return Link(static_cast<Block*>(std::calloc(1, sizeof(Block) + size)));
+}
+
+void* LibraryMemory::Reallocate(void* block, std::size_t size)
+{
+    if (block == nullptr)
+        return Allocate(size);
+    if (size > m_largestBlock)
+        return Fail();
+    Block* const old = static_cast<Block*>(block) - 1;
+    Unlink(old);
+    void* const moved = std::realloc(old, sizeof(Block) + size);
+    if (moved == nullptr)
+        Link(old);
+    return Link(static_cast<Block*>(moved));
+}
+
+void LibraryMemory::Free(void* block) noexcept
+{
+    if (block == nullptr)
+        return;
+    Block* const start = static_cast<Block*>(block) - 1;
+    Unlink(start);
+    std::free(start);
+}
+
+LibraryMemory::Block* LibraryMemory::Fail() const
+{
+    if (m_whenExhausted == WhenExhausted::Throw)
+        throw std::bad_alloc();
+    return nullptr;
+}
+
+void* LibraryMemory::Link(Block* block)
+{
+    if (block == nullptr)
+        return Fail();
+    block->previous = &m_blocks;
+    block->next = m_blocks.next;
+    m_blocks.next->previous = block;
+    m_blocks.next = block;
+    return block + 1;
+}
+
+void LibraryMemory::Unlink(Block* block) noexcept
+{
+    block->previous->next = block->next;
+    block->next->previous = block->previous;
+}
+
+LibraryMemory::Use::Use(LibraryMemory& memory)
+{
+    currentMemory = &memory;
+}
+
+LibraryMemory::Use::~Use()
+{
+    currentMemory = nullptr;
+}
+
+LibraryMemory& LibraryMemory::Current()
+{
+    return *currentMemory;
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+class CKelvoPalette;
+
+/// A device-independent bitmap in memory. Pixels are blue, green, red (24 bits) or blue, green,
+/// red, alpha (32 bits); the bottom row comes first; each row starts at a multiple of 4 bytes, so
+/// the rows of a 24-bit image may end in padding, whose value is of no account.
+class CKelvoUiDib
+{
+public:
+    /// Longest side and largest pixel storage of an image; what is larger cannot be made or read.
+    static constexpr int MaxSide = 16384;
+    static constexpr std::size_t MaxStorageSize = std::size_t{1} << 30U;
+
+    CKelvoUiDib() = default;
+    CKelvoUiDib(const CKelvoUiDib&) = delete;
+    CKelvoUiDib& operator=(const CKelvoUiDib&) = delete;
+    CKelvoUiDib(CKelvoUiDib&& other) noexcept;
+
+    /// Takes the other image's pixels over and leaves it empty.
+    CKelvoUiDib& operator=(CKelvoUiDib&& other) noexcept;
+    virtual ~CKelvoUiDib();
+
+    /// Makes a new image in place of this one; `depth` is 24 or 32 bits and takes no palette. With
+    /// `withPixels` the pixel storage is made too, its contents undefined. False, leaving an empty
+    /// image, for a size or depth that cannot be had or for want of memory.
+    bool CreateDib(int width, int height, int depth, bool withPixels,
+                   const CKelvoPalette* palette = nullptr);
+
+    /// Releases the pixels and leaves an empty image.
+    void DestroyDib();
+
+    /// Bits in a pixel; 0 for an empty image.
+    [[nodiscard]] int GetDepth() const { return m_depth; }
+
+    /// Size in pixels; 0 for an empty image.
+    [[nodiscard]] int Width() const { return m_width; }
+    [[nodiscard]] int Height() const { return m_height; }
+
+    /// The pixel storage, which the image owns, or null while it has none.
+    [[nodiscard]] unsigned char* FindDIBBits() { return m_bits.get(); }
+    [[nodiscard]] const unsigned char* FindDIBBits() const { return m_bits.get(); }
+
+    /// Bytes of the pixel storage with the padding of its rows; 0 without pixel storage.
+    [[nodiscard]] std::size_t GetStorageSize() const { return m_storageSize; }
+
+private:
+    int m_width = 0;
+    int m_height = 0;
+    int m_depth = 0;
+    std::size_t m_storageSize = 0;
+    std::unique_ptr<unsigned char[]> m_bits;
+};
+
+/// An image that can be read from a file and written to one.
+class CKelvoDib : public CKelvoUiDib
+{
+public:
+    CKelvoDib() = default;
+
+    /// As CreateDib; an image that cannot be had is empty.
+    CKelvoDib(int width, int height, int depth, bool withPixels,
+              const CKelvoPalette* palette = nullptr);
+
+    /// Reads a PNG, TGA, BMP or JPEG in place of this image: 32 bits deep when the file has an
+    /// alpha channel or a transparent colour, otherwise 24; 16 bits a channel become 8. Non-zero on
+    /// success; otherwise the image is unchanged. Refused are, beside what is no such image, images
+    /// above MaxSide or MaxStorageSize and headers that claim more than the file can hold.
+    int ReadFromFile(const wchar_t* path);
+
+    /// Writes the image in the format that the name's extension calls for: ".png", in any case. The
+    /// file appears, or replaces an older one, only when it is complete. Non-zero on success;
+    /// otherwise an older file is unchanged. Fails for other extensions and without pixels.
+    [[nodiscard]] int WriteToFile(const wchar_t* path) const;
+};
