@@ -53,6 +53,7 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
         Statement{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace},
         Statement{"g", &CReadOBJ::ReadGroupName},
         Statement{"group", &CReadOBJ::ReadGroupName},
+        Statement{"mtllib", &CReadOBJ::ReadMaterialLibrary, OnFailure::GoOn},
         Statement{"o", &CReadOBJ::ReadObjectName},
         Statement{"p", &CReadOBJ::ReadPoint},
         Statement{"usemtl", &CReadOBJ::ReadMaterialUse},

@@ -104,6 +104,18 @@ public:
     /// Less than, equal to or greater than 0: by group name, then object name, then material name.
     static int CompareGroupObjects(const Group_Object& a, const Group_Object& b);
 
+    // Materials.
+
+    /// Reads the material library that the current "mtllib" statement names into the document's
+    /// material table. False when the statement names none or the library cannot be opened, which
+    /// is then printed.
+    bool ReadMaterialLibrary();
+
+    /// Puts the OBJ file's drive and folder before a file name and turns each '/' into '\'. False,
+    /// with the name unchanged, for an empty name, for one that has drive, folder, name and
+    /// extension, and for one with a part of more than 255 characters.
+    bool CompletePath(GK_wString& path) const;
+
     // What the file has given so far. Lists only grow, in the order of the file.
 
     CObjLineTokenizer tokenizer;

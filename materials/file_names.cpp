@@ -1,0 +1,31 @@
+#include "materials/file_names.h"
+
+#include "objreader/read_obj.h"
+
+#include "host/runtime/split_path.h"
+
+bool IsFullFileName(std::wstring_view name)
+{
+    const PathParts parts = SplitPath(name);
+    return !parts.drive.empty() && !parts.dir.empty() && !parts.fname.empty() && !parts.ext.empty();
+}
+
+bool HasShortParts(std::wstring_view name)
+{
+    constexpr std::size_t MaxPart = 255;
+    const PathParts parts = SplitPath(name);
+    return parts.dir.size() <= MaxPart && parts.fname.size() <= MaxPart &&
+           parts.ext.size() <= MaxPart;
+}
+
+bool CReadOBJ::CompletePath(GK_wString& path) const
+{
+    if (path.IsEmpty() || IsFullFileName(path.View()) || !HasShortParts(path.View()))
+        return false;
+    GK_wString completed = drive;
+    completed += dir.View();
+    completed += path.View();
+    completed.Replace(L'/', L'\\');
+    path = std::move(completed);
+    return true;
+}
