@@ -1,0 +1,146 @@
+#include "console_host/app/console_app.h"
+#include "console_host/app/document.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/geokit/allocation_faults.h"
+#include "plugin/import_obj_plugin.h"
+
+#include "host/app/file_type.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <new>
+
+// This program's own operator new, which fails once at a chosen allocation, also serves the
+// libraries that it links.
+
+namespace {
+
+long allocationsToFailure = 0;
+long liveAllocations = 0;
+
+void* AllocateOrFail(std::size_t size)
+{
+    if (allocationsToFailure > 0 && --allocationsToFailure == 0)
+        throw std::bad_alloc();
+    void* block = std::malloc(size > 0 ? size : 1); // NOLINT(*-no-malloc)
+    if (block == nullptr)
+        throw std::bad_alloc();
+    ++liveAllocations;
+    return block;
+}
+
+void Release(void* block) noexcept
+{
+    liveAllocations -= block != nullptr ? 1 : 0;
+    std::free(block); // NOLINT(*-no-malloc)
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    return AllocateOrFail(size);
+}
+
+void* operator new[](std::size_t size)
+{
+    return AllocateOrFail(size);
+}
+
+void operator delete(void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete[](void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    Release(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    Release(block);
+}
+
+namespace {
+
+using FailNth = void (*)(long nth);
+
+/// Imports an example with its n-th allocation failing, for every n until none fails. Says how many
+/// imports failed.
+int ImportWithEachFailure(const char* example, FailNth failNth, bool& lastResult)
+{
+    const std::wstring path =
+        (std::filesystem::path(PROJECT_FOLDER) / "examples" / example).wstring();
+    CImportOBJPlugIn plugIn;
+    CKelvoFileReadOptions options;
+    options.SetMode(ReadModeAskOnCommandLine, true);
+    int failures = 0;
+    int successes = 0;
+    // A report for which there is no memory may be lost without harm to the import, so a few
+    // imports succeed before the last.
+    for (long nth = 1; successes < 20; ++nth) {
+        const long before = liveAllocations;
+        {
+            ConsoleDoc doc(0.001);
+            failNth(nth);
+            lastResult = plugIn.ReadFile(path.c_str(), 0, doc, options);
+            failNth(0);
+            ConsoleApp::Instance().TakeJournal();
+        }
+        EXPECT_EQ(liveAllocations, before) << "allocation " << nth;
+        EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "allocation " << nth;
+        successes = lastResult ? successes + 1 : 0;
+        failures += lastResult ? 0 : 1;
+    }
+    return failures;
+}
+
+class OutOfMemory : public testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
+{
+    ConsoleApp::Instance().SetPrintStream(nullptr);
+    bool result = false;
+    // Once without failures, so that what lives as long as the program is made.
+    ImportWithEachFailure(
+        GetParam(), [](long) {}, result);
+    EXPECT_TRUE(result);
+
+    EXPECT_GT(ImportWithEachFailure(
+                  GetParam(), [](long nth) { allocationsToFailure = nth; }, result),
+              20);
+    EXPECT_GT(ImportWithEachFailure(
+                  GetParam(), [](long nth) { FailAllocation(nth); }, result),
+              5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, OutOfMemory,
+                         testing::Values("house.obj", "faulty.obj", "points.obj"));
+
+TEST(OutOfMemory, TheDocumentKeepsWhatItHad)
+{
+    const std::wstring path =
+        (std::filesystem::path(PROJECT_FOLDER) / "examples" / "house.obj").wstring();
+    CImportOBJPlugIn plugIn;
+    CKelvoFileReadOptions options;
+    options.SetMode(ReadModeAskOnCommandLine, true);
+    ConsoleDoc doc(0.001);
+    ASSERT_TRUE(plugIn.ReadFile(path.c_str(), 0, doc, options));
+    const int before = doc.ObjectCount();
+    FailAllocation(3);
+    EXPECT_FALSE(plugIn.ReadFile(path.c_str(), 0, doc, options));
+    FailAllocation(0);
+    EXPECT_GE(doc.ObjectCount(), before);
+    EXPECT_TRUE(plugIn.ReadFile(path.c_str(), 0, doc, options));
+}
+
+} // namespace
