@@ -72,75 +72,72 @@ namespace {
 
 using FailNth = void (*)(long nth);
 
-/// Imports an example with its n-th allocation failing, for every n until none fails. Says how many
-/// imports failed.
-int ImportWithEachFailure(const char* example, FailNth failNth, bool& lastResult)
+bool Import(const char* example, CKelvoDoc& doc)
 {
-    const std::wstring path =
-        (std::filesystem::path(PROJECT_FOLDER) / "examples" / example).wstring();
-    CImportOBJPlugIn plugIn;
+    const auto path = std::filesystem::path(PROJECT_FOLDER) / "examples" / example;
     CKelvoFileReadOptions options;
     options.SetMode(ReadModeAskOnCommandLine, true);
+    CImportOBJPlugIn plugIn;
+    const bool result = plugIn.ReadFile(path.wstring().c_str(), 0, doc, options);
+    ConsoleApp::Instance().TakeJournal();
+    return result;
+}
+
+/// Imports an example with its n-th allocation failing, for every n until none fails. Says how many
+/// imports failed.
+int ImportWithEachFailure(const char* example, FailNth failNth)
+{
     int failures = 0;
-    int successes = 0;
-    // A report for which there is no memory may be lost without harm to the import, so a few
-    // imports succeed before the last.
-    for (long nth = 1; successes < 20; ++nth) {
+    // A report for which there is no memory may be lost without harm to the import, so an import
+    // that succeeds need not be the one without a failure.
+    for (int successes = 0, nth = 1; successes < 20; ++nth) {
         const long before = liveAllocations;
+        bool result = false;
         {
             ConsoleDoc doc(0.001);
             failNth(nth);
-            lastResult = plugIn.ReadFile(path.c_str(), 0, doc, options);
+            result = Import(example, doc);
             failNth(0);
-            ConsoleApp::Instance().TakeJournal();
         }
         EXPECT_EQ(liveAllocations, before) << "allocation " << nth;
         EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "allocation " << nth;
-        successes = lastResult ? successes + 1 : 0;
-        failures += lastResult ? 0 : 1;
+        successes = result ? successes + 1 : 0;
+        failures += result ? 0 : 1;
     }
     return failures;
 }
 
 class OutOfMemory : public testing::TestWithParam<const char*>
 {
+protected:
+    void SetUp() override
+    {
+        ConsoleApp::Instance().SetPrintStream(nullptr);
+        // What lives as long as the program is made by the first import.
+        ConsoleDoc doc(0.001);
+        ASSERT_TRUE(Import(GetParam(), doc));
+    }
 };
 
 TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
 {
-    ConsoleApp::Instance().SetPrintStream(nullptr);
-    bool result = false;
-    // Once without failures, so that what lives as long as the program is made.
-    ImportWithEachFailure(
-        GetParam(), [](long) {}, result);
-    EXPECT_TRUE(result);
+    EXPECT_GT(ImportWithEachFailure(GetParam(), [](long nth) { allocationsToFailure = nth; }), 20);
+    EXPECT_GT(ImportWithEachFailure(GetParam(), [](long nth) { FailAllocation(nth); }), 5);
+}
 
-    EXPECT_GT(ImportWithEachFailure(
-                  GetParam(), [](long nth) { allocationsToFailure = nth; }, result),
-              20);
-    EXPECT_GT(ImportWithEachFailure(
-                  GetParam(), [](long nth) { FailAllocation(nth); }, result),
-              5);
+TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
+{
+    ConsoleDoc doc(0.001);
+    ASSERT_TRUE(Import(GetParam(), doc));
+    const int before = doc.ObjectCount();
+    FailAllocation(3);
+    EXPECT_FALSE(Import(GetParam(), doc));
+    FailAllocation(0);
+    EXPECT_GE(doc.ObjectCount(), before);
+    EXPECT_TRUE(Import(GetParam(), doc));
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, OutOfMemory,
                          testing::Values("house.obj", "faulty.obj", "points.obj"));
-
-TEST(OutOfMemory, TheDocumentKeepsWhatItHad)
-{
-    const std::wstring path =
-        (std::filesystem::path(PROJECT_FOLDER) / "examples" / "house.obj").wstring();
-    CImportOBJPlugIn plugIn;
-    CKelvoFileReadOptions options;
-    options.SetMode(ReadModeAskOnCommandLine, true);
-    ConsoleDoc doc(0.001);
-    ASSERT_TRUE(plugIn.ReadFile(path.c_str(), 0, doc, options));
-    const int before = doc.ObjectCount();
-    FailAllocation(3);
-    EXPECT_FALSE(plugIn.ReadFile(path.c_str(), 0, doc, options));
-    FailAllocation(0);
-    EXPECT_GE(doc.ObjectCount(), before);
-    EXPECT_TRUE(plugIn.ReadFile(path.c_str(), 0, doc, options));
-}
 
 } // namespace
