@@ -70,15 +70,21 @@ void operator delete[](void* block, std::size_t) noexcept
 
 namespace {
 
-using FailNth = void (*)(long nth);
+using FailNth = void (*)(long nth) noexcept;
 
-bool Import(const char* example, CKelvoDoc& doc)
+void FailNone(long) noexcept {}
+
+/// Imports an example, the n-th allocation of which fails.
+bool Import(const char* example, CKelvoDoc& doc, FailNth failNth = FailNone, long nth = 0)
 {
     const auto path = std::filesystem::path(PROJECT_FOLDER) / "examples" / example;
     CKelvoFileReadOptions options;
     options.SetMode(ReadModeAskOnCommandLine, true);
     CImportOBJPlugIn plugIn;
-    const bool result = plugIn.ReadFile(path.wstring().c_str(), 0, doc, options);
+    const std::wstring fileName = path.wstring();
+    failNth(nth);
+    const bool result = plugIn.ReadFile(fileName.c_str(), 0, doc, options);
+    failNth(0);
     ConsoleApp::Instance().TakeJournal();
     return result;
 }
@@ -95,9 +101,7 @@ int ImportWithEachFailure(const char* example, FailNth failNth)
         bool result = false;
         {
             ConsoleDoc doc(0.001);
-            failNth(nth);
-            result = Import(example, doc);
-            failNth(0);
+            result = Import(example, doc, failNth, nth);
         }
         EXPECT_EQ(liveAllocations, before) << "allocation " << nth;
         EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "allocation " << nth;
@@ -121,8 +125,10 @@ protected:
 
 TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
 {
-    EXPECT_GT(ImportWithEachFailure(GetParam(), [](long nth) { allocationsToFailure = nth; }), 20);
-    EXPECT_GT(ImportWithEachFailure(GetParam(), [](long nth) { FailAllocation(nth); }), 5);
+    EXPECT_GT(
+        ImportWithEachFailure(GetParam(), [](long nth) noexcept { allocationsToFailure = nth; }),
+        20);
+    EXPECT_GT(ImportWithEachFailure(GetParam(), FailAllocation), 5);
 }
 
 TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
@@ -130,9 +136,7 @@ TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
     ConsoleDoc doc(0.001);
     ASSERT_TRUE(Import(GetParam(), doc));
     const int before = doc.ObjectCount();
-    FailAllocation(3);
-    EXPECT_FALSE(Import(GetParam(), doc));
-    FailAllocation(0);
+    EXPECT_FALSE(Import(GetParam(), doc, FailAllocation, 3));
     EXPECT_GE(doc.ObjectCount(), before);
     EXPECT_TRUE(Import(GetParam(), doc));
 }
