@@ -115,5 +115,5 @@ int CImportOBJPlugIn::AskImportOptions(bool useDialog, bool forceDialog)
         return AskOnCommandLine();
     if (!forceDialog && m_options.DontShowDialog)
         return 0;
-    return 0;
+    return AskInDialog();
 }

@@ -45,6 +45,7 @@ public:
 private:
     bool Import(const wchar_t* fileName, CKelvoDoc& doc, const CKelvoFileReadOptions& options);
     int AskOnCommandLine();
+    int AskInDialog();
 
     GK_wString m_settingsSection;
     ObjImportOptions m_options;

@@ -1,3 +1,4 @@
+#include "plugin/commands.h"
 #include "plugin/import_obj_plugin.h"
 #include "plugin/module_app.h"
 
@@ -7,5 +8,7 @@ namespace {
 
 CPlugInModuleApp moduleApp;
 CImportOBJPlugIn plugIn;
+CCommandOBJImportOptionsDialog optionsDialogCommand(plugIn);
+CCommandTestCrashImportOBJ testCrashCommand;
 
 } // namespace

@@ -1,11 +1,11 @@
 #include "console_host/app/console_app.h"
 
 #include "console_host/app/format_text.h"
+#include "console_host/app/help.h"
 #include "console_host/framework/work_note.h"
 #include "console_host/geokit/error_handler.h"
 
 #include "host/app/localize.h"
-#include "host/app/message_box.h"
 #include "host/geokit/string.h"
 
 #include <algorithm>
@@ -70,9 +70,7 @@ void ConsoleApp::Print(const wchar_t* format, ...)
 
 bool ConsoleApp::DoHelp(int topicId)
 {
-    const std::string text = "Help topic " + std::to_string(topicId) + " has no text here.\n";
-    WriteText(stderr, text);
-    return false;
+    return ShowHelpTopic(topicId);
 }
 
 void ConsoleApp::SetProfile(std::unique_ptr<ProfileStore> profile)
@@ -98,15 +96,6 @@ CKelvoApp& KelvoApp()
 const wchar_t* KvLocalizeString(const wchar_t* text, int id)
 {
     return ConsoleApp::Instance().Strings().Localize(text, id);
-}
-
-int KelvoMessageBox(const wchar_t* text, const wchar_t* caption, unsigned int flags)
-{
-    constexpr int Ok = 1;
-    ImportJournal::Box box{GK_wString(text).Utf8(), GK_wString(caption).Utf8(), flags};
-    WriteText(stderr, box.caption + ": " + box.text + "\n");
-    CurrentJournal().boxes.push_back(std::move(box));
-    return Ok;
 }
 
 ImportJournal& CurrentJournal()

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The text of a help page without its marks for headings.
+std::string PlainHelpText(std::string_view page);
+
+/// Shows a help topic: in a window while a dialog is open, otherwise on standard output. Topics are
+/// files "help-N.md" in the folder "help" beside the program or in the shared files of an
+/// installation. False, with a line on standard error, when there is no such topic.
+bool ShowHelpTopic(int topicId);
