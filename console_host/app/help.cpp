@@ -8,6 +8,7 @@
 
 #include "host/geokit/string.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
@@ -22,16 +23,32 @@ std::filesystem::path HelpFile(int topicId)
     return WhyUnreadable(installed).empty() ? installed : program / "help" / name;
 }
 
+/// A heading stands in capitals, since a plain text has no other way.
+void AppendHeading(std::string& text, std::string_view line)
+{
+    line.remove_prefix(std::min(line.find_first_not_of("# "), line.size()));
+    for (const char character : line) {
+        const bool isLower = character >= 'a' && character <= 'z';
+        text += isLower ? static_cast<char>(character - 'a' + 'A') : character;
+    }
+}
+
 } // namespace
 
 std::string PlainHelpText(std::string_view page)
 {
     std::string text;
-    ForEachLine(page, [&text](std::string_view line) {
-        const std::size_t start = line.find_first_not_of("# ");
-        const bool isHeading = line.starts_with('#') && start != std::string_view::npos;
-        text += isHeading ? line.substr(start) : line;
-        text += '\n';
+    bool inParagraph = false;
+    ForEachLine(page, [&](std::string_view line) {
+        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+        const bool goesOn = inParagraph && !line.empty() && !line.starts_with("- ");
+        if (!text.empty())
+            text += goesOn ? ' ' : '\n';
+        inParagraph = !line.empty() && !line.starts_with('#');
+        if (inParagraph || line.empty())
+            text += line;
+        else
+            AppendHeading(text, line);
     });
     return text;
 }
@@ -41,13 +58,13 @@ bool ShowHelpTopic(int topicId)
     WorkNote::Instance().Hide();
     std::string text;
     try {
-        text = PlainHelpText(ReadWholeFile(HelpFile(topicId)));
+        text = ReadWholeFile(HelpFile(topicId));
     } catch (const std::runtime_error&) {
         std::fprintf(stderr, "There is no help on topic %d here.\n", topicId);
         return false;
     }
     if (Dialogs().open > 0)
-        ShowTextWindow(GK_wString(std::string_view(text)).View(), L"Help");
+        ShowTextWindow(GK_wString(PlainHelpText(text)).View(), L"Help");
     else
         std::fwrite(text.data(), 1, text.size(), stdout);
     return true;

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// The text of a help page without its marks for headings.
+/// A help page as plain text: each paragraph on one line, headings in capitals.
 std::string PlainHelpText(std::string_view page);
 
 /// Shows a help topic: in a window while a dialog is open, otherwise on standard output. Topics are

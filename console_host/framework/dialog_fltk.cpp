@@ -22,8 +22,8 @@ public:
     int Run() override
     {
         m_owner.OnOpen();
-        m_window.FocusFirstTabStop();
         m_window.show();
+        m_window.FocusFirstTabStop();
         while (m_window.shown() != 0)
             Fl::wait();
         return m_result;

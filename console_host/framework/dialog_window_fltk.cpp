@@ -9,7 +9,6 @@
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Check_Button.H>
-#include <FL/Fl_Return_Button.H>
 #include <FL/Fl_Round_Button.H>
 #include <algorithm>
 
@@ -48,8 +47,12 @@ Fl_Widget* MakeWidget(DialogControlKind kind, const DialogRect& at)
     case DialogControlKind::CheckBox:
         return new Fl_Check_Button(at.x, at.y, at.width, at.height);
     case DialogControlKind::PushButton:
-    case DialogControlKind::DefaultPushButton:
         return new Fl_Button(at.x, at.y, at.width, at.height);
+    case DialogControlKind::DefaultPushButton: {
+        auto* button = new Fl_Button(at.x, at.y, at.width, at.height);
+        button->color(fl_rgb_color(196, 216, 240));
+        return button;
+    }
     case DialogControlKind::Line:
         return new Fl_Box(FL_THIN_DOWN_FRAME, at.x, at.y, at.width, std::max(at.height, 2), "");
     case DialogControlKind::Text:

@@ -4,8 +4,8 @@
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
+#include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
-#include <FL/Fl_Return_Button.H>
 #include <FL/Fl_Text_Buffer.H>
 #include <FL/Fl_Text_Display.H>
 #include <FL/fl_draw.H>
@@ -15,6 +15,7 @@
 
 namespace {
 
+constexpr unsigned char Background = 240;
 constexpr int Margin = 12;
 constexpr int FontSize = 12;
 constexpr int ButtonWidth = 88;
@@ -41,20 +42,22 @@ void Close(Fl_Widget* button, void*)
 /// The button that Enter and Escape press, below the rest of the window.
 Fl_Widget* AddCloseButton(Fl_Window& window, const char* label)
 {
-    auto* button =
-        new Fl_Return_Button((window.w() - ButtonWidth) / 2, window.h() - ButtonHeight - Margin,
-                             ButtonWidth, ButtonHeight, label);
+    auto* button = new Fl_Button((window.w() - ButtonWidth) / 2, window.h() - ButtonHeight - Margin,
+                                 ButtonWidth, ButtonHeight, label);
     button->labelsize(FontSize);
+    button->shortcut(FL_Enter);
     button->callback(&Close);
     return button;
 }
 
-void RunUntilClosed(Fl_Window& window)
+/// `focus` gets the keyboard. Setting the focus shows a window, so that comes last.
+void RunUntilClosed(Fl_Window& window, Fl_Widget& focus)
 {
     window.end();
     window.position((Fl::w() - window.w()) / 2, (Fl::h() - window.h()) / 2);
     window.set_modal();
     window.show();
+    focus.take_focus();
     while (window.shown() != 0)
         Fl::wait();
 }
@@ -79,6 +82,7 @@ bool CanShowWindows()
             return false;
         fl_open_display(display);
         Fl::scheme("gtk+");
+        Fl::background(Background, Background, Background);
         return true;
     }();
     return canShow;
@@ -101,8 +105,7 @@ void ShowMessageWindow(std::wstring_view text, std::wstring_view caption, unsign
     body.labelsize(FontSize);
     body.align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE | FL_ALIGN_WRAP);
     body.copy_label(label.c_str());
-    AddCloseButton(window, "OK")->take_focus();
-    RunUntilClosed(window);
+    RunUntilClosed(window, *AddCloseButton(window, "OK"));
 }
 
 void ShowTextWindow(std::wstring_view text, std::wstring_view caption)
@@ -118,7 +121,6 @@ void ShowTextWindow(std::wstring_view text, std::wstring_view caption)
     display.wrap_mode(Fl_Text_Display::WRAP_AT_BOUNDS, 0);
     AddCloseButton(window, "Close");
     window.resizable(display);
-    display.take_focus();
-    RunUntilClosed(window);
+    RunUntilClosed(window, display);
     display.buffer(nullptr);
 }
