@@ -1,6 +1,9 @@
 #include "console_host/app/document.h"
 #include "console_host/app/import_journal.h"
 
+#include "host/geokit/nurbs_curve.h"
+#include "host/geokit/nurbs_surface.h"
+
 #include <algorithm>
 
 namespace {
@@ -41,13 +44,25 @@ struct BoxVisitor
             TakeAll(mesh->vertices);
     }
 
-    void operator()(const GK_Curve*) const {}
+    void operator()(const GK_Curve* curve)
+    {
+        if (const GK_NurbsCurve* nurbs = GK_NurbsCurve::Cast(curve))
+            for (int i = 0; i < nurbs->controlPointCount; ++i)
+                Take(nurbs->ControlPoint(i));
+    }
 
     void operator()(const GK_3dPoint* point) { Take(*point); }
 
     void operator()(const GK_PointCloud* cloud) { TakeAll(cloud->points); }
 
-    void operator()(const GK_Brep*) const {}
+    void operator()(const GK_Brep* brep)
+    {
+        for (int i = 0; i < brep->SurfaceCount(); ++i)
+            if (const auto* surface = GK_NurbsSurface::Cast(brep->Surface(i)))
+                for (int u = 0; u < surface->ControlPointCount(0); ++u)
+                    for (int v = 0; v < surface->ControlPointCount(1); ++v)
+                        Take(surface->ControlPoint(u, v));
+    }
 };
 
 } // namespace

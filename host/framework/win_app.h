@@ -1,14 +1,15 @@
 #pragma once
 
-/// The framework's application object of a module. A module has one, as a global object.
+/// The framework's application object of a module. A module has one, as a global object; making it
+/// tells the host of it, destroying it withdraws it.
 class CWinApp
 {
 public:
-    CWinApp() = default;
+    CWinApp();
     CWinApp(const CWinApp&) = delete;
     CWinApp& operator=(const CWinApp&) = delete;
-    virtual ~CWinApp() = default;
+    virtual ~CWinApp();
 
-    /// Called when the module is loaded. False: the module cannot be used.
-    virtual bool InitInstance() { return true; }
+    /// Called once after the module was loaded. False: the module cannot be used.
+    virtual bool InitInstance();
 };

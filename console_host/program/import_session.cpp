@@ -1,0 +1,46 @@
+#include "console_host/program/import_session.h"
+
+#include "console_host/app/console_app.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/runtime/native_path.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+
+ImportSession::ImportSession(CKelvoFileImportPlugIn& plugIn, ConsoleDoc& doc, ImportMode mode)
+    : m_plugIn(plugIn), m_doc(doc)
+{
+    m_options.SetMode(ReadModeAskOnCommandLine, mode.askOnCommandLine);
+    m_options.SetMode(ReadModeZoomExtents, mode.zoom);
+}
+
+bool ImportSession::ReadFile(const std::string& file)
+{
+    const std::wstring path = WidePath(std::filesystem::absolute(PathFromUtf8(file)));
+    try {
+        return m_plugIn.ReadFile(path.c_str(), 0, m_doc, m_options);
+    } catch (const std::exception& failure) {
+        NoteGuestFault("ReadFile", std::string("it let an exception out: ") + failure.what());
+        return false;
+    }
+}
+
+void ImportSession::Import(const std::string& file)
+{
+    ConsoleApp& app = ConsoleApp::Instance();
+    app.TakeJournal();
+    const bool result = ReadFile(file);
+    WorkNote& note = WorkNote::Instance();
+    if (note.Depth() > 0)
+        NoteGuestFault("ReadFile", "it did not end its wait cursor");
+    while (note.End()) {
+    }
+    m_imports.push_back({file, result, app.TakeJournal()});
+}
+
+bool ImportSession::AllSucceeded() const
+{
+    return std::all_of(m_imports.begin(), m_imports.end(),
+                       [](const ImportRecord& import) { return import.result; });
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The program's arguments in UTF-8, without the program's name.
+std::vector<std::string> ProgramArguments(int count, char** arguments);
+
+/// Makes the standard streams carry UTF-8 as it is written, and writing into a closed pipe an error
+/// like any other, for as long as the object lives.
+class StandardStreams
+{
+public:
+    StandardStreams();
+    StandardStreams(const StandardStreams&) = delete;
+    StandardStreams& operator=(const StandardStreams&) = delete;
+    ~StandardStreams();
+
+private:
+    unsigned int m_before = 0;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+/// Buffered writing of UTF-8 text to a stream, which stays the caller's. A failed write is
+/// remembered.
+class TextOutput
+{
+public:
+    explicit TextOutput(std::FILE* stream);
+    TextOutput(const TextOutput&) = delete;
+    TextOutput& operator=(const TextOutput&) = delete;
+    ~TextOutput();
+
+    void Write(std::string_view text);
+    void Write(char character);
+
+    /// A number that reads back exactly; null for one that is not finite.
+    void Write(double number);
+    void Write(int number);
+
+    /// Writes out what is buffered. Empty, or why some of the text could not be written.
+    std::string Finish();
+
+private:
+    void MakeRoom(std::size_t size);
+    void Flush();
+
+    std::FILE* m_stream;
+    std::string m_buffer;
+    std::size_t m_used = 0;
+    int m_error = 0;
+};
