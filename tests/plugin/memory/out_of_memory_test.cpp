@@ -6,6 +6,7 @@
 
 #include "host/app/file_type.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -16,8 +17,8 @@
 
 namespace {
 
-long allocationsToFailure = 0;
-long liveAllocations = 0;
+std::atomic<long> allocationsToFailure = 0;
+std::atomic<long> liveAllocations = 0;
 
 void* AllocateOrFail(std::size_t size)
 {
