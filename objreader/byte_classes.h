@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <cstring>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -20,19 +22,34 @@ constexpr bool IsLineEnd(char byte)
     return byte == '\n' || byte == '\r' || byte == '\0';
 }
 
-/// One bit for each of 64 bytes, the first byte's lowest.
-struct ByteMasks
+/// 64 bytes looked at together. In the masks each byte has one bit, the first byte's the lowest.
+class ByteBlock
 {
+public:
+    static constexpr int Size = 64;
+
+    explicit ByteBlock(const char* bytes);
+
+    /// The block with a zero byte in place of every byte that is not printable.
+    void StorePrintable(char* bytes) const;
+
     std::uint64_t printable = 0;
-    std::uint64_t lineEnd = 0;
-    std::uint64_t backslash = 0;
+    std::uint64_t lineEnds = 0;
+    bool anyBackslash = false;
+
+private:
+#ifdef __SSE2__
+    __m128i m_printable[4];
+#else
+    std::array<char, Size> m_printable;
+#endif
 };
 
 #ifdef __SSE2__
 
-inline ByteMasks ClassifyBytes(const char* bytes)
+inline ByteBlock::ByteBlock(const char* bytes)
 {
-    ByteMasks masks;
+    __m128i backslashes = _mm_setzero_si128();
     for (int part = 0; part < 4; ++part) {
         const __m128i block =
             _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + 16 * part)); // NOLINT
@@ -40,30 +57,42 @@ inline ByteMasks ClassifyBytes(const char* bytes)
             return _mm_cmpeq_epi8(block, _mm_set1_epi8(value));
         };
         const auto bits = [part](__m128i matches) {
-            return static_cast<std::uint64_t>(
-                       static_cast<std::uint32_t>(_mm_movemask_epi8(matches)))
+            return std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(matches))}
                    << (16 * part);
         };
         const __m128i aboveSpace = _mm_cmpgt_epi8(block, _mm_set1_epi8(0x20));
-        masks.printable |= bits(_mm_andnot_si128(equals(0x7F), aboveSpace));
-        masks.lineEnd |= bits(_mm_or_si128(_mm_or_si128(equals('\n'), equals('\r')), equals('\0')));
-        masks.backslash |= bits(equals('\\'));
+        const __m128i isPrintable = _mm_andnot_si128(equals(0x7F), aboveSpace);
+        printable |= bits(isPrintable);
+        lineEnds |= bits(_mm_or_si128(_mm_or_si128(equals('\n'), equals('\r')), equals('\0')));
+        backslashes = _mm_or_si128(backslashes, equals('\\'));
+        m_printable[part] = _mm_and_si128(block, isPrintable);
     }
-    return masks;
+    anyBackslash = _mm_movemask_epi8(backslashes) != 0;
+}
+
+inline void ByteBlock::StorePrintable(char* bytes) const
+{
+    for (int part = 0; part < 4; ++part)
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(bytes + 16 * part), // NOLINT
+                         m_printable[part]);
 }
 
 #else
 
-inline ByteMasks ClassifyBytes(const char* bytes)
+inline ByteBlock::ByteBlock(const char* bytes)
 {
-    ByteMasks masks;
-    for (int i = 0; i < 64; ++i) {
-        const auto bit = [i](bool set) { return static_cast<std::uint64_t>(set) << i; };
-        masks.printable |= bit(IsPrintable(bytes[i]));
-        masks.lineEnd |= bit(IsLineEnd(bytes[i]));
-        masks.backslash |= bit(bytes[i] == '\\');
+    for (std::size_t i = 0; i < Size; ++i) {
+        const auto bit = [i](bool set) { return std::uint64_t{set} << i; };
+        printable |= bit(IsPrintable(bytes[i]));
+        lineEnds |= bit(IsLineEnd(bytes[i]));
+        anyBackslash = anyBackslash || bytes[i] == '\\';
+        m_printable[i] = IsPrintable(bytes[i]) ? bytes[i] : '\0';
     }
-    return masks;
+}
+
+inline void ByteBlock::StorePrintable(char* bytes) const
+{
+    std::memcpy(bytes, m_printable.data(), Size);
 }
 
 #endif

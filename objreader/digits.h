@@ -27,11 +27,10 @@ inline DigitRun ReadDigits(const char* text)
     bytes ^= 0x3030303030303030;
     const std::uint64_t others = ((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080;
     const int count = std::countr_zero(others) / 8;
-    if (count == 0)
-        return {};
 
-    // The digits move up behind leading zeros; then neighbours join: 2 digits, 4 digits, 8 digits.
-    bytes <<= 64 - 8 * count;
+    // The digits move up behind leading zeros (in two steps, since none may have to move by all 64
+    // bits); then neighbours join: 2 digits, 4 digits, 8 digits.
+    bytes = bytes << 1 << (63 - 8 * count);
     bytes = bytes * 10 + (bytes >> 8);
     constexpr std::uint64_t Pairs = 0x000000FF000000FF;
     bytes = ((bytes & Pairs) * (100 + (std::uint64_t{1000000} << 32)) +

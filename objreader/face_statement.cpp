@@ -2,84 +2,100 @@
 #include "objreader/numbers.h"
 #include "objreader/read_obj.h"
 
-#include <array>
-#include <cstdlib>
+#include <cstdint>
+#include <limits>
 
 namespace {
 
 constexpr int MostFields = 3;
 
-/// A corner cut into its fields, each with its number; an empty field has none.
+/// Stands for the number of an empty field.
+constexpr std::int64_t NoNumber = std::numeric_limits<std::int64_t>::min();
+
+/// A corner cut into its fields, each with its number.
 struct CornerFields
 {
-    std::array<int, MostFields> numbers{};
-    std::array<bool, MostFields> present{};
+    std::int64_t vertex = NoNumber;
+    std::int64_t texture = NoNumber;
+    std::int64_t normal = NoNumber;
     int count = 0;
 };
 
-CornerFields CutCorner(const char* token)
+bool EndsField(char c)
+{
+    return c == '/' || c == '\0';
+}
+
+/// Reads a field that may be anything and steps to its end.
+[[gnu::noinline]] const char* ReadAnyField(const char* text, std::int64_t& number)
+{
+    if (EndsField(*text))
+        return text;
+    number = TakeInteger(text);
+    while (!EndsField(*text))
+        ++text;
+    return text;
+}
+
+/// Reads a field and steps to its end. Nearly all fields are a few digits; this is done for every
+/// index of a file, so these get by without a call.
+[[gnu::always_inline]] inline const char* ReadField(const char* text, std::int64_t& number)
+{
+    const DigitRun run = ReadDigits(text);
+    if (run.count == 0 || !EndsField(text[run.count]))
+        return ReadAnyField(text, number);
+    number = run.value;
+    return text + run.count;
+}
+
+/// Fields beyond the third are only counted.
+inline CornerFields CutCorner(const char* text)
 {
     CornerFields fields;
-    for (;; ++token) {
-        const bool hasRoom = fields.count < MostFields;
-        if (hasRoom && *token != '/' && *token != '\0') {
-            const auto field = static_cast<std::size_t>(fields.count);
-            fields.present[field] = true;
-            fields.numbers[field] = TakeInteger(token);
-        }
-        while (*token != '/' && *token != '\0')
-            ++token;
-        ++fields.count;
-        if (*token == '\0')
-            return fields;
-    }
+    fields.count = 1;
+    text = ReadField(text, fields.vertex);
+    if (*text == '\0')
+        return fields;
+    fields.count = 2;
+    text = ReadField(text + 1, fields.texture);
+    if (*text == '\0')
+        return fields;
+    fields.count = 3;
+    text = ReadField(text + 1, fields.normal);
+    for (; *text != '\0'; ++text)
+        fields.count += static_cast<int>(*text == '/');
+    return fields;
 }
 
 } // namespace
 
-bool CReadOBJ::ResolveIndex(int& index, int count)
+/// Resolves the fields of a corner up to the first that names nothing, and gives which that is.
+CReadOBJ::BadField CReadOBJ::ResolveFields(std::int64_t vertex, std::int64_t texture,
+                                           std::int64_t normal, V_TN_IDX& corner)
 {
-    // Widened, so that the lowest index has a magnitude too.
-    const std::int64_t wide = index;
-    if (wide < 0 && -wide <= count) {
-        index += count;
-        return true;
-    }
-    if (wide >= 1 && wide <= count) {
-        --index;
-        return true;
-    }
-    index = -1;
-    ++BogusIndexCount;
-    return false;
+    const auto resolve = [this](std::int64_t number, int& index, int listLength) {
+        if (number == NoNumber)
+            return true;
+        index = static_cast<int>(number);
+        return ResolveIndex(index, listLength);
+    };
+    if (!resolve(vertex, corner.vi, vertices.Count()))
+        return BadFieldVertex;
+    if (!resolve(texture, corner.ti, texCoords.Count()))
+        return BadFieldTexture;
+    return resolve(normal, corner.ni, normals.Count()) ? BadFieldNone : BadFieldNormal;
 }
 
 int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad_field)
 {
     const CornerFields fields = CutCorner(token);
-    vi = ti = ni = -1;
+    V_TN_IDX corner;
     bad_field = BadFieldNone;
-    if (fields.count > MostFields)
-        return fields.count;
-
-    struct Target
-    {
-        int& index;
-        int listLength;
-        BadField field;
-    };
-    const std::array<Target, MostFields> targets{{{vi, vertices.Count(), BadFieldVertex},
-                                                  {ti, texCoords.Count(), BadFieldTexture},
-                                                  {ni, normals.Count(), BadFieldNormal}}};
-    for (std::size_t i = 0; i < targets.size(); ++i) {
-        if (!fields.present[i])
-            continue;
-        targets[i].index = fields.numbers[i];
-        if (!ResolveIndex(targets[i].index, targets[i].listLength)) {
-            bad_field = targets[i].field;
-            break;
-        }
-    }
+    if (fields.count <= MostFields)
+        bad_field = ResolveFields(fields.vertex, fields.texture, fields.normal, corner);
+    vi = corner.vi;
+    ti = corner.ti;
+    ni = corner.ni;
     return fields.count;
 }
 
@@ -116,25 +132,25 @@ bool CReadOBJ::ReadFace()
 /// corner whose fields do not agree with it is no part of the face, and false.
 bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, Geometry& geometry)
 {
-    geometry.corners.Append({});
-    int badField = BadFieldNone;
-    V_TN_IDX corner;
-    const int fields = ParseCorner(token, corner.vi, corner.ti, corner.ni, badField);
-    if (fields > MostFields)
+    V_TN_IDX& corner = *geometry.corners.AppendUnset(1);
+    corner = {};
+    const CornerFields fields = CutCorner(token);
+    if (fields.count > MostFields)
         return false;
 
-    const bool hasVertexField = *token != '/';
-    if (hasVertexField) {
+    V_TN_IDX read;
+    const BadField badField = ResolveFields(fields.vertex, fields.texture, fields.normal, read);
+    if (fields.vertex != NoNumber) {
         if (fieldCount == 0)
-            fieldCount = fields;
-        if (fields != fieldCount)
+            fieldCount = fields.count;
+        if (fields.count != fieldCount)
             return false;
     }
     if (badField != BadFieldNone)
         PrintBadCorner(badField, token);
     if (ImportAsMorphTarget)
-        corner.ti = corner.ni = -1;
-    *geometry.corners.Last() = corner;
+        read.ti = read.ni = -1;
+    corner = read;
     ++geometry.faces.Last()->cornerCount;
     return true;
 }

@@ -122,6 +122,26 @@ bool ReadDecimal(const char* text, double& value)
     return true;
 }
 
+/// Reads what most numbers are: a few digits, a point, up to eight digits, and nothing more. False
+/// for all others.
+bool ReadPlainDecimal(const char* text, double& value)
+{
+    std::uint64_t mantissa = 0;
+    constexpr int MostWholeDigits = 6;
+    int wholeDigits = 0;
+    for (; IsDigit(*text) && wholeDigits < MostWholeDigits; ++wholeDigits)
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*text++ - '0');
+    if (wholeDigits == 0 || *text != '.')
+        return false;
+    const DigitRun decimals = ReadDigits(text + 1);
+    if (text[1 + decimals.count] != '\0')
+        return false;
+    const auto scale = static_cast<std::size_t>(decimals.count);
+    mantissa = mantissa * SmallPowersOfTen[scale] + decimals.value;
+    value = static_cast<double>(static_cast<std::int64_t>(mantissa)) / ExactPowersOfTen[scale];
+    return true;
+}
+
 bool IsHexDigit(char c)
 {
     return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f');
@@ -165,6 +185,14 @@ bool ReadWord(const char* text, double& value)
     return true;
 }
 
+/// Kept out of the way of the plain numbers.
+[[gnu::noinline]] bool ReadAnyMagnitude(const char* text, double& value)
+{
+    const bool hexadecimal = text[0] == '0' && Lower(text[1]) == 'x';
+    return (hexadecimal && ReadHexadecimal(text + 2, value)) || ReadDecimal(text, value) ||
+           ReadWord(text, value);
+}
+
 const char* SkipBlanks(const char* text)
 {
     while (*text == ' ' || (*text >= '\t' && *text <= '\r'))
@@ -176,16 +204,14 @@ const char* SkipBlanks(const char* text)
 
 bool ReadReal(const char* text, double& value)
 {
-    const char* p = SkipBlanks(text);
-    const bool negative = *p == '-';
-    if (*p == '-' || *p == '+')
-        ++p;
+    const bool negative = *text == '-';
+    const char* const p = text + static_cast<int>(negative | (*text == '+'));
     double magnitude = 0.0;
-    const bool hexadecimal = p[0] == '0' && Lower(p[1]) == 'x';
-    if (!(hexadecimal && ReadHexadecimal(p + 2, magnitude)) && !ReadDecimal(p, magnitude) &&
-        !ReadWord(p, magnitude))
+    if (!ReadPlainDecimal(p, magnitude) && !ReadAnyMagnitude(p, magnitude))
         return false;
-    value = negative ? -magnitude : magnitude;
+    // Half of all coordinates are negative, so this is no place for a branch.
+    const std::uint64_t sign = std::uint64_t{negative} << 63;
+    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | sign);
     return true;
 }
 

@@ -8,6 +8,9 @@
 #include <bit>
 #include <cstring>
 
+// Lines without a backslash are cut many at a time, 64 bytes in one step: that is where the speed
+// comes from. A line with a backslash is cut byte by byte, by the full rules.
+
 CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path) : CObjLineTokenizer(_wfopen(path, L"rb"))
 {
 }
@@ -28,114 +31,154 @@ bool CObjLineTokenizer::ReadLine()
         return false;
     if (m_atEnd)
         return true;
-    m_tokens.Empty();
-    if (m_cursor == m_completeEnd)
-        Refill(m_cursor);
-    CutLine();
+    if (m_linesServed == m_lineEnds.Count() && !m_needsRules) {
+        if (m_cursor == m_completeEnd)
+            Refill(m_cursor);
+        CutPlainLines();
+    }
+    if (m_linesServed < m_lineEnds.Count())
+        ServePlainLine();
+    else
+        CutByRules();
     return true;
 }
 
-void CObjLineTokenizer::CutLine()
+void CObjLineTokenizer::ServePlainLine()
 {
-    if (*m_cursor == '#') {
-        SkipComment();
-        return;
+    m_lineTokens = m_tokens.Array() + m_tokensServed;
+    m_tokenCount = m_lineEnds[m_linesServed] - m_tokensServed;
+    m_tokensServed = m_lineEnds[m_linesServed++];
+    // Behind the last line of an ended stream stands its zero byte, which has been cut with it.
+    m_atEnd = m_cursor > m_dataEnd && m_linesServed == m_lineEnds.Count();
+}
+
+/// Cuts all whole lines from the cursor on, up to the first block of bytes that holds a backslash.
+/// The line that reaches into that block is left as far as it has been cut.
+void CObjLineTokenizer::CutPlainLines()
+{
+    m_tokens.Empty();
+    m_lineEnds.Empty();
+    m_linesServed = m_tokensServed = 0;
+    m_state = {};
+    m_state.insideComment = *m_cursor == '#';
+    while (m_cursor < m_completeEnd) {
+        const ByteBlock block(m_cursor);
+        m_needsRules = block.anyBackslash;
+        if (m_needsRules)
+            return;
+        const std::ptrdiff_t left = m_completeEnd - m_cursor;
+        if (left >= ByteBlock::Size) {
+            CutBlock(block, ~std::uint64_t{0});
+            block.StorePrintable(m_cursor);
+            m_cursor += ByteBlock::Size;
+        } else {
+            CutBlock(block, (std::uint64_t{1} << left) - 1);
+            std::replace_if(
+                m_cursor, m_completeEnd, [](char byte) { return !IsPrintable(byte); }, '\0');
+            m_cursor = m_completeEnd;
+        }
     }
-    CutState state;
-    if (char* const rest = CutPlainBytes(state.insideToken))
-        CutByRules(rest, state);
 }
 
 namespace {
 
-constexpr int MaskBits = 64;
-
-/// The bits up to and with the given one, or all 64.
-constexpr std::uint64_t BitsThrough(int bit)
+/// Puts down the places of the bytes whose bits are set; gives the place behind the last.
+const char** PutTokens(const char** token, const char* bytes, std::uint64_t starts)
 {
-    return bit < MaskBits ? (std::uint64_t{2} << bit) - 1 : ~std::uint64_t{0};
+    for (; starts != 0; starts &= starts - 1)
+        *token++ = bytes + std::countr_zero(starts);
+    return token;
 }
 
 } // namespace
 
-/// Cuts 64 bytes at a time up to the line's end and gives null. A backslash asks for more care:
-/// then gives where to go on by the full rules.
-char* CObjLineTokenizer::CutPlainBytes(bool& insideToken)
+/// Cuts the `valid` bytes of the block at the cursor.
+void CObjLineTokenizer::CutBlock(const ByteBlock& block, std::uint64_t valid)
 {
-    for (char* bytes = m_cursor;; bytes += MaskBits) {
-        const ByteMasks masks = ClassifyBytes(bytes);
-        const int end = std::countr_zero(masks.lineEnd);
-        const std::uint64_t line = BitsThrough(end);
-        if ((masks.backslash & line) != 0)
-            return bytes;
+    const std::uint64_t printable = block.printable & valid;
+    const std::uint64_t follows = printable << 1 | (m_state.insideToken ? 1U : 0U);
+    std::uint64_t starts = printable & ~follows;
+    std::uint64_t lineEnds = block.lineEnds & valid;
+    if (m_state.lineFeedFollows)
+        lineEnds &= ~std::uint64_t{1};
+    m_state.lineFeedFollows = false;
 
-        const std::uint64_t follows = masks.printable << 1 | (insideToken ? 1U : 0U);
-        std::uint64_t starts = masks.printable & ~follows & line;
-        std::uint64_t ends = ~(masks.printable | masks.lineEnd) & follows & line;
-        m_tokens.Reserve(m_tokens.Count() + MaskBits);
-        for (; starts != 0; starts &= starts - 1)
-            m_tokens.Append(bytes + std::countr_zero(starts));
-        for (; ends != 0; ends &= ends - 1)
-            bytes[std::countr_zero(ends)] = '\0';
-
-        if (end < MaskBits) {
-            EndPhysicalLine(bytes + end);
-            return nullptr;
+    const char** token = m_tokens.AppendUnset(ByteBlock::Size);
+    while (lineEnds != 0) {
+        const int place = std::countr_zero(lineEnds);
+        const std::uint64_t before = lineEnds ^ (lineEnds - 1);
+        if (!m_state.insideComment)
+            token = PutTokens(token, m_cursor, starts & before);
+        starts &= ~before;
+        lineEnds &= lineEnds - 1;
+        m_lineEnds.Append(static_cast<int>(token - m_tokens.Array()));
+        EndPlainLine(m_cursor + place);
+        if (m_state.lineFeedFollows && place < ByteBlock::Size - 1) {
+            lineEnds &= lineEnds - 1;
+            m_state.lineFeedFollows = false;
         }
-        insideToken = (masks.printable >> (MaskBits - 1)) != 0;
     }
+    if (!m_state.insideComment)
+        token = PutTokens(token, m_cursor, starts);
+    m_tokens.SetCount(static_cast<int>(token - m_tokens.Array()));
+    m_state.insideToken = (printable >> (ByteBlock::Size - 1)) != 0;
 }
 
-/// Cuts the rest of a logical line, however many physical lines are joined to it.
-void CObjLineTokenizer::CutByRules(char* bytes, CutState state)
+/// Notes what follows a line end: the LF of a CR LF, a comment.
+void CObjLineTokenizer::EndPlainLine(const char* end)
 {
-    for (char* lineStart = m_cursor;;) {
-        for (; !IsLineEnd(*bytes); ++bytes)
-            CutByte(bytes, state);
-        EndPhysicalLine(bytes);
-        if (!state.continued || m_atEnd)
-            return;
+    const char* next = end + 1;
+    if (*end == '\r') {
+        m_skipLineFeed = next == m_dataEnd;
+        m_state.lineFeedFollows = *next == '\n';
+        if (m_state.lineFeedFollows)
+            ++next;
+    }
+    m_state.insideComment = *next == '#';
+}
 
+/// Cuts the rest of the line at the cursor, and all physical lines that are joined to it.
+void CObjLineTokenizer::CutByRules()
+{
+    m_tokens.RemoveFirst(m_tokensServed);
+    for (;;) {
+        char* byte = m_cursor;
+        for (; !IsLineEnd(*byte); ++byte)
+            CutByte(byte);
+        EndPhysicalLine(byte);
+        if (!m_state.continued || m_atEnd)
+            break;
         if (m_cursor == m_completeEnd)
-            lineStart = Refill(lineStart);
-        if (*m_cursor == '#') {
-            SkipComment();
-            return;
-        }
-        bytes = m_cursor;
-        state.continued = state.insideToken = false;
+            Refill(m_tokens.IsEmpty() ? m_cursor : m_buffer.get() + (m_tokens[0] - m_buffer.get()));
+        m_state.insideComment = *m_cursor == '#';
+        m_state.insideToken = m_state.continued = false;
     }
+    m_lineTokens = m_tokens.Array();
+    m_tokenCount = m_tokens.Count();
+    m_lineEnds.Empty();
+    m_linesServed = 0;
+    m_needsRules = false;
 }
 
-void CObjLineTokenizer::CutByte(char* byte, CutState& state)
+void CObjLineTokenizer::CutByte(char* byte)
 {
+    if (m_state.insideComment)
+        return;
     if (*byte == '\\') {
         if (!IsPrintable(byte[1])) {
-            state.continued = true;
+            m_state.continued = true;
             *byte = '\0';
             return;
         }
-        state.pathMode = true;
+        m_state.pathMode = true;
     }
     if (IsPrintable(*byte)) {
-        if (!state.insideToken)
+        if (!m_state.insideToken)
             m_tokens.Append(byte);
-        state.insideToken = true;
-    } else if (*byte != ' ' || !state.pathMode) {
-        state.insideToken = false;
+        m_state.insideToken = true;
+    } else if (*byte != ' ' || !m_state.pathMode) {
+        m_state.insideToken = false;
         *byte = '\0';
-    }
-}
-
-void CObjLineTokenizer::SkipComment()
-{
-    char* bytes = m_cursor;
-    for (;; bytes += MaskBits) {
-        const std::uint64_t lineEnd = ClassifyBytes(bytes).lineEnd;
-        if (lineEnd == 0)
-            continue;
-        EndPhysicalLine(bytes + std::countr_zero(lineEnd));
-        return;
     }
 }
 
@@ -146,26 +189,21 @@ void CObjLineTokenizer::EndPhysicalLine(char* end)
         m_atEnd = true;
         return;
     }
-    m_cursor = end + 1;
-    if (*end == '\r') {
-        if (m_cursor == m_dataEnd)
-            m_skipLineFeed = true;
-        else if (*m_cursor == '\n')
-            ++m_cursor;
-    }
+    EndPlainLine(end);
+    m_cursor = end + (m_state.lineFeedFollows ? 2 : 1);
+    m_state.lineFeedFollows = false;
     *end = '\0';
 }
 
 /// Reads until at least one whole line stands behind the cursor, keeping what stands from
-/// `keepFrom` on; gives where that stands now.
-char* CObjLineTokenizer::Refill(char* keepFrom)
+/// `keepFrom` on, which moves to the front of the buffer with all that points there.
+void CObjLineTokenizer::Refill(char* keepFrom)
 {
     do {
         MoveToFront(keepFrom);
         keepFrom = m_buffer.get();
         ReadBlock();
     } while (!FindCompleteLines());
-    return keepFrom;
 }
 
 /// Brings the bytes to keep to the front of a buffer with room for one more block.
@@ -175,8 +213,9 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
     const std::size_t needed = static_cast<std::size_t>(kept) + m_blockSize + Padding;
     std::unique_ptr<char[]> larger;
     if (needed > m_capacity) {
-        m_capacity = std::max(needed, m_capacity * 2);
-        larger.reset(new char[m_capacity]);
+        const std::size_t capacity = std::max(needed, m_capacity * 2);
+        larger.reset(new char[capacity]);
+        m_capacity = capacity;
     }
     char* const front = larger ? larger.get() : m_buffer.get();
     if (kept > 0)
@@ -211,9 +250,9 @@ bool CObjLineTokenizer::FindCompleteLines()
         m_completeEnd = m_dataEnd + 1;
         return true;
     }
-    const auto isLineEnd = [](char byte) { return IsLineEnd(byte); };
-    const auto lastEnd = std::find_if(std::make_reverse_iterator(m_dataEnd),
-                                      std::make_reverse_iterator(m_cursor), isLineEnd);
+    const auto lastEnd =
+        std::find_if(std::make_reverse_iterator(m_dataEnd), std::make_reverse_iterator(m_cursor),
+                     [](char byte) { return IsLineEnd(byte); });
     m_completeEnd = lastEnd.base();
     return m_completeEnd != m_cursor;
 }

@@ -3,8 +3,11 @@
 #include "host/geokit/simple_array.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
+
+class ByteBlock;
 
 /// Reads a text file one logical line at a time and cuts the line into tokens.
 ///
@@ -20,7 +23,7 @@ class CObjLineTokenizer
 {
 public:
     /// Bytes asked of the stream at a time.
-    static constexpr std::size_t DefaultBlockSize = 256 * 1024;
+    static constexpr std::size_t DefaultBlockSize = 64 * 1024;
 
     /// Readable bytes behind every token's terminating zero, so that numbers may be read eight
     /// bytes at a time.
@@ -46,13 +49,13 @@ public:
     /// Reading broke off with an error of the stream, which counts as the end of the file.
     [[nodiscard]] bool ReadFailed() const { return m_readFailed; }
 
-    [[nodiscard]] int TokenCount() const { return m_tokens.Count(); }
+    [[nodiscard]] int TokenCount() const { return m_tokenCount; }
 
     /// A token of the current line: not empty, zero-terminated, valid until the next ReadLine. Null
     /// when there is no such token.
     [[nodiscard]] const char* Token(int index) const
     {
-        return index >= 0 && index < m_tokens.Count() ? m_tokens[index] : nullptr;
+        return index >= 0 && index < m_tokenCount ? m_lineTokens[index] : nullptr;
     }
 
 private:
@@ -61,32 +64,45 @@ private:
         void operator()(std::FILE* stream) const { std::fclose(stream); }
     };
 
-    /// Where the cutting of a logical line stands that needs more than plain cutting.
+    /// Where the cutting of a logical line stands.
     struct CutState
     {
         bool insideToken = false;
+        bool insideComment = false;
         bool pathMode = false;
         bool continued = false;
+        bool lineFeedFollows = false; ///< the LF of a CR LF is the next byte
     };
 
-    void CutLine();
-    char* CutPlainBytes(bool& insideToken);
-    void CutByRules(char* bytes, CutState state);
-    void CutByte(char* byte, CutState& state);
-    void SkipComment();
+    void CutPlainLines();
+    void CutBlock(const ByteBlock& block, std::uint64_t valid);
+    void EndPlainLine(const char* end);
+    void ServePlainLine();
+    void CutByRules();
+    void CutByte(char* byte);
     void EndPhysicalLine(char* end);
 
-    char* Refill(char* keepFrom);
+    void Refill(char* keepFrom);
     void MoveToFront(char* keepFrom);
     void ReadBlock();
     [[nodiscard]] bool FindCompleteLines();
 
     std::unique_ptr<std::FILE, CloseFile> m_stream;
     std::size_t m_blockSize;
-    GK_SimpleArray<const char*> m_tokens;
+
+    const char* const* m_lineTokens = nullptr; ///< of the current line
+    int m_tokenCount = 0;
+
+    GK_SimpleArray<const char*> m_tokens; ///< of the lines cut together, end to end
+    GK_SimpleArray<int> m_lineEnds; ///< for each of these lines the count of tokens up to its end
+    int m_linesServed = 0;
+    int m_tokensServed = 0;
+    CutState m_state;          ///< of the line behind these lines, as far as it has been cut
+    bool m_needsRules = false; ///< that line holds a backslash
+
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_capacity = 0;
-    char* m_cursor = nullptr;      ///< start of the next physical line
+    char* m_cursor = nullptr;      ///< what is to be cut next
     char* m_dataEnd = nullptr;     ///< behind the last byte read
     char* m_completeEnd = nullptr; ///< behind the last line end among the bytes read
     bool m_skipLineFeed = false;   ///< the last byte read was a CR that ended a line

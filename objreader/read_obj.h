@@ -13,6 +13,7 @@
 #include "host/geokit/string.h"
 #include "host/geokit/xform.h"
 
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <span>
@@ -79,7 +80,20 @@ public:
     /// Turns an OBJ index (from 1, or negative and counting back from the last of `count` elements)
     /// into a 0-based one. False when it names no element: the index is then -1 and has been
     /// counted.
-    bool ResolveIndex(int& index, int count);
+    bool ResolveIndex(int& index, int count)
+    {
+        if (index >= 1 && index <= count) {
+            --index;
+            return true;
+        }
+        if (index < 0 && index >= -count) {
+            index += count;
+            return true;
+        }
+        index = -1;
+        ++BogusIndexCount;
+        return false;
+    }
 
     /// Which field of a corner named nothing.
     enum BadField : int
@@ -182,6 +196,8 @@ private:
     bool ReadNormal();
 
     bool ReadFace();
+    BadField ResolveFields(std::int64_t vertex, std::int64_t texture, std::int64_t normal,
+                           V_TN_IDX& corner);
     bool ReadCorner(const char* token, int& fieldCount, Geometry& geometry);
     bool NewGroupMesh();
     bool ReadPoint();

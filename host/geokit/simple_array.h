@@ -73,15 +73,21 @@ public:
     /// Appends `count` values, which must not lie in this array.
     void Append(int count, const T* values)
     {
-        if (count <= 0)
-            return;
+        if (count > 0)
+            std::memcpy(static_cast<void*>(AppendUnset(count)), values,
+                        sizeof(T) * static_cast<std::size_t>(count));
+    }
+
+    /// Appends `count` (0 or more) elements whose values are yet to be set; gives the address of
+    /// the first.
+    T* AppendUnset(int count)
+    {
         if (count > std::numeric_limits<int>::max() - m_count)
             throw std::bad_alloc();
         if (m_count + count > m_capacity)
             Reallocate(std::max(GrownCapacity(), m_count + count));
-        std::memcpy(static_cast<void*>(m_elements + m_count), values,
-                    sizeof(T) * static_cast<std::size_t>(count));
         m_count += count;
+        return m_elements + m_count - count;
     }
 
     /// Makes room for `capacity` elements in all; never shrinks.
@@ -98,6 +104,15 @@ public:
         for (int i = m_count; i < count; ++i)
             ::new (static_cast<void*>(m_elements + i)) T();
         m_count = count;
+    }
+
+    /// Takes out the first `count` elements.
+    void RemoveFirst(int count)
+    {
+        m_count -= count;
+        if (count > 0 && m_count > 0)
+            std::memmove(static_cast<void*>(m_elements), m_elements + count,
+                         sizeof(T) * static_cast<std::size_t>(m_count));
     }
 
     /// Gives back the room that no element uses.
