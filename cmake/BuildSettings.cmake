@@ -18,6 +18,11 @@ add_compile_options(
     -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wundef -Werror)
 # A product of doubles must not turn into a fused one on some machines only.
 add_compile_options(-ffp-contract=off)
+# GCC 12 loses the rounding of (double)(float)x when it puts two such conversions side by side into
+# one vector register.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fno-tree-slp-vectorize)
+endif()
 
 if(IMPORTOBJ_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
