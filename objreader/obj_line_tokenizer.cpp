@@ -199,11 +199,12 @@ void CObjLineTokenizer::EndPhysicalLine(char* end)
 /// `keepFrom` on, which moves to the front of the buffer with all that points there.
 void CObjLineTokenizer::Refill(char* keepFrom)
 {
+    const char* newBytes = nullptr;
     do {
         MoveToFront(keepFrom);
         keepFrom = m_buffer.get();
-        ReadBlock();
-    } while (!FindCompleteLines());
+        newBytes = ReadBlock();
+    } while (!FindCompleteLines(newBytes));
 }
 
 /// Brings the bytes to keep to the front of a buffer with room for one more block.
@@ -218,7 +219,7 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
         m_capacity = capacity;
     }
     char* const front = larger ? larger.get() : m_buffer.get();
-    if (kept > 0)
+    if (kept > 0 && front != keepFrom)
         std::memmove(front, keepFrom, static_cast<std::size_t>(kept));
     for (const char*& token : m_tokens)
         token = front + (token - keepFrom);
@@ -228,31 +229,34 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
         m_buffer = std::move(larger);
 }
 
-void CObjLineTokenizer::ReadBlock()
+/// Reads one more block behind the data; gives where the bytes of it begin that are to be cut.
+const char* CObjLineTokenizer::ReadBlock()
 {
+    const char* newBytes = m_dataEnd;
     const std::size_t count = std::fread(m_dataEnd, 1, m_blockSize, m_stream.get());
     m_streamEnded = count < m_blockSize;
     m_readFailed = m_streamEnded && std::ferror(m_stream.get()) != 0;
     if (m_skipLineFeed && count > 0) {
         m_skipLineFeed = false;
         if (*m_dataEnd == '\n')
-            ++m_cursor;
+            newBytes = ++m_cursor;
     }
     m_dataEnd += count;
     // Behind the data stands a zero byte, which ends the file's last line.
     std::memset(m_dataEnd, 0, Padding);
+    return newBytes;
 }
 
-/// Notes how far whole lines reach; false while not even one does.
-bool CObjLineTokenizer::FindCompleteLines()
+/// Notes how far whole lines reach, which only new bytes can change; false while not even one does.
+bool CObjLineTokenizer::FindCompleteLines(const char* newBytes)
 {
     if (m_streamEnded) {
         m_completeEnd = m_dataEnd + 1;
         return true;
     }
-    const auto lastEnd =
-        std::find_if(std::make_reverse_iterator(m_dataEnd), std::make_reverse_iterator(m_cursor),
-                     [](char byte) { return IsLineEnd(byte); });
-    m_completeEnd = lastEnd.base();
+    char* end = m_dataEnd;
+    while (end != newBytes && !IsLineEnd(end[-1]))
+        --end;
+    m_completeEnd = end == newBytes ? m_cursor : end;
     return m_completeEnd != m_cursor;
 }

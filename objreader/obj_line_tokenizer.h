@@ -84,8 +84,8 @@ private:
 
     void Refill(char* keepFrom);
     void MoveToFront(char* keepFrom);
-    void ReadBlock();
-    [[nodiscard]] bool FindCompleteLines();
+    const char* ReadBlock();
+    [[nodiscard]] bool FindCompleteLines(const char* newBytes);
 
     std::unique_ptr<std::FILE, CloseFile> m_stream;
     std::size_t m_blockSize;
