@@ -1,6 +1,19 @@
 #include "objreader/group_object.h"
 #include "objreader/read_obj.h"
 
+namespace {
+
+/// Bounds the first face by the edge of its surface.
+void AddNaturalOuterLoop(GK_Brep& brep)
+{
+    int vertices[4] = {-1, -1, -1, -1};
+    int edges[4] = {-1, -1, -1, -1};
+    bool reversed[4] = {};
+    brep.NewOuterLoop(0, vertices, edges, reversed);
+}
+
+} // namespace
+
 bool CReadOBJ::Build()
 {
     bool result = true;
@@ -14,8 +27,8 @@ bool CReadOBJ::Build()
     return result;
 }
 
-/// Adds the objects of one record: mesh, points, point clouds. `result` becomes the outcome of the
-/// last object attempted.
+/// Adds the objects of one record: mesh, curves, points, point clouds, breps. `result` becomes the
+/// outcome of the last object attempted.
 void CReadOBJ::BuildRecord(Group_Object& record, GK_MdxObjectAttributes& attributes, bool& result)
 {
     attributes.Default();
@@ -26,7 +39,9 @@ void CReadOBJ::BuildRecord(Group_Object& record, GK_MdxObjectAttributes& attribu
         attributes.SetMaterialSource(GK::material_from_object);
     }
     AddMesh(record, attributes, result);
+    AddCurves(*record.geometry, attributes, result);
     AddPoints(*record.geometry, attributes, result);
+    AddBreps(*record.geometry, attributes, result);
 }
 
 void CReadOBJ::AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes, bool& result)
@@ -59,6 +74,30 @@ void CReadOBJ::AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes&
     for (const GK_PointCloud& cloud : geometry.pointClouds) {
         auto object = std::make_unique<CKelvoPointCloudObject>(attributes);
         object->SetPointCloud(cloud);
+        result = doc.AddObject(std::move(object), AddAsReference, false);
+    }
+}
+
+void CReadOBJ::AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)
+{
+    for (std::unique_ptr<VX_NurbsCurve>& curve : geometry.curves) {
+        auto object = std::make_unique<CKelvoCurveObject>(attributes);
+        object->SetCurve(std::move(curve));
+        result = doc.AddObject(std::move(object), AddAsReference, false);
+    }
+}
+
+void CReadOBJ::AddBreps(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)
+{
+    for (std::unique_ptr<VX_Brep>& owned : geometry.breps) {
+        std::unique_ptr<VX_Brep> brep = std::move(owned);
+        if (brep->FaceCount() > 0 && brep->Face(0).LoopCount() == 0)
+            AddNaturalOuterLoop(*brep);
+        result = KelvoRepairBrep(*brep, tolerance);
+        if (!result)
+            continue;
+        auto object = std::make_unique<CKelvoBrepObject>(attributes);
+        object->SetBrep(std::move(brep));
         result = doc.AddObject(std::move(object), AddAsReference, false);
     }
 }

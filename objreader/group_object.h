@@ -5,6 +5,8 @@
 #include "host/geokit/mesh.h"
 #include "host/geokit/point_cloud.h"
 
+#include <vector>
+
 /// The names of one "g" statement, in the order of the line. Records made under the same statement
 /// share them, and what has become of them in the document.
 struct CReadOBJ::GroupNames
@@ -31,6 +33,9 @@ struct CReadOBJ::Geometry
     GK_SimpleArray<Face> faces;
     GK_SimpleArray<GK_3dPoint> points;
     GK_ClassArray<GK_PointCloud> pointClouds;
+    std::vector<std::unique_ptr<VX_NurbsCurve>> curves;
+    std::vector<std::unique_ptr<VX_Brep>> breps; ///< one for each surface
+    GK_SimpleArray<int> surfaceCVs; ///< positions that the latest surface names, in its order
 };
 
 /// The record of one combination of group, object and material name. Files may use very many, most

@@ -1,3 +1,4 @@
+#include "objreader/keyword.h"
 #include "objreader/read_obj.h"
 
 #include "host/app/app.h"
@@ -8,20 +9,6 @@
 #include <string_view>
 
 namespace {
-
-constexpr char Lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool IsKeyword(const char* token, std::string_view lowerCaseKeyword)
-{
-    for (const char c : lowerCaseKeyword) {
-        if (Lower(*token++) != c)
-            return false;
-    }
-    return *token == '\0';
-}
 
 /// What a handler's result false does.
 enum class OnFailure
@@ -51,11 +38,19 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
     static constexpr Statement ParamVertex{"vp", &CReadOBJ::ReadParamVertex};
     static constexpr std::array Others{
         Statement{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace},
+        Statement{"cstype", &CReadOBJ::ReadCSType},
+        Statement{"curv", &CReadOBJ::ReadSpaceCurve},
+        Statement{"curv2", &CReadOBJ::ReadParamCurve},
+        Statement{"deg", &CReadOBJ::ReadDegree},
         Statement{"g", &CReadOBJ::ReadGroupName},
         Statement{"group", &CReadOBJ::ReadGroupName},
+        Statement{"hole", &CReadOBJ::ReadTrimLoop},
         Statement{"mtllib", &CReadOBJ::ReadMaterialLibrary, OnFailure::GoOn},
         Statement{"o", &CReadOBJ::ReadObjectName},
         Statement{"p", &CReadOBJ::ReadPoint},
+        Statement{"parm", &CReadOBJ::ReadParm},
+        Statement{"surf", &CReadOBJ::ReadSurface},
+        Statement{"trim", &CReadOBJ::ReadTrimLoop},
         Statement{"usemtl", &CReadOBJ::ReadMaterialUse},
     };
 

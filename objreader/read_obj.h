@@ -12,6 +12,9 @@
 #include "host/geokit/simple_array.h"
 #include "host/geokit/string.h"
 #include "host/geokit/xform.h"
+#include "host/vxkit/brep.h"
+#include "host/vxkit/nurbs_curve.h"
+#include "host/vxkit/nurbs_surface.h"
 
 #include <cstdint>
 #include <memory>
@@ -175,6 +178,37 @@ public:
     const GK_String* materialName = nullptr;
     std::shared_ptr<GroupNames> groupNames; ///< all names of the last "g" statement
 
+    // Free-form statements.
+
+    /// Forms of curves and surfaces, as "cstype" names them.
+    enum CurveForm : int
+    {
+        FormNone = 0,
+        FormBasisMatrix = 1,
+        FormBezier = 2,
+        FormBSpline = 3,
+        FormCardinal = 4,
+        FormTaylor = 5
+    };
+
+    /// The free-form element begun last, which "parm", "trim" and "hole" apply to.
+    enum FreeformKind : int
+    {
+        FreeformNone = 0,
+        FreeformCurve = 4,
+        FreeformParamCurve = 5,
+        FreeformSurface = 6
+    };
+
+    int cstype = FormNone; ///< set by "cstype", as is the next
+    bool rational = false; ///< control points carry weights
+    int degreeU = -1;      ///< set by "deg"; -1: not given
+    int degreeV = -1;
+    int freeformKind = FreeformNone;
+    GK_ClassArray<VX_NurbsCurve> trimCurves; ///< of all "curv2" statements, in their order
+    bool parmUSet = false;                   ///< knots in u were given since the last "surf"
+    bool parmVSet = false;
+
     double tolerance; ///< the document's absolute tolerance
     GK_Xform ObjYToZ; ///< (x, y, z) becomes (x, -z, y)
 
@@ -214,7 +248,31 @@ private:
     bool ReadJoinedName(const GK_String*& name);
     bool SelectGroupObject();
 
-    bool Ignore() { return true; }
+    bool ReadCSType();
+    bool ReadDegree();
+    bool ReadCurve(bool bParameterSpace);
+    bool ReadSpaceCurve() { return ReadCurve(false); }
+    bool ReadParamCurve() { return ReadCurve(true); }
+    bool ReadControlPoints(VX_NurbsCurve& curve, int firstToken, bool bParameterSpace);
+    bool ReadParm();
+    bool ReadCurveParm();
+    bool ReadBSplineKnots(GK_NurbsCurve& curve);
+    void ReadBezierKnots(GK_NurbsCurve& curve);
+    [[nodiscard]] VX_NurbsCurve* CurrentCurve();
+
+    bool ReadSurface();
+    bool NewSurface();
+    bool ReadSurfaceParm();
+    bool ReadBSplineKnots(GK_NurbsSurface& surface, int direction);
+    bool ReadBezierKnots(GK_NurbsSurface& surface, int direction);
+    void CompleteSurface(VX_Brep& brep, GK_NurbsSurface& surface);
+
+    bool ReadTrimLoop();
+    bool ReadTrim(VX_Brep& brep, const VX_NurbsSurface& surface, int loopIndex, int firstToken);
+    void AddTrim(VX_Brep& brep, const VX_NurbsSurface& surface, int loopIndex, int curveIndex,
+                 const GK_Interval& part);
+    [[nodiscard]] bool MayTrim() const;
+    [[nodiscard]] VX_Brep* CurrentBrep();
 
     void MakeMeshVertices(Geometry& geometry);
     bool MakeMeshFaces(Geometry& geometry);
@@ -224,10 +282,13 @@ private:
     void AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes, bool& result);
     void AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes& attributes,
                    bool& result);
+    void AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result);
+    void AddBreps(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result);
     void EnterGroupNames(GroupNames* names);
     int FindOrAddGroup(const GK_wString& name);
     int FindOrAddLayer(const GK_wString& name, GK_UUID& parentId);
 
+    std::int64_t m_trimWork = 0; ///< control points that trims took or cost so far
     NameTable m_names;
     std::string m_joinedName; ///< scratch, as are the following: kept to be used again
     GK_SimpleArray<int> meshFaceIndices;

@@ -14,10 +14,10 @@ void GK_NurbsSurface::Create(bool rational, int orderU, int orderV)
     m_order = {orderU, orderV};
 }
 
-void GK_NurbsSurface::SetControlPointCounts(int countU, int countV)
+void GK_NurbsSurface::SetControlPointCount(int direction, int count)
 {
     m_validity = Validity::Unknown;
-    m_count = {countU, countV};
+    m_count[Index(direction)] = count;
 }
 
 int GK_NurbsSurface::ControlPointCapacity() const
@@ -124,7 +124,7 @@ bool GK_NurbsSurface::Check(std::string* reason) const
                                 d == 0 ? " in u" : " in v"};
     };
     for (const int d : {0, 1}) {
-        if (Knots(d).IsEmpty())
+        if (Knots(d).IsEmpty() && ControlPointCount(d) == 0)
             return Unsound(reason,
                            std::string("the surface has no knots") + direction(d).direction);
         if (!CheckOrder(direction(d), Subject, reason))

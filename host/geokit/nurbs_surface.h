@@ -28,8 +28,8 @@ public:
     /// The number of control points in a direction, as claimed; there may be fewer.
     [[nodiscard]] int ControlPointCount(int direction) const { return m_count[Index(direction)]; }
 
-    /// Claims numbers of control points. What stands in the array is not moved.
-    void SetControlPointCounts(int countU, int countV);
+    /// Claims a number of control points in a direction. What stands in the array is not moved.
+    void SetControlPointCount(int direction, int count);
 
     /// The number of control points that there is room for.
     [[nodiscard]] int ControlPointCapacity() const;

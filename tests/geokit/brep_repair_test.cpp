@@ -178,12 +178,14 @@ TEST(RepairBrep, RefusesWhatHasNoFaceOrNoSoundSurface)
     VX_Brep faceless;
     auto half = MakePlane(1.0);
     half->SetKnots(1, {});
+    half->SetControlPointCount(1, 0);
     faceless.AddSurface(std::move(half));
     EXPECT_FALSE(RepairBrep(faceless, Tolerance, report));
     EXPECT_EQ(report.reason, "the brep has no face: the surface has no knots in v");
 
     auto huge = MakePlane(1.0);
-    huge->SetControlPointCounts(1000000, 1000000);
+    huge->SetControlPointCount(0, 1000000);
+    huge->SetControlPointCount(1, 1000000);
     const auto brep = MakeBrep(std::move(huge));
     EXPECT_FALSE(RepairBrep(*brep, Tolerance, report));
     EXPECT_EQ(report.reason, "the surface has 4 of its 1000000000000 control points");

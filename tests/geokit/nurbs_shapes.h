@@ -62,7 +62,8 @@ inline std::unique_ptr<VX_NurbsSurface> MakeSurface(bool rational, int orderU, i
     surface->SetKnots(1, Doubles(knotsV));
     const int countU = static_cast<int>(knotsU.size()) - orderU + 2;
     const int countV = static_cast<int>(knotsV.size()) - orderV + 2;
-    surface->SetControlPointCounts(countU, countV);
+    surface->SetControlPointCount(0, countU);
+    surface->SetControlPointCount(1, countV);
     surface->ReserveCVCapacity(static_cast<int>(points.size()));
     const double* point = points.data();
     for (int j = 0; j < countV; ++j)

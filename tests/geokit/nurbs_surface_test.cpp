@@ -69,7 +69,11 @@ TEST(NurbsSurface, SaysWhatIsUnsound)
     };
     const Case cases[] = {
         {[](GK_NurbsSurface&) {}, ""},
-        {[](GK_NurbsSurface& s) { s.SetKnots(1, {}); }, "the surface has no knots in v"},
+        {[](GK_NurbsSurface& s) {
+             s.SetKnots(1, {});
+             s.SetControlPointCount(1, 0);
+         },
+         "the surface has no knots in v"},
         {[](GK_NurbsSurface& s) {
              s.SetKnots(0, {0.0, 1.0, 2.0});
          },
@@ -78,9 +82,15 @@ TEST(NurbsSurface, SaysWhatIsUnsound)
              s.SetKnots(0, {1.0, 0.0});
          },
          "the surface's knots in u decrease, from 1 to 0"},
-        {[](GK_NurbsSurface& s) { s.SetControlPointCounts(1000000, 1000000); },
+        {[](GK_NurbsSurface& s) {
+             s.SetControlPointCount(0, 1000000);
+             s.SetControlPointCount(1, 1000000);
+         },
          "the surface has 4 of its 1000000000000 control points"},
-        {[](GK_NurbsSurface& s) { s.SetControlPointCounts(2, 1); },
+        {[](GK_NurbsSurface& s) {
+             s.SetControlPointCount(0, 2);
+             s.SetControlPointCount(1, 1);
+         },
          "the surface has 1 control points in v; degree 1 needs at least 2"},
         {[](GK_NurbsSurface& s) {
              const double point[] = {1, 1, GK_UNSET_VALUE, 1};

@@ -95,7 +95,8 @@ TEST(Pushup, GivesNullForWhatIsNotSound)
     EXPECT_EQ(plane->Pushup(MakeCurve(3, false, 2, {0, 0, 0, 1, 1, 1}, {0, 1}), 1e-3, &whole),
               nullptr);
     const auto bare = MakePlane(1.0);
-    bare->SetControlPointCounts(3, 3);
+    bare->SetControlPointCount(0, 3);
+    bare->SetControlPointCount(1, 3);
     EXPECT_EQ(bare->Pushup(*line, 1e-3, &whole), nullptr);
 }
 
