@@ -1,6 +1,7 @@
 #include "console_host/program/program.h"
 
 #include "console_host/app/console_app.h"
+#include "console_host/app/input_answers.h"
 #include "console_host/program/about.h"
 #include "console_host/program/command_line.h"
 #include "console_host/program/document_json.h"
@@ -63,8 +64,6 @@ private:
 /// What is asked for but not there yet.
 void CheckAvailable(const CommandLine& commandLine)
 {
-    if (commandLine.asking == Asking::Prompt)
-        throw ProgramError("--prompt is not available in this version");
     if (commandLine.asking == Asking::Dialog)
         throw ProgramError("--dialog is not available in this version");
     if (!commandLine.run.empty())
@@ -135,6 +134,8 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     ConsoleApp& app = ConsoleApp::Instance();
     app.SetPrintStream(commandLine.quiet ? nullptr : user);
     app.SetProfile(MakeProfile(commandLine, module.PlugIn().PlugInId()));
+    if (commandLine.asking == Asking::Prompt)
+        SetAnswerSource(MakeStandardInputAnswers());
     JsonFile json(commandLine.json);
     module.RunLoadHook();
 
