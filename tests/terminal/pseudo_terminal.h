@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// A program that runs in a terminal of its own, with the test in the place of the person at it.
+class PseudoTerminal
+{
+public:
+    /// Starts a program with its arguments.
+    explicit PseudoTerminal(std::vector<std::string> command);
+    PseudoTerminal(const PseudoTerminal&) = delete;
+    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+    ~PseudoTerminal();
+
+    /// What the program shows up to and with the text, from where the last call stopped. Fails the
+    /// test when the text does not come within a minute; without a text waits for the end.
+    std::string ShownUpTo(const std::string& text);
+
+    /// Types as a person does; "\n" is Enter.
+    void Type(const std::string& keys) const;
+
+    /// Waits for the program's end and gives its exit status, or -1.
+    int ExitStatus();
+
+private:
+    bool ReadMore();
+
+    int m_terminal = -1;
+    int m_process = -1;
+    std::string m_shown;
+};
