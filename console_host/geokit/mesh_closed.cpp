@@ -2,14 +2,10 @@
 #include "console_host/geokit/mesh_positions.h"
 #include "console_host/geokit/position_hash.h"
 
+#include <memory>
 #include <vector>
 
 namespace {
-
-int CornerCount(const GK_MeshFace& face)
-{
-    return face.IsTriangle() ? 3 : 4;
-}
 
 enum class Screening
 {
@@ -41,31 +37,68 @@ Screening Screen(const GK_Mesh& mesh)
     return sum != 0 && !undecided ? Screening::Open : Screening::Undecided;
 }
 
+template <class Use>
+void UseEdge(int a, int b, const Use& use)
+{
+    use(static_cast<std::size_t>(std::min(a, b)), std::max(a, b));
+}
+
+/// For a face of which corners are one: sides can be points or lie on each other.
+template <class Use>
+void ForEachEdgeOfFoldedFace(const std::array<int, 4>& corners, const Use& use)
+{
+    std::array<std::pair<int, int>, 4> edges;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::pair<int, int> edge = std::minmax({corners[i], corners[(i + 1) % 4]});
+        if (edge.first == edge.second || std::count(edges.data(), edges.data() + count, edge) > 0)
+            continue;
+        edges[count++] = edge;
+        UseEdge(edge.first, edge.second, use);
+    }
+}
+
 /// Calls `use` with the lower and the upper end of each edge of a face, once for each edge.
 template <class Use>
 void ForEachEdge(const GK_MeshFace& face, const GK_SimpleArray<int>& topologicalVertices,
                  const Use& use)
 {
-    const std::size_t count = static_cast<std::size_t>(CornerCount(face));
-    std::array<std::pair<int, int>, 4> edges;
-    auto* end = edges.begin();
-    for (std::size_t i = 0; i < count; ++i) {
-        const int a = topologicalVertices[face.vi[i]];
-        const int b = topologicalVertices[face.vi[i + 1 < count ? i + 1 : 0]];
-        const std::pair<int, int> edge = std::minmax(a, b);
-        if (a == b || std::find(edges.begin(), end, edge) != end)
-            continue;
-        *end++ = edge;
-        use(edge.first, edge.second);
+    const bool triangle = face.IsTriangle();
+    const int a = topologicalVertices[face.vi[0]];
+    const int b = topologicalVertices[face.vi[1]];
+    const int c = topologicalVertices[face.vi[2]];
+    const int d = triangle ? a : topologicalVertices[face.vi[3]];
+    if (a == b || b == c || c == d || a == c || (!triangle && (d == a || d == b))) {
+        ForEachEdgeOfFoldedFace({a, b, c, d}, use);
+        return;
+    }
+    UseEdge(a, b, use);
+    UseEdge(b, c, use);
+    UseEdge(c, d, use);
+    if (!triangle)
+        UseEdge(d, a, use);
+}
+
+void Sort(std::span<int> values)
+{
+    constexpr std::size_t Many = 24;
+    if (values.size() > Many) {
+        std::sort(values.begin(), values.end());
+        return;
+    }
+    for (std::size_t i = 1; i < values.size(); ++i) {
+        const int value = values[i];
+        std::size_t place = i;
+        for (; place > 0 && values[place - 1] > value; --place)
+            values[place] = values[place - 1];
+        values[place] = value;
     }
 }
 
-/// Every value stands twice, neither less nor more often. Sorts the values.
+/// Every one of the values, an even number of them, stands twice and not more often. Sorts them.
 bool AllInPairs(std::span<int> values)
 {
-    if (values.size() % 2 != 0)
-        return false;
-    std::sort(values.begin(), values.end());
+    Sort(values);
     for (std::size_t i = 0; i < values.size(); i += 2) {
         const bool more = i + 2 < values.size() && values[i + 1] == values[i + 2];
         if (values[i] != values[i + 1] || more)
@@ -82,20 +115,19 @@ bool EveryEdgeHasTwoFaces(const GK_Mesh& mesh)
     std::vector<std::size_t> ends(static_cast<std::size_t>(mesh.VertexCount()) + 1);
     for (const GK_MeshFace& face : mesh.faces)
         ForEachEdge(face, topologicalVertices,
-                    [&](int lower, int /*upper*/) { ++ends[static_cast<std::size_t>(lower)]; });
+                    [&ends](std::size_t lower, int /*upper*/) { ++ends[lower]; });
     std::size_t sum = 0;
     for (std::size_t& end : ends) {
         if (end % 2 != 0)
             return false;
         end = sum += end;
     }
-    std::vector<int> uppers(sum);
+    const auto uppers = std::make_unique_for_overwrite<int[]>(sum);
     for (const GK_MeshFace& face : mesh.faces)
-        ForEachEdge(face, topologicalVertices, [&](int lower, int upper) {
-            uppers[--ends[static_cast<std::size_t>(lower)]] = upper;
-        });
+        ForEachEdge(face, topologicalVertices,
+                    [&](std::size_t lower, int upper) { uppers[--ends[lower]] = upper; });
     for (std::size_t i = 0; i + 1 < ends.size(); ++i)
-        if (!AllInPairs({uppers.data() + ends[i], ends[i + 1] - ends[i]}))
+        if (!AllInPairs({uppers.get() + ends[i], ends[i + 1] - ends[i]}))
             return false;
     return true;
 }

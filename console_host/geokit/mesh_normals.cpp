@@ -4,21 +4,36 @@
 
 namespace {
 
-double LargestCoordinate(const GK_3dVector& v)
+/// Faces are taken block by block, so that the square roots and divisions of many of them overlap.
+constexpr int BlockSize = 256;
+
+/// One vector for each face of a block.
+struct FaceVectors
 {
-    return std::max({std::abs(v.x), std::abs(v.y), std::abs(v.z)});
+    std::array<double, BlockSize> x;
+    std::array<double, BlockSize> y;
+    std::array<double, BlockSize> z;
+
+    void Set(std::size_t i, const GK_3dVector& vector)
+    {
+        x[i] = vector.x;
+        y[i] = vector.y;
+        z[i] = vector.z;
+    }
+
+    [[nodiscard]] GK_3dVector Get(std::size_t i) const { return {x[i], y[i], z[i]}; }
+};
+
+bool SquareIsOrdinary(double squared)
+{
+    // Beyond these the squares overflow or lose digits.
+    return squared > 1e-280 && squared < 1e280;
 }
 
-/// The vector made unit; zero when it is zero or not finite.
-GK_3dVector UnitVector(const GK_3dVector& vector)
+/// The unit vector of any vector; zero when it is zero or not finite.
+GK_3dVector ScaledUnitVector(const GK_3dVector& vector)
 {
-    // Between these the squares neither overflow nor lose digits.
-    constexpr double Smallest = 1e-280;
-    constexpr double Largest = 1e280;
-    const double squared = GK_DotProduct(vector, vector);
-    if (squared > Smallest && squared < Largest)
-        return (1.0 / std::sqrt(squared)) * vector;
-    const double largest = LargestCoordinate(vector);
+    const double largest = std::max({std::abs(vector.x), std::abs(vector.y), std::abs(vector.z)});
     if (!(largest > 0.0) || !std::isfinite(largest))
         return {};
     const GK_3dVector scaled{vector.x / largest, vector.y / largest, vector.z / largest};
@@ -26,19 +41,66 @@ GK_3dVector UnitVector(const GK_3dVector& vector)
     return std::isfinite(length) ? (1.0 / length) * scaled : GK_3dVector{};
 }
 
-/// The corners of a face in order, each vertex once: 3 or 4 of them unless the face is not sound.
-int DistinctCorners(const GK_MeshFace& face, int (&corners)[4])
+/// The cross product of two edges of a triangle or of the diagonals of a quad; zero for a face that
+/// names a vertex that is not there.
+template <class Position>
+GK_3dVector AreaVector(const GK_MeshFace& face, int vertexCount, const Position& position)
 {
-    int count = 0;
-    for (const int vertex : face.vi)
-        if (std::find(corners, corners + count, vertex) == corners + count)
-            corners[count++] = vertex;
-    return count;
+    if (!IndicesInRange(face, vertexCount))
+        return {};
+    const GK_3dPoint& a = position(face.vi[0]);
+    const GK_3dPoint& b = position(face.vi[1]);
+    const GK_3dPoint& c = position(face.vi[2]);
+    return face.IsTriangle() ? GK_CrossProduct(b - a, c - a)
+                             : GK_CrossProduct(c - a, position(face.vi[3]) - b);
+}
+
+void MakeUnit(FaceVectors& vectors, std::size_t count)
+{
+    std::array<double, BlockSize> squares;
+    for (std::size_t i = 0; i < count; ++i)
+        squares[i] =
+            vectors.x[i] * vectors.x[i] + vectors.y[i] * vectors.y[i] + vectors.z[i] * vectors.z[i];
+    for (std::size_t i = 0; i < count; ++i)
+        if (!SquareIsOrdinary(squares[i])) {
+            vectors.Set(i, ScaledUnitVector(vectors.Get(i)));
+            squares[i] = 1.0;
+        }
+    for (std::size_t i = 0; i < count; ++i) {
+        const double scale = 1.0 / std::sqrt(squares[i]);
+        vectors.x[i] *= scale;
+        vectors.y[i] *= scale;
+        vectors.z[i] *= scale;
+    }
+}
+
+void Add(GK_3dVector& sum, const GK_3dVector& vector)
+{
+    sum.x += vector.x;
+    sum.y += vector.y;
+    sum.z += vector.z;
+}
+
+/// Adds a face's unit normal to each of its vertices once. A triangle that names a vertex twice has
+/// no area, so that nothing is added twice.
+void AddToVertices(const GK_MeshFace& face, const GK_3dVector& normal, GK_3dVector* sums)
+{
+    const auto [a, b, c, d] = face.vi;
+    const bool quad = face.IsQuad();
+    Add(sums[a], normal);
+    if (!quad || b != a)
+        Add(sums[b], normal);
+    if (!quad || c != b)
+        Add(sums[c], normal);
+    if (quad && d != a)
+        Add(sums[d], normal);
 }
 
 GK_3fVector NormalOfSum(const GK_3dVector& sum)
 {
-    const GK_3dVector unit = UnitVector(sum);
+    const double squared = GK_DotProduct(sum, sum);
+    const GK_3dVector unit =
+        SquareIsOrdinary(squared) ? (1.0 / std::sqrt(squared)) * sum : ScaledUnitVector(sum);
     if (unit == GK_3dVector{})
         return {0.0F, 0.0F, 1.0F};
     return {static_cast<float>(unit.x), static_cast<float>(unit.y), static_cast<float>(unit.z)};
@@ -48,24 +110,21 @@ GK_3fVector NormalOfSum(const GK_3dVector& sum)
 
 void GK_Mesh::ComputeVertexNormals()
 {
-    // A vertex may have a million faces, too many for a sum in single precision.
+    // A vertex may have a million faces, too many for sums in single precision.
     GK_SimpleArray<GK_3dVector> sums;
     sums.SetCount(VertexCount());
     WithPositions(*this, [&](const auto& position) {
-        for (const GK_MeshFace& face : faces) {
-            if (!IndicesInRange(face, VertexCount()))
-                continue;
-            const GK_3dPoint a = position(face.vi[0]);
-            const GK_3dPoint b = position(face.vi[1]);
-            const GK_3dPoint c = position(face.vi[2]);
-            const GK_3dVector normal = face.IsTriangle()
-                                           ? GK_CrossProduct(b - a, c - a)
-                                           : GK_CrossProduct(c - a, position(face.vi[3]) - b);
-            const GK_3dVector unit = UnitVector(normal);
-            int corners[4];
-            const int count = DistinctCorners(face, corners);
-            for (int i = 0; i < count; ++i)
-                sums[corners[i]] = sums[corners[i]] + unit;
+        FaceVectors unitNormals;
+        std::span<const GK_MeshFace> rest(faces.begin(), faces.end());
+        while (!rest.empty()) {
+            const auto block = rest.first(std::min<std::size_t>(BlockSize, rest.size()));
+            rest = rest.subspan(block.size());
+            for (std::size_t i = 0; i < block.size(); ++i)
+                unitNormals.Set(i, AreaVector(block[i], VertexCount(), position));
+            MakeUnit(unitNormals, block.size());
+            for (std::size_t i = 0; i < block.size(); ++i)
+                if (IndicesInRange(block[i], VertexCount()))
+                    AddToVertices(block[i], unitNormals.Get(i), sums.Array());
         }
     });
     normals.SetCount(VertexCount());

@@ -9,7 +9,7 @@ auto WithPositions(const GK_Mesh& mesh, const Use& use)
 {
     const GK_SimpleArray<GK_3dPoint>& exact = mesh.DoublePrecisionVertices();
     if (mesh.DoublePrecisionVerticesAreValid() && exact.Count() == mesh.VertexCount())
-        return use([points = exact.Array()](int i) { return points[i]; });
+        return use([points = exact.Array()](int i) -> const GK_3dPoint& { return points[i]; });
     return use([points = mesh.vertices.Array()](int i) {
         return GK_3dPoint{points[i].x, points[i].y, points[i].z};
     });
