@@ -1,12 +1,102 @@
 #include "host/vxkit/triangulate.h"
 
-bool VX_Triangulate3dPolygon(int pointCount, int /*pointDimension*/, const double* /*points*/,
-                             int /*pointStride*/, int* triangles)
+#include "console_host/vxkit/triangulate_ears.h"
+#include "console_host/vxkit/triangulate_sweep.h"
+
+#include <vector>
+
+namespace {
+
+/// All corners turn left by more than the tolerance explains, and in all by one full turn.
+bool IsClearlyConvex(std::span<const PlanarPoint> points, double tolerance)
 {
-    for (int i = 1; i + 1 < pointCount; ++i) {
-        *triangles++ = 0;
-        *triangles++ = i;
-        *triangles++ = i + 1;
+    int reversals = 0;
+    PlanarPoint a = points[points.size() - 2];
+    PlanarPoint b = points.back();
+    const auto goesUp = [](const PlanarPoint& from, const PlanarPoint& to) {
+        return from.x != to.x ? from.x < to.x : from.y < to.y;
+    };
+    bool wasUp = goesUp(a, b);
+    for (const PlanarPoint& c : points) {
+        const double area = (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
+        const double chord = (c.x - a.x) * (c.x - a.x) + (c.y - a.y) * (c.y - a.y);
+        if (!(area > 0.0 && area * area > tolerance * tolerance * chord))
+            return false;
+        const bool isUp = goesUp(b, c);
+        reversals += isUp != wasUp ? 1 : 0;
+        wasUp = isUp;
+        a = b;
+        b = c;
     }
-    return pointCount >= 3;
+    return reversals == 2;
+}
+
+/// Takes off every second corner, then every second one of those left, and so on.
+void TriangulateConvex(int count, TriangleWriter& triangles)
+{
+    for (int step = 1; !triangles.IsFull(); step *= 2)
+        for (int i = 0; i + step < count; i += 2 * step) {
+            const int third = i + 2 * step;
+            if (third < count)
+                triangles.Add(i, i + step, third);
+            else if (i > 0)
+                triangles.Add(i, i + step, 0);
+        }
+}
+
+bool AreTurnedLeft(std::span<const PlanarPoint> points, std::span<const int> triangles)
+{
+    const auto point = [&](std::size_t i) {
+        return points[static_cast<std::size_t>(triangles[i])];
+    };
+    for (std::size_t i = 0; i < triangles.size(); i += 3)
+        if (Orientation(point(i), point(i + 1), point(i + 2)) < 0.0)
+            return false;
+    return true;
+}
+
+bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
+                       std::span<int> triangles)
+{
+    constexpr std::size_t FewCorners = 32;
+    const std::size_t count = points.size();
+    const auto writer = [triangles] {
+        return TriangleWriter(triangles.data(), static_cast<int>(triangles.size() / 3));
+    };
+    if (IsClearlyConvex(points, tolerance)) {
+        TriangleWriter out = writer();
+        TriangulateConvex(static_cast<int>(count), out);
+        return true;
+    }
+    if (count > FewCorners) {
+        TriangleWriter out = writer();
+        if (TriangulateBySweep(points, out) && AreTurnedLeft(points, triangles))
+            return true;
+    }
+    if (count > EarClipper::MaxCorners)
+        return false;
+    TriangleWriter out = writer();
+    return EarClipper(points, tolerance).Run(out);
+}
+
+} // namespace
+
+bool VX_Triangulate3dPolygon(int pointCount, int pointDimension, const double* points,
+                             int pointStride, int* triangles)
+{
+    if (pointCount < 3 || pointDimension != 3 || pointStride < 3)
+        return false;
+    const auto count = static_cast<std::size_t>(pointCount);
+    std::array<PlanarPoint, EarClipper::MaxCorners> few;
+    std::vector<PlanarPoint> many;
+    std::span<PlanarPoint> projected(few);
+    if (count <= few.size()) {
+        projected = projected.first(count);
+    } else {
+        many.resize(count);
+        projected = many;
+    }
+    const double tolerance = ProjectPolygon(points, pointStride, projected);
+    return tolerance >= 0.0 &&
+           TriangulatePlanar(projected, tolerance, {triangles, (count - 2) * 3});
 }

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "console_host/vxkit/planar_polygon.h"
+
+#include <array>
+
+/// Cuts a polygon of few corners into triangles by taking off one corner after the other, the one
+/// that makes the best triangle first. Allocates nothing; work grows with the square of the
+/// corners.
+class EarClipper
+{
+public:
+    static constexpr int MaxCorners = 256;
+
+    /// The polygon has 3 to `MaxCorners` corners and turns to the left. Corners nearer than
+    /// `tolerance` to a line count as lying on it where the triangles can be chosen.
+    EarClipper(std::span<const PlanarPoint> points, double tolerance);
+
+    /// False when no corner could be taken off any more, as can happen when sides cross.
+    bool Run(TriangleWriter& triangles);
+
+private:
+    enum class State : unsigned char
+    {
+        Untested,
+        Ear,
+        Blocked,
+        NoEar,
+        Gone
+    };
+
+    [[nodiscard]] const PlanarPoint& Point(int i) const
+    {
+        return m_points[static_cast<std::size_t>(i)];
+    }
+
+    void Classify(int i);
+    void ClassifyAll();
+    [[nodiscard]] int Blocker(int i) const;
+    [[nodiscard]] bool Blocks(int v, int i) const;
+    [[nodiscard]] bool EntersAcross(int v, int from, int to) const;
+    int BestEar();
+    [[nodiscard]] int LeastBadCorner() const;
+
+    struct Corner
+    {
+        int previous;
+        int next;
+        int blocker;
+        State state;
+        bool mayBlock;
+        double quality;
+    };
+
+    Corner& At(int i) { return m_corners[static_cast<std::size_t>(i)]; }
+    [[nodiscard]] const Corner& At(int i) const { return m_corners[static_cast<std::size_t>(i)]; }
+
+    std::span<const PlanarPoint> m_points;
+    double m_tolerance;
+    int m_first = 0;
+    int m_count;
+    int m_mayBlockCount = 0;
+    std::array<Corner, MaxCorners> m_corners;
+};
