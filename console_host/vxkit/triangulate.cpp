@@ -58,7 +58,7 @@ bool AreTurnedLeft(std::span<const PlanarPoint> points, std::span<const int> tri
 bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
                        std::span<int> triangles)
 {
-    constexpr std::size_t FewCorners = 32;
+    constexpr std::size_t FewCorners = 12;
     const std::size_t count = points.size();
     const auto writer = [triangles] {
         return TriangleWriter(triangles.data(), static_cast<int>(triangles.size() / 3));
