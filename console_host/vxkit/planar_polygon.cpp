@@ -82,13 +82,13 @@ double ExactOrientation(const PlanarPoint& a, const PlanarPoint& b, const Planar
     return sum.Value();
 }
 
-/// A power of two that brings very large or very small coordinates to where their products neither
-/// overflow nor vanish.
+/// A power of two that brings the largest coordinate near 1, so that products of coordinates
+/// neither overflow nor vanish.
 double ScaleFor(double largest)
 {
-    if (largest > 1e100)
-        return 0x1p-700;
-    return largest < 1e-100 ? 0x1p700 : 1.0;
+    int exponent = 0;
+    std::frexp(largest, &exponent);
+    return std::ldexp(1.0, std::clamp(-exponent, -1000, 1000));
 }
 
 } // namespace
