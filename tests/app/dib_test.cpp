@@ -1,0 +1,112 @@
+#include "tests/app/image_files.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An image whose pixels all differ.
+CKelvoDib Pattern(int width, int height, int depth)
+{
+    CKelvoDib image(width, height, depth, true);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            SetColor(image, x, y, {(x * 16) & 255, (y * 8) & 255, (x + y) & 255, (x * y) & 255});
+    }
+    return image;
+}
+
+void ExpectSamePicture(CKelvoDib& image, CKelvoDib& other)
+{
+    ASSERT_EQ(image.GetDepth(), other.GetDepth());
+    ASSERT_EQ(image.Width(), other.Width());
+    ASSERT_EQ(image.Height(), other.Height());
+    for (int y = 0; y < image.Height(); ++y) {
+        for (int x = 0; x < image.Width(); ++x)
+            ASSERT_EQ(ColorAt(image, x, y), ColorAt(other, x, y)) << x << ", " << y;
+    }
+}
+
+TEST(Dib, RowsArePaddedAndSizesLimited)
+{
+    struct
+    {
+        int width, height, depth;
+        std::size_t size; ///< 0: refused
+    } const cases[] = {
+        {5, 3, 24, 48},        {4, 3, 24, 36},        {5, 3, 32, 60}, {1, 1, 24, 4},
+        {0, 3, 24, 0},         {3, -1, 24, 0},        {3, 3, 8, 0},   {16385, 1, 24, 0},
+        {16384, 1, 24, 49152}, {1, 16384, 32, 65536},
+    };
+    for (const auto& each : cases) {
+        CKelvoDib image(each.width, each.height, each.depth, true);
+        EXPECT_EQ(image.GetStorageSize(), each.size) << each.width << " x " << each.height;
+        EXPECT_EQ(image.FindDIBBits() != nullptr, each.size > 0);
+        EXPECT_EQ(image.Width(), each.size > 0 ? each.width : 0);
+    }
+    CKelvoDib withoutPixels(5, 3, 32, false);
+    EXPECT_EQ(withoutPixels.GetDepth(), 32);
+    EXPECT_EQ(withoutPixels.FindDIBBits(), nullptr);
+}
+
+TEST(Dib, WrittenImagesReadBackTheSame)
+{
+    const TestFolder folder;
+    for (const int depth : {24, 32}) {
+        for (const int width : {1, 2, 3, 4, 5, 15}) {
+            CKelvoDib image = Pattern(width, 7, depth);
+            const fs::path path = folder / PathFromUtf8("\xE6\x9C\xA8 \xC3\xA9.PnG");
+            ASSERT_TRUE(WriteDib(image, path));
+            EXPECT_EQ(folder.FileCount(), 1U);
+            CKelvoDib back;
+            ASSERT_TRUE(ReadDib(back, path));
+            ExpectSamePicture(image, back);
+        }
+    }
+}
+
+TEST(Dib, AFailedWriteLeavesWhatWasThere)
+{
+    const TestFolder folder;
+    fs::create_directories(folder / "taken.png" / "content");
+    fs::create_directories(folder / "unfinished.png.part");
+    WriteFile(folder / "unfinished.png", {1, 2, 3});
+    const CKelvoDib image = Pattern(3, 3, 24);
+
+    EXPECT_FALSE(WriteDib(image, folder / "taken.png"));
+    EXPECT_FALSE(WriteDib(image, folder / "unfinished.png"));
+    EXPECT_FALSE(WriteDib(image, folder / "missing" / "a.png"));
+    for (const char* name : {"a.bmp", "a", "png", "a.png.tga", "a.pn"})
+        EXPECT_FALSE(WriteDib(image, folder / name)) << name;
+    EXPECT_FALSE(WriteDib(CKelvoDib(), folder / "empty.png"));
+
+    EXPECT_EQ(FileBytes(folder / "unfinished.png"), (Bytes{1, 2, 3}));
+    EXPECT_EQ(folder.FileCount(), 3U);
+}
+
+TEST(Dib, OnlyImageFilesAreRead)
+{
+    const TestFolder folder;
+    fs::create_directories(folder / "folder.png");
+    WriteFile(folder / "one_byte.png", {0x89});
+    WriteFile(folder / "empty.png", {});
+    WriteFile(folder / "text.tga", Bytes(100, 'a'));
+    for (const char* name :
+         {"folder.png", "one_byte.png", "empty.png", "text.tga", "missing.png"}) {
+        CKelvoDib image = Pattern(2, 2, 24);
+        EXPECT_FALSE(ReadDib(image, folder / name)) << name;
+        EXPECT_EQ(image.Width(), 2) << name;
+    }
+}
+
+TEST(Dib, NamesFromWindowsAreFound)
+{
+    const TestFolder folder;
+    fs::create_directories(folder / "Maps");
+    ASSERT_TRUE(WriteDib(Pattern(3, 2, 32), folder / "Maps" / "Wood.png"));
+    CKelvoDib image;
+    const std::wstring path = WidePath(folder / "") + L"maps\\WOOD.PNG";
+    EXPECT_NE(image.ReadFromFile(path.c_str()), 0);
+    EXPECT_EQ(image.Width(), 3);
+}
+
+} // namespace
