@@ -1,4 +1,5 @@
-#include "tests/app/image_files.h"
+#include "tests/test_files.h"
+#include "tests/test_images.h"
 
 namespace {
 
@@ -69,7 +70,7 @@ TEST(Dib, AFailedWriteLeavesWhatWasThere)
     const TestFolder folder;
     fs::create_directories(folder / "taken.png" / "content");
     fs::create_directories(folder / "unfinished.png.part");
-    WriteFile(folder / "unfinished.png", {1, 2, 3});
+    WriteFile(folder / "unfinished.png", Bytes{1, 2, 3});
     const CKelvoDib image = Pattern(3, 3, 24);
 
     EXPECT_FALSE(WriteDib(image, folder / "taken.png"));
@@ -87,8 +88,8 @@ TEST(Dib, OnlyImageFilesAreRead)
 {
     const TestFolder folder;
     fs::create_directories(folder / "folder.png");
-    WriteFile(folder / "one_byte.png", {0x89});
-    WriteFile(folder / "empty.png", {});
+    WriteFile(folder / "one_byte.png", Bytes{0x89});
+    WriteFile(folder / "empty.png", Bytes{});
     WriteFile(folder / "text.tga", Bytes(100, 'a'));
     for (const char* name :
          {"folder.png", "one_byte.png", "empty.png", "text.tga", "missing.png"}) {

@@ -1,6 +1,7 @@
 #include "console_host/app/image_reader.h"
 #include "console_host/app/library_memory.h"
-#include "tests/app/image_files.h"
+#include "tests/test_files.h"
+#include "tests/test_images.h"
 
 #include <initializer_list>
 #include <new>

@@ -1,0 +1,218 @@
+#include "console_host/app/document.h"
+#include "console_host/runtime/native_path.h"
+#include "materials/mtl_reader.h"
+#include "materials/texture_splitting.h"
+#include "objreader/read_obj.h"
+#include "tests/test_files.h"
+#include "tests/test_images.h"
+
+#include "host/geokit/texture.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+namespace fs = std::filesystem;
+
+constexpr Rgba Brown{120, 60, 30, 255};
+constexpr Rgba BrownGlass{120, 60, 30, 100};
+constexpr Rgba PureRed{255, 0, 0, 255};
+constexpr Rgba RedGlass{255, 0, 0, 0};
+
+CKelvoDib Image(int width, int height, int depth, const Rgba& color)
+{
+    CKelvoDib image(width, height, depth, true);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            SetColor(image, x, y, color);
+    }
+    return image;
+}
+
+TEST(SplitImage, EveryPixelGoesToItsPlace)
+{
+    for (const int width : {1, 2, 3, 4, 5, 7, 8, 13}) {
+        SCOPED_TRACE(width);
+        const auto colorAt = [](int x, int y) -> Rgba {
+            return {x * 19 % 256, 200 - x, y * 100 % 256, 255 - x - y};
+        };
+        CKelvoDib image(width, 3, 32, true);
+        for (int y = 0; y < 3; ++y) {
+            for (int x = 0; x < width; ++x)
+                SetColor(image, x, y, colorAt(x, y));
+        }
+        CKelvoDib alpha;
+        bool white = true;
+        EXPECT_TRUE(SplitImage(image, alpha, white));
+        EXPECT_FALSE(white);
+        ASSERT_EQ(image.GetDepth(), 24);
+        ASSERT_EQ(alpha.GetDepth(), 24);
+        EXPECT_EQ(image.GetStorageSize(),
+                  3U * ((3U * static_cast<unsigned>(width) + 3U) / 4U * 4U));
+        for (int y = 0; y < 3; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const auto [red, green, blue, a] = colorAt(x, y);
+                EXPECT_EQ(ColorAt(image, x, y), (Rgba{red, green, blue}));
+                EXPECT_EQ(ColorAt(alpha, x, y), (Rgba{a, a, a}));
+            }
+        }
+    }
+}
+
+TEST(SplitImage, OnePixelDecidesOverWhiteAndTransparency)
+{
+    for (int at = 0; at < 7 * 2; ++at) {
+        CKelvoDib image = Image(7, 2, 32, PureRed);
+        SetColor(image, at % 7, at / 7, {254, 254, 254, 254});
+        CKelvoDib alpha;
+        bool white = true;
+        EXPECT_TRUE(SplitImage(image, alpha, white)) << at;
+        EXPECT_FALSE(white) << at;
+    }
+    for (const Rgba color : {Rgba{0, 0, 255}, Rgba{0, 255, 0}, Rgba{255, 0, 0}}) {
+        CKelvoDib image = Image(7, 2, 32, color);
+        CKelvoDib alpha;
+        bool white = false;
+        EXPECT_FALSE(SplitImage(image, alpha, white));
+        EXPECT_TRUE(white);
+        EXPECT_EQ(alpha.FindDIBBits(), nullptr);
+    }
+}
+
+TEST(SplitImage, RefusesOtherDepths)
+{
+    CKelvoDib image = Image(2, 2, 24, Brown);
+    CKelvoDib alpha;
+    bool white = false;
+    EXPECT_FALSE(SplitImage(image, alpha, white));
+    EXPECT_FALSE(white);
+    CKelvoDib withoutPixels(2, 2, 32, false);
+    EXPECT_FALSE(SplitImage(withoutPixels, alpha, white));
+}
+
+class SplitTextures : public testing::Test
+{
+protected:
+    void SetSource(const Rgba& color, int depth = 32)
+    {
+        ASSERT_TRUE(WriteDib(Image(5, 4, depth, color), m_folder / "wood.png"));
+    }
+
+    /// A folder of this name makes every write to it fail.
+    void Block(const char* name) { fs::create_directories(m_folder / name); }
+
+    /// The textures that a material of this texture gets, as "type:file".
+    std::vector<std::string> Textures(const std::string& file = "wood.png")
+    {
+        WriteFile(m_folder / "library.mtl", "newmtl a\nmap_Kd " + file + "\n");
+        const std::wstring obj = WidePath(m_folder / "scene.obj");
+        ConsoleDoc document(0.001);
+        const CKelvoFileReadOptions options;
+        CReadOBJ reader(obj.c_str(), document, options);
+        reader.Split32bitTextures = true;
+        CMtlReader(reader, std::fopen((m_folder / "library.mtl").string().c_str(), "rb")).Read();
+        std::vector<std::string> textures;
+        for (const GK_Texture& texture : document.Materials()[0].Textures()) {
+            EXPECT_TRUE(texture.on);
+            const std::string name = texture.filename.Utf8();
+            textures.push_back(std::to_string(static_cast<int>(texture.type)) + ":" +
+                               name.substr(name.find_last_of('\\') + 1));
+        }
+        return textures;
+    }
+
+    bool Exists(const char* name) { return fs::is_regular_file(m_folder / name); }
+
+    TestFolder m_folder;
+};
+
+constexpr const char* ColorFile = "wood_kvDiffuse.png";
+constexpr const char* AlphaFile = "wood_kvAlpha.png";
+
+TEST_F(SplitTextures, WhatAMaterialGets)
+{
+    struct
+    {
+        const char* what;
+        int depth;
+        Rgba color;
+        bool colorBlocked, alphaBlocked;
+        std::vector<std::string> textures;
+    } const cases[] = {
+        {"transparent",
+         32,
+         BrownGlass,
+         false,
+         false,
+         {"1:wood_kvDiffuse.png", "3:wood_kvAlpha.png"}},
+        {"transparent, no colour file", 32, BrownGlass, true, false, {"3:wood_kvAlpha.png"}},
+        {"transparent, no alpha file", 32, BrownGlass, false, true, {"1:wood_kvDiffuse.png"}},
+        {"transparent, no file", 32, BrownGlass, true, true, {"1:wood.png"}},
+        {"transparent white", 32, RedGlass, false, false, {"3:wood_kvAlpha.png"}},
+        {"transparent white, no alpha file", 32, RedGlass, false, true, {"1:wood.png"}},
+        {"opaque", 32, Brown, false, false, {"1:wood_kvDiffuse.png"}},
+        {"opaque, no colour file", 32, Brown, true, false, {"1:wood.png"}},
+        {"opaque white", 32, PureRed, false, false, {"1:wood.png"}},
+        {"24 bits", 24, Brown, false, false, {"1:wood.png"}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        fs::remove_all(m_folder / ColorFile);
+        fs::remove_all(m_folder / AlphaFile);
+        SetSource(each.color, each.depth);
+        if (each.colorBlocked)
+            Block(ColorFile);
+        if (each.alphaBlocked)
+            Block(AlphaFile);
+        EXPECT_THAT(Textures(), ElementsAreArray(each.textures));
+        const auto isUsed = [&each](const char* file) {
+            return std::any_of(
+                each.textures.begin(), each.textures.end(),
+                [file](const std::string& texture) { return texture.ends_with(file); });
+        };
+        EXPECT_EQ(Exists(ColorFile), isUsed(ColorFile));
+        EXPECT_EQ(Exists(AlphaFile), isUsed(AlphaFile));
+    }
+}
+
+TEST_F(SplitTextures, FilesHoldTheColorsAndTheAlpha)
+{
+    SetSource(BrownGlass);
+    WriteFile(m_folder / ColorFile, "an older file");
+    Textures();
+    CKelvoDib image;
+    ASSERT_TRUE(ReadDib(image, m_folder / ColorFile));
+    EXPECT_EQ(image.GetDepth(), 24);
+    EXPECT_EQ(image.Width(), 5);
+    EXPECT_EQ(ColorAt(image, 4, 3), (Rgba{120, 60, 30}));
+    ASSERT_TRUE(ReadDib(image, m_folder / AlphaFile));
+    EXPECT_EQ(ColorAt(image, 4, 3), (Rgba{100, 100, 100}));
+}
+
+TEST_F(SplitTextures, TheLastDotOfTheWholeNameCounts)
+{
+    fs::create_directories(m_folder / "my.models");
+    SetSource(BrownGlass);
+    fs::rename(m_folder / "wood.png", m_folder / "my.models" / "wood");
+    EXPECT_THAT(Textures("my.models/wood"), ElementsAre("1:my_kvDiffuse.png", "3:my_kvAlpha.png"));
+    EXPECT_TRUE(Exists("my_kvAlpha.png"));
+}
+
+TEST_F(SplitTextures, WhatCannotBeReadStays)
+{
+    Block("folder.png");
+    WriteFile(m_folder / "broken.png", "\x89PNG");
+    for (const std::string name : {"missing.png", "folder.png", "broken.png"})
+        EXPECT_THAT(Textures(name), ElementsAre("1:" + name));
+
+    GK_Texture diffuse;
+    diffuse.filename = L"nodot";
+    GK_Texture alpha;
+    EXPECT_FALSE(SplitTexture(diffuse, alpha));
+    EXPECT_EQ(diffuse.filename.Utf8(), "nodot");
+}
+
+} // namespace
