@@ -3,7 +3,7 @@
 #include "materials/file_names.h"
 #include "materials/mtl_color.h"
 #include "materials/mtl_statements.h"
-#include "materials/texture_splitting.h"
+#include "materials/split_outcomes.h"
 #include "objreader/numbers.h"
 #include "objreader/read_obj.h"
 
@@ -123,8 +123,11 @@ void CMtlReader::AddTexture(GK_Texture::TYPE type, std::string_view fileName)
 
 void CMtlReader::AddSplitTexture(GK_Texture& diffuse)
 {
+    std::shared_ptr<SplitOutcomes>& outcomes = m_objReader.splitOutcomes;
+    if (outcomes == nullptr)
+        outcomes = std::make_shared<SplitOutcomes>();
     GK_Texture alpha;
-    const bool isSplit = SplitTexture(diffuse, alpha);
+    const bool isSplit = outcomes->Split(diffuse, alpha);
     if (!isSplit || diffuse.on)
         m_material.AddTexture(diffuse);
     if (isSplit && alpha.on)

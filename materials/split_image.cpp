@@ -24,11 +24,6 @@ constexpr std::uint32_t ColorBits = 0x00FFFFFF;
 /// A pixel of 32 bits is blue, green, red and alpha from the lowest byte up.
 std::uint32_t LoadPixel(const unsigned char* from)
 {
-    if constexpr (std::endian::native == std::endian::little) {
-        std::uint32_t pixel = 0;
-        std::memcpy(&pixel, from, sizeof pixel);
-        return pixel;
-    }
     return std::uint32_t{from[0]} | std::uint32_t{from[1]} << 8U | std::uint32_t{from[2]} << 16U |
            std::uint32_t{from[3]} << 24U;
 }
@@ -48,39 +43,49 @@ void NotePixel(std::uint32_t pixel, PixelFacts& facts)
         facts.white = facts.white && HasFullColor(pixel);
 }
 
-void StoreWords(std::uint32_t first, std::uint32_t second, std::uint32_t third, unsigned char* to)
+/// The colours of two pixels, close together in 48 bits.
+std::uint64_t PackColors(std::uint64_t pixels)
 {
-    const std::uint32_t words[3] = {first, second, third};
-    std::memcpy(to, words, sizeof words);
+    return (pixels & ColorBits) | (pixels >> 8U & std::uint64_t{ColorBits} << 24U);
 }
 
-/// Four pixels come and go as words: 16 bytes in, 12 bytes out, twice.
+/// The alpha values of two pixels, each three times.
+std::uint64_t SpreadAlphas(std::uint64_t pixels)
+{
+    return (pixels >> 24U & 0xFFU) * 0x010101U + (pixels >> 56U) * 0x010101000000U;
+}
+
+/// Stores 48 bits and 48 bits as 12 bytes.
+void StorePairs(std::uint64_t first, std::uint64_t second, unsigned char* to)
+{
+    const std::uint64_t low = first | second << 48U;
+    const auto high = static_cast<std::uint32_t>(second >> 16U);
+    std::memcpy(to, &low, sizeof low);
+    std::memcpy(to + sizeof low, &high, sizeof high);
+}
+
+/// Four pixels at once, where words have their lowest byte first.
 template <bool LookForWhite>
 void SplitFourPixels(const unsigned char* from, unsigned char* color, unsigned char* alpha,
                      PixelFacts& facts)
 {
-    const std::uint32_t p0 = LoadPixel(from);
-    const std::uint32_t p1 = LoadPixel(from + 4);
-    const std::uint32_t p2 = LoadPixel(from + 8);
-    const std::uint32_t p3 = LoadPixel(from + 12);
-    for (const std::uint32_t pixel : {p0, p1, p2, p3})
-        NotePixel<LookForWhite>(pixel, facts);
-
-    StoreWords((p0 & ColorBits) | p1 << 24U, (p1 & ColorBits) >> 8U | p2 << 16U,
-               (p2 & ColorBits) >> 16U | p3 << 8U, color);
-
-    const std::uint32_t a0 = p0 >> 24U;
-    const std::uint32_t a1 = p1 >> 24U;
-    const std::uint32_t a2 = p2 >> 24U;
-    const std::uint32_t a3 = p3 >> 24U;
-    StoreWords(a0 * 0x00010101U | a1 << 24U, a1 * 0x00000101U | a2 * 0x01010000U,
-               a2 | a3 * 0x01010100U, alpha);
+    std::uint64_t first = 0;
+    std::uint64_t second = 0;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&second, from + sizeof first, sizeof second);
+    for (const std::uint64_t pair : {first, second}) {
+        NotePixel<LookForWhite>(static_cast<std::uint32_t>(pair), facts);
+        NotePixel<LookForWhite>(static_cast<std::uint32_t>(pair >> 32U), facts);
+    }
+    StorePairs(PackColors(first), PackColors(second), color);
+    StorePairs(SpreadAlphas(first), SpreadAlphas(second), alpha);
 }
 
 template <bool LookForWhite>
 void SplitRow(const unsigned char* from, unsigned char* color, unsigned char* alpha, int width,
-              PixelFacts& facts)
+              PixelFacts& result)
 {
+    PixelFacts facts = result; // stays in registers
     int x = 0;
     if constexpr (std::endian::native == std::endian::little) {
         for (; x + 4 <= width; x += 4, from += 16, color += 12, alpha += 12)
@@ -91,6 +96,7 @@ void SplitRow(const unsigned char* from, unsigned char* color, unsigned char* al
         std::memcpy(color, from, 3);
         std::memset(alpha, from[3], 3);
     }
+    result = facts;
 }
 
 PixelFacts SplitRows(const CKelvoDib& image, CKelvoDib& colorImage, CKelvoDib& alphaImage)

@@ -22,6 +22,8 @@
 #include <span>
 #include <string>
 
+class SplitOutcomes;
+
 /// All state of one import of one OBJ file: it is made for the file, `Parse` reads the file's
 /// statements into it, `Build` adds what they gathered to the document. One reader serves one
 /// import. Running out of memory passes through as std::bad_alloc; what was added to the document
@@ -208,6 +210,8 @@ public:
     GK_ClassArray<VX_NurbsCurve> trimCurves; ///< of all "curv2" statements, in their order
     bool parmUSet = false;                   ///< knots in u were given since the last "surf"
     bool parmVSet = false;
+
+    std::shared_ptr<SplitOutcomes> splitOutcomes; ///< null until a texture is split
 
     double tolerance; ///< the document's absolute tolerance
     GK_Xform ObjYToZ; ///< (x, y, z) becomes (x, -z, y)

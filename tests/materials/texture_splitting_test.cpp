@@ -192,6 +192,24 @@ TEST_F(SplitTextures, FilesHoldTheColorsAndTheAlpha)
     EXPECT_EQ(ColorAt(image, 4, 3), (Rgba{100, 100, 100}));
 }
 
+TEST_F(SplitTextures, AnImageOfManyMaterialsIsSplitOnce)
+{
+    // Some ten seconds, were each one split for itself.
+    ASSERT_TRUE(WriteDib(Image(1024, 1024, 32, BrownGlass), m_folder / "wood.png"));
+    std::string statements = "wood.png";
+    for (int i = 0; i < 1000; ++i)
+        statements += "\nmap_Kd wood.png";
+    EXPECT_EQ(Textures(statements).size(), 2002U);
+
+    // Names that differ only in their extension share their files: the last one's stay.
+    fs::copy_file(m_folder / "wood.png", m_folder / "wood.bmp");
+    SetSource(Brown);
+    EXPECT_EQ(Textures("wood.png\nmap_Kd wood.bmp\nmap_Kd wood.png").size(), 4U);
+    CKelvoDib image;
+    ASSERT_TRUE(ReadDib(image, m_folder / ColorFile));
+    EXPECT_EQ(image.Width(), 5);
+}
+
 TEST_F(SplitTextures, TheLastDotOfTheWholeNameCounts)
 {
     fs::create_directories(m_folder / "my.models");
