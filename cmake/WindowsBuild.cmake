@@ -16,7 +16,7 @@ include_directories(SYSTEM ${windows_headers})
 # Names without the prefix "lib", as the host looks them up, and wide calls of the platform.
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(CMAKE_SHARED_MODULE_PREFIX "")
-add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00
+add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00
                         __USE_MINGW_ANSI_STDIO=1)
 
 # The compiler's run-time libraries stand beside the programs.

@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 #include <windows.h>
 
 std::vector<std::string> ProgramArguments(int, char**)

@@ -1,7 +1,9 @@
 #include "console_host/program/program.h"
 
+#include "console_host/app/command_registry.h"
 #include "console_host/app/console_app.h"
 #include "console_host/app/input_answers.h"
+#include "console_host/framework/dialog_state.h"
 #include "console_host/program/about.h"
 #include "console_host/program/command_line.h"
 #include "console_host/program/document_json.h"
@@ -11,6 +13,9 @@
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/folders.h"
 #include "console_host/runtime/native_path.h"
+
+#include "host/app/command.h"
+#include "host/geokit/string.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -60,15 +65,6 @@ private:
     std::string m_name;
     std::FILE* m_stream = nullptr;
 };
-
-/// What is asked for but not there yet.
-void CheckAvailable(const CommandLine& commandLine)
-{
-    if (commandLine.asking == Asking::Dialog)
-        throw ProgramError("--dialog is not available in this version");
-    if (!commandLine.run.empty())
-        throw ProgramError("--run is not available in this version");
-}
 
 void CheckFiles(const CommandLine& commandLine)
 {
@@ -127,13 +123,55 @@ void WriteForUser(std::FILE* stream, Write write)
         throw ProgramError("cannot write to standard output: " + why);
 }
 
+/// Throws when a dialog was asked for and could not be shown.
+void CheckDialogsWereShown()
+{
+    if (Dialogs().notShown > 0)
+        throw ProgramError("the dialog cannot be shown: there is no display; "
+                           "--prompt asks for the import options on the terminal");
+}
+
+/// Prepares the host for a run in which messages go to `user`.
+void PrepareHost(const CommandLine& commandLine, PlugInModule& module, std::FILE* user)
+{
+    ConsoleApp& app = ConsoleApp::Instance();
+    app.SetPrintStream(commandLine.quiet ? nullptr : user);
+    app.SetProfile(MakeProfile(commandLine, module.PlugIn().PlugInId()));
+}
+
+void RunUnloadHook(PlugInModule& module)
+{
+    module.RunUnloadHook();
+    ConsoleApp::Instance().Profile().Save();
+}
+
+CKelvoCommand& FindCommand(const std::string& name)
+{
+    const CommandRegistry& registry = CommandRegistry::Instance();
+    if (CKelvoCommand* command = registry.Find(GK_wString(std::string_view(name)).View()))
+        return *command;
+    std::string known;
+    for (const CKelvoCommand* command : registry.Commands())
+        known += (known.empty() ? "" : ", ") + GK_wString(command->EnglishCommandName()).Utf8();
+    throw ProgramError("there is no command " + name + "; the plug-in has " + known);
+}
+
+int RunPlugInCommand(const CommandLine& commandLine, PlugInModule& module)
+{
+    CKelvoCommand& command = FindCommand(commandLine.run);
+    PrepareHost(commandLine, module, stdout);
+    module.RunLoadHook();
+    const int result = command.RunCommand();
+    RunUnloadHook(module);
+    CheckDialogsWereShown();
+    return result == CommandSuccess ? 0 : ImportFailed;
+}
+
 int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
 {
     // All that the messages and the summary are written to.
     std::FILE* user = commandLine.json == "-" ? stderr : stdout;
-    ConsoleApp& app = ConsoleApp::Instance();
-    app.SetPrintStream(commandLine.quiet ? nullptr : user);
-    app.SetProfile(MakeProfile(commandLine, module.PlugIn().PlugInId()));
+    PrepareHost(commandLine, module, user);
     if (commandLine.asking == Asking::Prompt)
         SetAnswerSource(MakeStandardInputAnswers());
     JsonFile json(commandLine.json);
@@ -143,11 +181,12 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     ConsoleDoc doc(commandLine.tolerance);
     const bool onCommandLine = commandLine.asking != Asking::Dialog;
     ImportSession session(module.PlugIn(), doc, {onCommandLine, commandLine.zoom});
-    for (const std::string& file : commandLine.files)
+    for (const std::string& file : commandLine.files) {
         session.Import(file);
+        CheckDialogsWereShown();
+    }
 
-    module.RunUnloadHook();
-    app.Profile().Save();
+    RunUnloadHook(module);
     json.Write(session, doc);
     if (!commandLine.quiet)
         WriteForUser(user,
@@ -157,10 +196,11 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
 
 int Run(const CommandLine& commandLine)
 {
-    CheckAvailable(commandLine);
     CheckFiles(commandLine);
     LoadStrings(commandLine);
     PlugInModule module(ModulePath(commandLine));
+    if (!commandLine.run.empty())
+        return RunPlugInCommand(commandLine, module);
     if (!commandLine.about)
         return ImportFiles(commandLine, module);
     WriteForUser(stdout, [&](TextOutput& output) { WriteAbout(output, module); });
