@@ -34,7 +34,7 @@ public:
     void StorePrintable(char* bytes) const;
 
     std::uint64_t printable = 0;
-    std::uint64_t lineEnds = 0;
+    std::uint64_t lineEnds = 0; ///< and other bytes up to CR: few files have any but tabs
     bool anyBackslash = false;
 
 private:
@@ -63,7 +63,8 @@ inline ByteBlock::ByteBlock(const char* bytes)
         const __m128i aboveSpace = _mm_cmpgt_epi8(block, _mm_set1_epi8(0x20));
         const __m128i isPrintable = _mm_andnot_si128(equals(0x7F), aboveSpace);
         printable |= bits(isPrintable);
-        lineEnds |= bits(_mm_or_si128(_mm_or_si128(equals('\n'), equals('\r')), equals('\0')));
+        const __m128i uptoReturn = _mm_min_epu8(block, _mm_set1_epi8('\r'));
+        lineEnds |= bits(_mm_cmpeq_epi8(uptoReturn, block));
         backslashes = _mm_or_si128(backslashes, equals('\\'));
         m_printable[part] = _mm_and_si128(block, isPrintable);
     }

@@ -67,24 +67,26 @@ inline CornerFields CutCorner(const char* text)
     return fields;
 }
 
-} // namespace
-
 /// Resolves the fields of a corner up to the first that names nothing, and gives which that is.
-CReadOBJ::BadField CReadOBJ::ResolveFields(std::int64_t vertex, std::int64_t texture,
-                                           std::int64_t normal, V_TN_IDX& corner)
+[[gnu::always_inline]] inline CReadOBJ::BadField
+ResolveFields(CReadOBJ& reader, const CornerFields& fields, V_TN_IDX& corner)
 {
-    const auto resolve = [this](std::int64_t number, int& index, int listLength) {
+    const auto resolve = [&reader](std::int64_t number, int& index, int listLength) {
         if (number == NoNumber)
             return true;
         index = static_cast<int>(number);
-        return ResolveIndex(index, listLength);
+        return reader.ResolveIndex(index, listLength);
     };
-    if (!resolve(vertex, corner.vi, vertices.Count()))
-        return BadFieldVertex;
-    if (!resolve(texture, corner.ti, texCoords.Count()))
-        return BadFieldTexture;
-    return resolve(normal, corner.ni, normals.Count()) ? BadFieldNone : BadFieldNormal;
+    if (!resolve(fields.vertex, corner.vi, reader.vertices.Count()))
+        return CReadOBJ::BadFieldVertex;
+    if (!resolve(fields.texture, corner.ti, reader.texCoords.Count()))
+        return CReadOBJ::BadFieldTexture;
+    if (!resolve(fields.normal, corner.ni, reader.normals.Count()))
+        return CReadOBJ::BadFieldNormal;
+    return CReadOBJ::BadFieldNone;
 }
+
+} // namespace
 
 int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad_field)
 {
@@ -92,7 +94,7 @@ int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad
     V_TN_IDX corner;
     bad_field = BadFieldNone;
     if (fields.count <= MostFields)
-        bad_field = ResolveFields(fields.vertex, fields.texture, fields.normal, corner);
+        bad_field = ResolveFields(*this, fields, corner);
     vi = corner.vi;
     ti = corner.ti;
     ni = corner.ni;
@@ -107,6 +109,33 @@ bool CReadOBJ::NewGroupMesh()
         mesh->SetPackedTextureDomain(direction, GK_Interval(0.0, 1.0));
     }
     currentGroup->GeometryToFill().mesh = std::move(mesh);
+    return true;
+}
+
+/// Adds a corner to the last face. `fieldCount` is that of the face, 0 until a corner has set it; a
+/// corner whose fields do not agree with it is no part of the face, and false.
+inline bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, Geometry& geometry)
+{
+    V_TN_IDX& corner = *geometry.corners.AppendUnset(1);
+    corner = {};
+    const CornerFields fields = CutCorner(token);
+    if (fields.count > MostFields)
+        return false;
+
+    V_TN_IDX read;
+    const BadField badField = ResolveFields(*this, fields, read);
+    if (fields.vertex != NoNumber) {
+        if (fieldCount == 0)
+            fieldCount = fields.count;
+        if (fields.count != fieldCount)
+            return false;
+    }
+    if (badField != BadFieldNone)
+        PrintBadCorner(badField, token);
+    if (ImportAsMorphTarget)
+        read.ti = read.ni = -1;
+    corner = read;
+    ++geometry.faces.Last()->cornerCount;
     return true;
 }
 
@@ -125,32 +154,5 @@ bool CReadOBJ::ReadFace()
         if (!ReadCorner(tokenizer.Token(i), fieldCount, geometry))
             return false;
     }
-    return true;
-}
-
-/// Adds a corner to the last face. `fieldCount` is that of the face, 0 until a corner has set it; a
-/// corner whose fields do not agree with it is no part of the face, and false.
-bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, Geometry& geometry)
-{
-    V_TN_IDX& corner = *geometry.corners.AppendUnset(1);
-    corner = {};
-    const CornerFields fields = CutCorner(token);
-    if (fields.count > MostFields)
-        return false;
-
-    V_TN_IDX read;
-    const BadField badField = ResolveFields(fields.vertex, fields.texture, fields.normal, read);
-    if (fields.vertex != NoNumber) {
-        if (fieldCount == 0)
-            fieldCount = fields.count;
-        if (fields.count != fieldCount)
-            return false;
-    }
-    if (badField != BadFieldNone)
-        PrintBadCorner(badField, token);
-    if (ImportAsMorphTarget)
-        read.ti = read.ni = -1;
-    corner = read;
-    ++geometry.faces.Last()->cornerCount;
     return true;
 }

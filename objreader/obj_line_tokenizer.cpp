@@ -107,6 +107,10 @@ void CObjLineTokenizer::CutBlock(const ByteBlock& block, std::uint64_t valid)
     while (lineEnds != 0) {
         const int place = std::countr_zero(lineEnds);
         const std::uint64_t before = lineEnds ^ (lineEnds - 1);
+        if (!IsLineEnd(m_cursor[place])) {
+            lineEnds &= lineEnds - 1;
+            continue;
+        }
         if (!m_state.insideComment)
             token = PutTokens(token, m_cursor, starts & before);
         starts &= ~before;

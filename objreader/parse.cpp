@@ -36,8 +36,8 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
     static constexpr Statement Normal{"vn", &CReadOBJ::ReadNormal};
     static constexpr Statement TexCoord{"vt", &CReadOBJ::ReadTexCoord};
     static constexpr Statement ParamVertex{"vp", &CReadOBJ::ReadParamVertex};
+    static constexpr Statement Face{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace};
     static constexpr std::array Others{
-        Statement{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace},
         Statement{"cstype", &CReadOBJ::ReadCSType},
         Statement{"curv", &CReadOBJ::ReadSpaceCurve},
         Statement{"curv2", &CReadOBJ::ReadParamCurve},
@@ -68,6 +68,8 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
             return nullptr;
         }
     }
+    if (IsKeyword(keyword, Face.keyword))
+        return &Face;
     for (const Statement& statement : Others) {
         if (IsKeyword(keyword, statement.keyword))
             return &statement;

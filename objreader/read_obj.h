@@ -234,9 +234,7 @@ private:
     bool ReadNormal();
 
     bool ReadFace();
-    BadField ResolveFields(std::int64_t vertex, std::int64_t texture, std::int64_t normal,
-                           V_TN_IDX& corner);
-    bool ReadCorner(const char* token, int& fieldCount, Geometry& geometry);
+    inline bool ReadCorner(const char* token, int& fieldCount, Geometry& geometry);
     bool NewGroupMesh();
     bool ReadPoint();
     bool ReadPointCloud(Geometry& geometry);
