@@ -28,9 +28,10 @@ inline DigitRun ReadDigits(const char* text)
     const std::uint64_t others = ((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080;
     const int count = std::countr_zero(others) / 8;
 
-    // The digits move up behind leading zeros (in two steps, since none may have to move by all 64
-    // bits); then neighbours join: 2 digits, 4 digits, 8 digits.
-    bytes = bytes << 1 << (63 - 8 * count);
+    // The digits move up behind leading zeros (in two equal steps, since no digits move by all 64
+    // bits, which one shift cannot do, and eight by none); then neighbours join: 2, 4, 8 digits.
+    const int halfway = 32 - 4 * count;
+    bytes = bytes << halfway << halfway;
     bytes = bytes * 10 + (bytes >> 8);
     constexpr std::uint64_t Pairs = 0x000000FF000000FF;
     bytes = ((bytes & Pairs) * (100 + (std::uint64_t{1000000} << 32)) +
