@@ -1,0 +1,199 @@
+// Files that no one should write: cut off, huge, absurd, or no files at all. None may crash or
+// hang, none may leave the wait cursor on (Session::Import sees to that), and what is sound is
+// kept.
+
+#include "tests/whole/session.h"
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+const GK_Mesh* MeshAt(const Session& session, int index)
+{
+    if (index >= session.Doc().ObjectCount())
+        return nullptr;
+    const AnyGeometry geometry = session.Doc().Object(index).geometry;
+    const auto* mesh = std::get_if<const GK_Mesh*>(&geometry);
+    return mesh != nullptr ? *mesh : nullptr;
+}
+
+std::string Repeated(std::string_view text, int count)
+{
+    std::string repeated;
+    repeated.reserve(text.size() * static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+TEST(Hostile, EveryPrefixOfEveryExample)
+{
+    for (const std::string& path : FilesIn(PROJECT_FOLDER "/examples", ".obj")) {
+        SCOPED_TRACE(path);
+        const std::string bytes = ReadBytes(path);
+        for (std::size_t size = 0; size < bytes.size(); ++size) {
+            Session session;
+            session.ImportBytes(std::string_view(bytes).substr(0, size));
+        }
+    }
+}
+
+TEST(Hostile, AllLineEndsGiveTheSame)
+{
+    constexpr std::string_view Lines = "v 0 0 0\nv 1 0 0\nv 0 1 \\\n0\n# note\n\ng a\nf 1 2 3";
+    Session usual;
+    usual.ImportBytes(Lines);
+    ASSERT_EQ(usual.Doc().ObjectCount(), 1);
+    using namespace std::string_view_literals;
+    for (const std::string_view end : {"\r\n"sv, "\r"sv, "\0"sv, "\n\r\n"sv}) {
+        std::string bytes;
+        for (const char byte : Lines)
+            bytes += byte == '\n' ? std::string(end) : std::string(1, byte);
+        if (end == "\n\r\n") // an empty line would end the continuation
+            bytes.erase(bytes.find("\\\n") + 2, 2);
+        Session session;
+        session.ImportBytes(bytes);
+        EXPECT_EQ(session.ReportText(), usual.ReportText()) << testing::PrintToString(end);
+    }
+}
+
+TEST(Hostile, NoFileToRead)
+{
+    const auto folder = std::filesystem::temp_directory_path().string();
+    const ScratchFile unreadable("v 0 0 0\n");
+    std::filesystem::permissions(unreadable.Path(), std::filesystem::perms::none);
+    for (const std::string& path : {folder, folder + "/no such file.obj", std::string(),
+                                    folder + "/no such folder/file.obj", unreadable.Path()}) {
+        SCOPED_TRACE(path);
+        Session session;
+        const bool readable = std::ifstream(path).get() != EOF;
+        EXPECT_TRUE(session.Import(path)); // the outcome of building nothing
+        EXPECT_EQ(session.Prints().empty(), readable);
+        EXPECT_EQ(session.Doc().ObjectCount(), 0);
+    }
+}
+
+TEST(Hostile, BytesThatAreNoText)
+{
+    std::mt19937 random(1); // NOLINT(*-msc51-cpp): the same bytes in every run
+    for (int round = 0; round < 50; ++round) {
+        std::string bytes(20000, '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(random());
+        // Now and then a keyword, so that statements are met.
+        for (std::size_t i = 0; i + 4 < bytes.size(); i += 97)
+            bytes.replace(i, 3, round % 2 == 0 ? "\nf " : "\nv ");
+        Session session;
+        session.ImportBytes(bytes);
+    }
+}
+
+constexpr const char* Triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
+constexpr int TenMillion = 10'000'000;
+
+TEST(Hostile, LinesOfTenMillionBytes)
+{
+    struct LongLine
+    {
+        const char* begin;
+        const char* filler;
+        const char* end;
+    };
+    constexpr LongLine LongLines[] = {
+        {"#", "x", ""},       {"", "x", ""},
+        {"", " ", "s 1"},     {"", "\\", "x"},
+        {"", "\\ ", "\n"}, // the empty line ends the continuation
+        {"", "x \\\n", ""},   {"vt 0.5", "0", " 1e999999"},
+        {"vt 1e", "9", " 1"}, {"vn 0 0 1 ", "9", ""},
+        {"f 1 2 -", "9", ""},
+    };
+    for (const LongLine& line : LongLines) {
+        SCOPED_TRACE(line.begin + std::string(line.filler));
+        std::string bytes = line.begin;
+        bytes += Repeated(line.filler, TenMillion / static_cast<int>(std::strlen(line.filler)));
+        bytes.append(line.end).append("\n").append(Triangle);
+        Session session;
+        EXPECT_TRUE(session.ImportBytes(bytes));
+        const GK_Mesh* mesh = MeshAt(session, 0);
+        ASSERT_NE(mesh, nullptr);
+        EXPECT_EQ(mesh->FaceCount(), 1);
+    }
+}
+
+TEST(Hostile, NameOfTenMillionBytes)
+{
+    Session session;
+    std::string bytes = "o ";
+    bytes.append(TenMillion, 'x').append("\n").append(Triangle);
+    EXPECT_TRUE(session.ImportBytes(bytes));
+    ASSERT_EQ(session.Doc().ObjectCount(), 1);
+    EXPECT_EQ(session.Doc().Object(0).attributes->name.Length(), TenMillion);
+}
+
+TEST(Hostile, AMillionTokensOnALine)
+{
+    constexpr int Million = 1'000'000;
+    std::string bytes = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\np";
+    Session cloud;
+    EXPECT_TRUE(cloud.ImportBytes(bytes.append(Repeated(" 1", Million))));
+    EXPECT_EQ(cloud.Doc().ObjectCount(), 1);
+
+    bytes = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf";
+    Session polygon;
+    polygon.ImportBytes(bytes.append(Repeated(" 1 2 3 4", Million / 4)));
+    EXPECT_LE(polygon.Doc().ObjectCount(), 1);
+
+    bytes = "v";
+    Session vertex;
+    EXPECT_TRUE(vertex.ImportBytes(bytes.append(Repeated(" 1", Million)).append("\np 1")));
+    EXPECT_EQ(vertex.Doc().ObjectCount(), 1);
+
+    std::string names = "g";
+    for (int i = 0; i < Million / 4; ++i)
+        names.append(" ").append(std::to_string(i));
+    Session groups;
+    EXPECT_TRUE(groups.ImportBytes(names.append("\n").append(Triangle)));
+    EXPECT_EQ(groups.Doc().Groups().Count(), Million / 4);
+}
+
+TEST(Hostile, ManyRecords)
+{
+    std::string bytes = "v 0 0 0\nv 1 0 0\nv 0 1 0\n";
+    constexpr int Count = 100'000;
+    for (int i = 0; i < Count; ++i) {
+        bytes.append("g ").append(std::to_string(i * 7919LL % Count)).append("\n");
+        if (i % 10 == 0)
+            bytes += "f 1 2 3\n";
+    }
+    for (const char* switches : {"--groups groups", "--groups layers"}) {
+        Session session;
+        session.SetOptions(switches);
+        EXPECT_TRUE(session.ImportBytes(bytes));
+        EXPECT_EQ(session.Doc().ObjectCount(), Count / 10);
+    }
+}
+
+TEST(Hostile, PolygonOfAHundredThousandCorners)
+{
+    constexpr int Count = 100'000;
+    std::string bytes;
+    std::string face = "f";
+    for (int i = 0; i < Count; ++i) { // a comb: teeth forth, a straight line back
+        const bool tooth = i < Count / 2;
+        bytes.append("v ").append(std::to_string(tooth ? i : Count - 1 - i));
+        bytes.append(!tooth ? " 0 0\n" : i % 2 == 0 ? " 1 0\n" : " 10 0\n");
+        face.append(" ").append(std::to_string(i + 1));
+    }
+    Session session;
+    EXPECT_TRUE(session.ImportBytes(bytes + face));
+    const GK_Mesh* mesh = MeshAt(session, 0);
+    ASSERT_NE(mesh, nullptr);
+    EXPECT_EQ(mesh->FaceCount(), Count - 2);
+    EXPECT_EQ(mesh->NgonList()->Count(), 1);
+}
+
+} // namespace

@@ -1,0 +1,168 @@
+#include "tests/whole/session.h"
+
+#include "console_host/app/console_app.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/program/document_json.h"
+#include "console_host/program/option_switches.h"
+#include "console_host/program/plugin_module.h"
+#include "tests/whole/report.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+
+namespace {
+
+/// Loaded once: the module is to serve any number of imports.
+PlugInModule& Module()
+{
+#ifdef _WIN32
+    static constexpr const char* ModuleFile = BUILD_FOLDER "/bin/ImportOBJ.dll";
+#else
+    static constexpr const char* ModuleFile = BUILD_FOLDER "/bin/ImportOBJ.so";
+#endif
+    static const auto module = [] {
+        ConsoleApp::Instance().SetPrintStream(nullptr);
+        auto loaded = std::make_unique<PlugInModule>(ModuleFile);
+        loaded->RunLoadHook();
+        return loaded;
+    }();
+    return *module;
+}
+
+/// Every switch at its default, so that none is left from the session before.
+constexpr const char* DefaultSwitches =
+    "--groups groups --object-names --no-reverse-groups --no-morph-target --no-ignore-textures "
+    "--no-z-up --no-split-textures ";
+
+/// The options stay in the module from session to session.
+bool& OptionsAreDefaults()
+{
+    static bool areDefaults = false;
+    return areDefaults;
+}
+
+/// An import gives back the wait cursor and keeps to the host's rules, whatever it met.
+void CheckManners(const ImportJournal& journal)
+{
+    if (WorkNote::Instance().Depth() != 0)
+        throw std::logic_error("the wait cursor was not ended");
+    for (const ImportJournal::KernelError& error : journal.kernelErrors)
+        if (error.source == "host")
+            throw std::logic_error(error.text);
+}
+
+} // namespace
+
+Session::Session() : m_doc(0.001)
+{
+    if (!OptionsAreDefaults())
+        SetOptions("");
+}
+
+Session::~Session() = default;
+
+std::vector<std::string> Session::SetOptions(const std::string& switches)
+{
+    CLI::App commandLine;
+    OptionSwitches options;
+    options.AddTo(commandLine);
+    for (auto* option : commandLine.get_options())
+        option->take_last();
+    commandLine.add_flag("--zoom", m_zoom);
+    std::vector<std::string> files;
+    commandLine.add_option("FILE", files);
+    try {
+        commandLine.parse(DefaultSwitches + switches);
+    } catch (const CLI::ParseError& error) {
+        throw std::invalid_argument(error.what());
+    }
+    CKelvoPlugIn& plugIn = Module().PlugIn();
+    options.WriteTo(KelvoApp().ProfileContext(), plugIn.PlugInId());
+    plugIn.OnLoad();
+    OptionsAreDefaults() = switches.empty();
+    return files;
+}
+
+bool Session::Import(const std::string& path)
+{
+    CKelvoFileReadOptions options;
+    options.SetMode(ReadModeAskOnCommandLine, true);
+    options.SetMode(ReadModeZoomExtents, m_zoom);
+    const GK_wString widePath{std::string_view(path)};
+
+    ConsoleApp::Instance().TakeJournal();
+    const bool result = Module().PlugIn().ReadFile(widePath.Array(), 0, m_doc, options);
+    ImportJournal journal = ConsoleApp::Instance().TakeJournal();
+    CheckManners(journal);
+    m_records.push_back(
+        {std::filesystem::path(path).filename().string(), result, std::move(journal)});
+    return result;
+}
+
+bool Session::ImportBytes(std::string_view bytes)
+{
+    const ScratchFile file(bytes);
+    const bool result = Import(file.Path());
+    m_records.back().file = "bytes";
+    return result;
+}
+
+std::vector<std::string> Session::Prints() const
+{
+    std::vector<std::string> prints;
+    for (const ImportRecord& record : m_records)
+        prints.insert(prints.end(), record.journal.prints.begin(), record.journal.prints.end());
+    return prints;
+}
+
+std::string Session::ReportText() const
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::tmpfile(), &std::fclose);
+    if (stream == nullptr)
+        throw std::runtime_error("no temporary file");
+    TextOutput output(stream.get());
+    WriteDocumentJson(output, m_records, m_doc);
+    if (const std::string why = output.Finish(); !why.empty())
+        throw std::runtime_error(why);
+    std::rewind(stream.get());
+    return Report(nlohmann::json::parse(stream.get()));
+}
+
+ScratchFile::ScratchFile(std::string_view bytes)
+    : m_path((std::filesystem::temp_directory_path() /
+              ("importobj-test-" + std::to_string(std::random_device()()) + ".obj"))
+                 .string())
+{
+    std::ofstream file(m_path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        throw std::runtime_error(m_path + " cannot be written");
+}
+
+ScratchFile::~ScratchFile()
+{
+    std::error_code ignored;
+    std::filesystem::remove(m_path, ignored);
+}
+
+std::string ReadBytes(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw std::runtime_error(path + " cannot be read");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& extension)
+{
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == extension)
+            files.push_back(entry.path().generic_string());
+    std::sort(files.begin(), files.end());
+    return files;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "console_host/app/document.h"
+#include "console_host/program/import_record.h"
+
+#include <string>
+#include <vector>
+
+/// The module, loaded as a host loads it, and a new document that files are imported into.
+class Session
+{
+public:
+    Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    /// Takes the import options from switches as objimport knows them, such as "--groups layers",
+    /// and "--zoom". Throws std::invalid_argument when there is no such switch. What is no switch
+    /// is given back: the files.
+    std::vector<std::string> SetOptions(const std::string& switches);
+
+    /// Imports a file into the document and gives the result. Throws std::logic_error when the
+    /// import left the wait cursor on or the host noted that it broke a rule.
+    bool Import(const std::string& path);
+
+    /// Imports a file with these bytes.
+    bool ImportBytes(std::string_view bytes);
+
+    [[nodiscard]] const ConsoleDoc& Doc() const { return m_doc; }
+    ConsoleDoc& Doc() { return m_doc; }
+
+    /// What the imports said, in their order. Files go without their folders.
+    [[nodiscard]] const std::vector<ImportRecord>& Records() const { return m_records; }
+
+    /// All lines that the imports printed.
+    [[nodiscard]] std::vector<std::string> Prints() const;
+
+    /// The document as text; see Report.
+    [[nodiscard]] std::string ReportText() const;
+
+private:
+    ConsoleDoc m_doc;
+    std::vector<ImportRecord> m_records;
+    bool m_zoom = false;
+};
+
+/// A file for tests to write, removed with the object.
+class ScratchFile
+{
+public:
+    explicit ScratchFile(std::string_view bytes);
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+    ~ScratchFile();
+
+    [[nodiscard]] const std::string& Path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
+
+/// The bytes of a file; throws std::runtime_error when it cannot be read.
+[[nodiscard]] std::string ReadBytes(const std::string& path);
+
+/// The files of a folder with this extension, by name.
+[[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder,
+                                               const std::string& extension);
