@@ -14,7 +14,7 @@ inline Bytes FileBytes(const std::filesystem::path& path)
 {
     std::ifstream stream(path, std::ios::binary);
     EXPECT_TRUE(stream) << path;
-    return Bytes(std::istreambuf_iterator<char>(stream), {});
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 inline void WriteFile(const std::filesystem::path& path, std::string_view text)

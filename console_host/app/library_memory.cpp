@@ -1,16 +1,21 @@
 #include "console_host/app/library_memory.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace {
 
 thread_local LibraryMemory* currentMemory = nullptr;
 
+/// With room for what stands before a block.
+constexpr std::uint64_t MostThatCanBeHad = std::numeric_limits<std::ptrdiff_t>::max() / 2;
+
 } // namespace
 
 LibraryMemory::LibraryMemory(std::uint64_t largestBlock, WhenExhausted whenExhausted)
-    : m_largestBlock(largestBlock), m_whenExhausted(whenExhausted)
+    : m_largestBlock(std::min(largestBlock, MostThatCanBeHad)), m_whenExhausted(whenExhausted)
 {
 }
 
@@ -33,12 +38,13 @@ void* LibraryMemory::Reallocate(void* block, std::size_t size)
         return Allocate(size);
     if (size > m_largestBlock)
         return Fail();
-    Block* const old = static_cast<Block*>(block) - 1;
-    Unlink(old);
-    void* const moved = std::realloc(old, sizeof(Block) + size);
+    auto* const moved =
+        static_cast<Block*>(std::realloc(static_cast<Block*>(block) - 1, sizeof(Block) + size));
     if (moved == nullptr)
-        Link(old);
-    return Link(static_cast<Block*>(moved));
+        return Fail();
+    moved->previous->next = moved;
+    moved->next->previous = moved;
+    return moved + 1;
 }
 
 void LibraryMemory::Free(void* block) noexcept

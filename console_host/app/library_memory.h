@@ -47,7 +47,7 @@ private:
         Block* next;
     };
 
-    Block* Fail() const;
+    [[nodiscard]] Block* Fail() const;
     void* Link(Block* block);
     static void Unlink(Block* block) noexcept;
 
