@@ -116,6 +116,19 @@ TEST_F(ReadFile, SaysHowItWent)
     }
 }
 
+TEST_F(ReadFile, NumbersOfManyDigitsKeepAllOfThem)
+{
+    ASSERT_TRUE(Import("v 12345678 0.12345678 1.123456789012\nv 1 0 0\nv 0 1 0\n"
+                       "f 1 00000002 0000000000000003\n",
+                       {ReadModeAskOnCommandLine}));
+    ASSERT_EQ(doc.ObjectCount(), 1);
+    const GK_Mesh* mesh = std::get<const GK_Mesh*>(doc.Object(0).geometry);
+    const GK_3dPoint& point = mesh->DoublePrecisionVertices()[0];
+    EXPECT_EQ(point.x, 12345678.0);
+    EXPECT_FLOAT_EQ(static_cast<float>(point.y), 0.12345678F);
+    EXPECT_FLOAT_EQ(static_cast<float>(point.z), 1.123456789012F);
+}
+
 TEST_F(ReadFile, AFileThatIsNotThereIsAnErrorWhileReading)
 {
     EXPECT_TRUE(ImportPath({ReadModeAskOnCommandLine}));

@@ -49,7 +49,21 @@ void* operator new[](std::size_t size)
     return AllocateOrFail(size);
 }
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return AllocateOrFail(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete(void* block, const std::nothrow_t&) noexcept
 {
     Release(block);
 }
