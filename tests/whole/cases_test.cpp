@@ -33,6 +33,17 @@ std::vector<std::string> Runs(const std::string& objPath, const std::string& nam
     return runs;
 }
 
+/// File names as texts of the report show them, without the folder of the case.
+std::string WithoutFolder(std::string report, const std::string& objPath)
+{
+    std::string folder;
+    for (const char character : std::filesystem::path(objPath).parent_path().generic_string() + "/")
+        folder += character == '/' ? std::string("\\\\") : std::string(1, character);
+    for (auto at = report.find(folder); at != std::string::npos; at = report.find(folder, at))
+        report.erase(at, folder.size());
+    return report;
+}
+
 std::string RunCase(const std::string& objPath, const std::string& switches)
 {
     Session session;
@@ -41,7 +52,7 @@ std::string RunCase(const std::string& objPath, const std::string& switches)
         session.Import((std::filesystem::path(objPath).parent_path() / file).string());
     if (files.empty())
         session.Import(objPath);
-    return session.ReportText();
+    return WithoutFolder(session.ReportText(), objPath);
 }
 
 /// The first line in which two texts differ, as each has it; empty when they are equal.
