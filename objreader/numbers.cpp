@@ -59,11 +59,11 @@ int TakeExponent(const char*& text, char letter)
         ++p;
     if (!IsDigit(*p))
         return 0;
-    int exponent = 0;
+    std::int64_t exponent = 0;
     for (; IsDigit(*p); ++p)
-        exponent = std::min(exponent * 10 + (*p - '0'), LargestExponent);
+        exponent = std::min<std::int64_t>(exponent * 10 + (*p - '0'), LargestExponent);
     text = p;
-    return negative ? -exponent : exponent;
+    return static_cast<int>(negative ? -exponent : exponent);
 }
 
 /// How many places before the point a number's first digit stands that is not 0: 2 for 12.5, 0 for
