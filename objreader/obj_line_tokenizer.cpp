@@ -63,9 +63,13 @@ void CObjLineTokenizer::CutPlainLines()
     m_state.insideComment = *m_cursor == '#';
     while (m_cursor < m_completeEnd) {
         const ByteBlock block(m_cursor);
-        m_needsRules = block.anyBackslash;
-        if (m_needsRules)
+        if (block.anyBackslash) {
+            if (m_state.lineFeedFollows)
+                ++m_cursor;
+            m_state.lineFeedFollows = false;
+            m_needsRules = m_cursor < m_completeEnd;
             return;
+        }
         const std::ptrdiff_t left = m_completeEnd - m_cursor;
         if (left >= ByteBlock::Size) {
             CutBlock(block, ~std::uint64_t{0});
@@ -216,6 +220,8 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
 {
     const std::ptrdiff_t kept = m_dataEnd - keepFrom;
     const std::size_t needed = static_cast<std::size_t>(kept) + m_blockSize + Padding;
+    if (keepFrom == m_buffer.get() && needed <= m_capacity)
+        return;
     std::unique_ptr<char[]> larger;
     if (needed > m_capacity) {
         const std::size_t capacity = std::max(needed, m_capacity * 2);
@@ -223,7 +229,7 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
         m_capacity = capacity;
     }
     char* const front = larger ? larger.get() : m_buffer.get();
-    if (kept > 0 && front != keepFrom)
+    if (kept > 0)
         std::memmove(front, keepFrom, static_cast<std::size_t>(kept));
     for (const char*& token : m_tokens)
         token = front + (token - keepFrom);
