@@ -1,59 +1,49 @@
 #include "geometry/normal_repair.h"
 
+#include <algorithm>
+
 namespace {
 
-/// The sums of the normals at the places of a mesh where a zero normal stands. A sum is made at the
-/// first zero normal of its place and kept true from then on, so that many vertices at one place do
-/// not make it be added up many times.
+/// Sums of the normals that stand at one place. Each is made of two parts, the normals before a
+/// zero one and those behind it, so that nothing is ever taken away from a sum: beside a large
+/// normal, a small one would be lost with it. Many vertices at one place are each added twice.
 class NormalSums
 {
 public:
+    /// Adds up what stands behind each zero normal.
     explicit NormalSums(const GK_Mesh& mesh) : m_mesh(mesh), m_topology(mesh.Topology())
     {
-        m_sumOfPlace.Reserve(m_topology.VertexCount());
-        for (int i = 0; i < m_topology.VertexCount(); ++i)
-            m_sumOfPlace.Append(-1);
-    }
-
-    /// The sum of all normals at the place of a mesh vertex, as they are now.
-    GK_3fVector SumAt(int vertex)
-    {
-        int& sum = m_sumOfPlace[m_topology.TopologicalVertex(vertex)];
-        if (sum < 0) {
-            sum = m_sums.Count();
-            m_sums.Append(AddUp(m_topology.TopologicalVertex(vertex)));
+        m_sumOfPlace.SetCount(m_topology.VertexCount());
+        for (int i = mesh.normals.Count() - 1; i >= 0; --i) {
+            if (mesh.normals[i].IsZero())
+                m_sumsBehind.Append(Sum(i));
+            Add(i);
         }
-        const GK_3dVector& total = m_sums[sum];
-        return {static_cast<float>(total.x), static_cast<float>(total.y),
-                static_cast<float>(total.z)};
+        std::fill(m_sumOfPlace.begin(), m_sumOfPlace.end(), GK_3dVector());
     }
 
-    /// A normal has changed.
-    void Replace(int vertex, const GK_3fVector& before, const GK_3fVector& after)
+    /// The sum at the place of the next zero normal, which is that of `vertex`. All normals before
+    /// it must have been added, as they are by now.
+    GK_3fVector TakeSum(int vertex)
     {
-        const int sum = m_sumOfPlace[m_topology.TopologicalVertex(vertex)];
-        if (sum < 0 || before == after)
-            return;
-        m_sums[sum] = m_sums[sum] + Widen(after) + -1.0 * Widen(before);
+        const GK_3dVector sum = Sum(vertex) + *m_sumsBehind.Last();
+        m_sumsBehind.SetCount(m_sumsBehind.Count() - 1);
+        return {static_cast<float>(sum.x), static_cast<float>(sum.y), static_cast<float>(sum.z)};
+    }
+
+    void Add(int vertex)
+    {
+        const GK_3fVector& normal = m_mesh.normals[vertex];
+        Sum(vertex) = Sum(vertex) + GK_3dVector{normal.x, normal.y, normal.z};
     }
 
 private:
-    static GK_3dVector Widen(const GK_3fVector& normal) { return {normal.x, normal.y, normal.z}; }
-
-    [[nodiscard]] GK_3dVector AddUp(int place) const
-    {
-        GK_3dVector sum;
-        for (const int vertex : m_topology.MeshVertices(place)) {
-            if (vertex < m_mesh.normals.Count())
-                sum = sum + Widen(m_mesh.normals[vertex]);
-        }
-        return sum;
-    }
+    GK_3dVector& Sum(int vertex) { return m_sumOfPlace[m_topology.TopologicalVertex(vertex)]; }
 
     const GK_Mesh& m_mesh;
     const GK_MeshTopology& m_topology;
-    GK_SimpleArray<int> m_sumOfPlace;
-    GK_SimpleArray<GK_3dVector> m_sums;
+    GK_SimpleArray<GK_3dVector> m_sumOfPlace;
+    GK_SimpleArray<GK_3dVector> m_sumsBehind; ///< that of the first zero normal last
 };
 
 void MakeUnit(GK_3fVector& normal)
@@ -66,22 +56,19 @@ void MakeUnit(GK_3fVector& normal)
 
 void RepairNormals(GK_Mesh& mesh)
 {
-    std::unique_ptr<NormalSums> sums;
+    const auto isZero = [](const GK_3fVector& normal) { return normal.IsZero(); };
+    if (std::none_of(mesh.normals.begin(), mesh.normals.end(), isZero)) {
+        std::for_each(mesh.normals.begin(), mesh.normals.end(), MakeUnit);
+        return;
+    }
+    NormalSums sums(mesh);
     for (int i = 0; i < mesh.normals.Count(); ++i) {
         GK_3fVector& normal = mesh.normals[i];
-        const GK_3fVector before = normal;
-        if (!normal.IsZero()) {
-            MakeUnit(normal);
-        } else {
-            if (!sums)
-                sums = std::make_unique<NormalSums>(mesh);
-            normal = sums->SumAt(i);
-            if (normal.IsZero())
-                normal = {0.0F, 0.0F, 1.0F};
-            else
-                normal.Unitize();
-        }
-        if (sums)
-            sums->Replace(i, before, normal);
+        if (normal.IsZero())
+            normal = sums.TakeSum(i);
+        if (normal.IsZero())
+            normal = {0.0F, 0.0F, 1.0F};
+        MakeUnit(normal);
+        sums.Add(i);
     }
 }
