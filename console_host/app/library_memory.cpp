@@ -21,8 +21,11 @@ LibraryMemory::LibraryMemory(std::uint64_t largestBlock, WhenExhausted whenExhau
 
 LibraryMemory::~LibraryMemory()
 {
-    while (m_blocks.next != &m_blocks)
-        Free(m_blocks.next + 1);
+    for (Block* block = m_blocks.next; block != &m_blocks;) {
+        Block* const next = block->next;
+        std::free(block);
+        block = next;
+    }
 }
 
 void* LibraryMemory::Allocate(std::size_t size)

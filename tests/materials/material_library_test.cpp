@@ -128,7 +128,7 @@ TEST_F(MaterialLibrary, Textures)
         GK_Texture::TYPE type = bitmap_texture;
     } const cases[] = {
         {"map_Kd wood.png", "C:\\models\\wood.png"},
-        {"map_Kd maps/wood.png", "C:\\models\\maps\\wood.png"},
+        {"map_Kd maps/wood.png", R"(C:\models\maps\wood.png)"},
         {"map_Kd -s 1 1 wood.png", "C:\\models\\-s11wood.png"},
         {"map_d holes.png", "C:\\models\\holes.png", transparency_texture},
         {"map_Bump rough.png", "C:\\models\\rough.png", bump_texture},
@@ -136,8 +136,8 @@ TEST_F(MaterialLibrary, Textures)
         {"bump -bm 2 rough.png", "C:\\models\\-bm 2 rough.png ", bump_texture},
         {"map_Kd D:\\my maps\\wood.png", "D:\\my maps\\wood.png"},
         {"map_Kd D:/maps/wood.png", "D:/maps/wood.png"},
-        {"map_Kd \\maps\\wood.png", "C:\\models\\\\maps\\wood.png"},
-        {"map_Kd D:\\maps\\wood", "C:\\models\\D:\\maps\\wood"},
+        {"map_Kd \\maps\\wood.png", R"(C:\models\\maps\wood.png)"},
+        {"map_Kd D:\\maps\\wood", R"(C:\models\D:\maps\wood)"},
         {"map_Kd", ""},
         {"bump", ""},
         {"map_Ka wood.png", ""},
