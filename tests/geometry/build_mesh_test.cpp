@@ -15,8 +15,8 @@ std::string Lists(int count)
     std::string lists;
     for (int i = 0; i < count; ++i) {
         const std::string number = std::to_string(i);
-        lists += "v " + number + ' ' + std::to_string(i * i) + " 0\n";
-        lists += "vt " + number + " 0\nvn 0 0 " + number + '\n';
+        lists.append("v ").append(number).append(" ").append(std::to_string(i * i)).append(" 0\n");
+        lists.append("vt ").append(number).append(" 0\nvn 0 0 ").append(number).append("\n");
     }
     return lists;
 }
@@ -67,7 +67,7 @@ class BuildMesh : public ReaderTest
 {
 protected:
     /// Builds the mesh of the only record.
-    const GK_Mesh& Build(CReadOBJ& reader)
+    static const GK_Mesh& Build(CReadOBJ& reader)
     {
         EXPECT_TRUE(reader.BuildMesh(*reader.currentGroup));
         const GK_Mesh& mesh = *reader.currentGroup->geometry->mesh;
@@ -245,6 +245,7 @@ TEST_F(BuildMesh, RandomFacesAreThoseOfASimpleReference)
         int ngon = 0;
         for (const auto& face : faces) {
             std::vector<int> s;
+            s.reserve(face.size());
             for (const auto& corner : face)
                 s.push_back(vertices[corner]);
             if (s.size() > 4) {

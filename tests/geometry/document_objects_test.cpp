@@ -180,28 +180,28 @@ TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)
     {
         const char* what;
         std::string statements;
-        bool result;
         Texts kinds;
+        bool result;
         int failingAdd = 0;
     } cases[] = {
-        {"nothing", "", true, {}},
-        {"a mesh", good, true, {"mesh"}},
-        {"a mesh without area", flat, false, {}},
-        {"then a good one", "g a\n" + flat + "g b\n" + good, true, {"mesh"}},
-        {"a good one, then one without area", "g a\n" + good + "g b\n" + flat, false, {"mesh"}},
-        {"then none that is attempted", "g a\n" + flat + "g b\nf 1 2\n", false, {}},
-        {"then points", flat + "p 1\n", false, {"point"}},
-        {"then a cloud", flat + "p 1 2\n", true, {"cloud"}},
-        {"a point refused", "v inf 0 0\np 4\n", true, {}},
-        {"a cloud refused", "v inf 0 0\np 4 4\n", false, {}},
-        {"a cloud of nothing", good + "p 9 9\n", false, {"mesh"}},
-        {"a mesh refused", "v inf 0 0\nf 1 2 4\n", false, {}},
-        {"a mesh that is not taken", good, false, {}, 1},
-        {"the second of two", "g a\n" + good + "g b\n" + good, false, {"mesh"}, 2},
-        {"the first of two", "g a\n" + good + "g b\n" + good, true, {"mesh"}, 1},
-        {"faces of nothing", "f 7 8 9\n", false, {}},
+        {"nothing", "", {}, true},
+        {"a mesh", good, {"mesh"}, true},
+        {"a mesh without area", flat, {}, false},
+        {"then a good one", "g a\n" + flat + "g b\n" + good, {"mesh"}, true},
+        {"a good one, then one without area", "g a\n" + good + "g b\n" + flat, {"mesh"}, false},
+        {"then none that is attempted", "g a\n" + flat + "g b\nf 1 2\n", {}, false},
+        {"then points", flat + "p 1\n", {"point"}, false},
+        {"then a cloud", flat + "p 1 2\n", {"cloud"}, true},
+        {"a point refused", "v inf 0 0\np 4\n", {}, true},
+        {"a cloud refused", "v inf 0 0\np 4 4\n", {}, false},
+        {"a cloud of nothing", good + "p 9 9\n", {"mesh"}, false},
+        {"a mesh refused", "v inf 0 0\nf 1 2 4\n", {}, false},
+        {"a mesh that is not taken", good, {}, false, 1},
+        {"the second of two", "g a\n" + good + "g b\n" + good, {"mesh"}, false, 2},
+        {"the first of two", "g a\n" + good + "g b\n" + good, {"mesh"}, true, 1},
+        {"faces of nothing", "f 7 8 9\n", {}, false},
     };
-    for (const auto& [what, statements, result, kinds, failingAdd] : cases) {
+    for (const auto& [what, statements, kinds, result, failingAdd] : cases) {
         SCOPED_TRACE(what);
         doc = std::make_unique<ConsoleDoc>(0.001);
         doc->FailAddObject(failingAdd);

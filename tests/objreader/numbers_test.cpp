@@ -87,11 +87,20 @@ TEST(Numbers, RealsMayHaveAnyNumberOfDigits)
 {
     const std::string thousand(1000, '3');
     const std::string zeros(400, '0');
-    for (const std::string& text :
-         {thousand, "." + thousand, thousand + "." + thousand, thousand + "e-1000",
-          "." + zeros + "1", "1" + zeros, "." + zeros + "1e400", "1" + zeros + "e-400",
-          zeros + "1." + zeros, "0." + zeros + "e999", "0x" + zeros + "1p4",
-          "0x." + zeros + "1p1600", "0x1" + zeros + "p-1600"})
+    const std::string texts[] = {thousand,
+                                 "." + thousand,
+                                 thousand + "." + thousand,
+                                 thousand + "e-1000",
+                                 "." + zeros + "1",
+                                 "1" + zeros,
+                                 "." + zeros + "1e400",
+                                 "1" + zeros + "e-400",
+                                 zeros + "1." + zeros,
+                                 "0." + zeros + "e999",
+                                 "0x" + zeros + "1p4",
+                                 "0x." + zeros + "1p1600",
+                                 "0x1" + zeros + "p-1600"};
+    for (const std::string& text : texts)
         CompareReal(text);
 }
 

@@ -12,7 +12,7 @@
 /// An empty document and readers of texts for it.
 class ReaderTest : public testing::Test
 {
-protected:
+public:
     ReaderTest()
     {
         ConsoleApp::Instance().SetPrintStream(nullptr);
@@ -25,6 +25,10 @@ protected:
         ConsoleApp::Instance().TakeJournal();
     }
 
+    ReaderTest(const ReaderTest&) = delete;
+    ReaderTest& operator=(const ReaderTest&) = delete;
+
+protected:
     /// A reader of a file of this text, which lives until the next is made.
     CReadOBJ& Open(std::string_view text)
     {
