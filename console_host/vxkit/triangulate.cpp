@@ -1,8 +1,10 @@
 #include "host/vxkit/triangulate.h"
 
+#include "console_host/vxkit/improve_triangles.h"
 #include "console_host/vxkit/triangulate_ears.h"
 #include "console_host/vxkit/triangulate_sweep.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -44,15 +46,46 @@ void TriangulateConvex(int count, TriangleWriter& triangles)
         }
 }
 
-bool AreTurnedLeft(std::span<const PlanarPoint> points, std::span<const int> triangles)
+enum class Outcome
 {
-    const auto point = [&](std::size_t i) {
-        return points[static_cast<std::size_t>(triangles[i])];
+    Wrong,
+    Narrow,
+    Good
+};
+
+/// Wrong when a triangle turns to the right; narrow when the height of one is within the tolerance.
+Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<const int> triangles)
+{
+    const auto squaredDistance = [](const PlanarPoint& a, const PlanarPoint& b) {
+        return (b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y);
     };
-    for (std::size_t i = 0; i < triangles.size(); i += 3)
-        if (Orientation(point(i), point(i + 1), point(i + 2)) < 0.0)
-            return false;
-    return true;
+    Outcome outcome = Outcome::Good;
+    for (std::size_t i = 0; i < triangles.size(); i += 3) {
+        const PlanarPoint& a = points[static_cast<std::size_t>(triangles[i])];
+        const PlanarPoint& b = points[static_cast<std::size_t>(triangles[i + 1])];
+        const PlanarPoint& c = points[static_cast<std::size_t>(triangles[i + 2])];
+        const double area = Orientation(a, b, c);
+        if (area < 0.0)
+            return Outcome::Wrong;
+        const double longest =
+            std::max({squaredDistance(a, b), squaredDistance(b, c), squaredDistance(c, a)});
+        if (area * area <= tolerance * tolerance * longest)
+            outcome = Outcome::Narrow;
+    }
+    return outcome;
+}
+
+/// False when sides cross.
+bool TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
+                     std::span<int> triangles)
+{
+    TriangleWriter out(triangles.data(), static_cast<int>(triangles.size() / 3));
+    if (!TriangulateBySweep(points, out))
+        return false;
+    const Outcome outcome = Judge(points, tolerance, triangles);
+    if (outcome == Outcome::Narrow)
+        ImproveTriangles(points, triangles);
+    return outcome != Outcome::Wrong;
 }
 
 bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
@@ -60,23 +93,14 @@ bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
 {
     constexpr std::size_t FewCorners = 12;
     const std::size_t count = points.size();
-    const auto writer = [triangles] {
-        return TriangleWriter(triangles.data(), static_cast<int>(triangles.size() / 3));
-    };
+    TriangleWriter out(triangles.data(), static_cast<int>(triangles.size() / 3));
     if (IsClearlyConvex(points, tolerance)) {
-        TriangleWriter out = writer();
         TriangulateConvex(static_cast<int>(count), out);
         return true;
     }
-    if (count > FewCorners) {
-        TriangleWriter out = writer();
-        if (TriangulateBySweep(points, out) && AreTurnedLeft(points, triangles))
-            return true;
-    }
-    if (count > EarClipper::MaxCorners)
-        return false;
-    TriangleWriter out = writer();
-    return EarClipper(points, tolerance).Run(out);
+    if (count > FewCorners && TriangulateMany(points, tolerance, triangles))
+        return true;
+    return count <= EarClipper::MaxCorners && EarClipper(points, tolerance).Run(out);
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 class EarClipper
 {
 public:
-    static constexpr int MaxCorners = 256;
+    static constexpr int MaxCorners = 128;
 
     /// The polygon has 3 to `MaxCorners` corners and turns to the left. Corners nearer than
     /// `tolerance` to a line count as lying on it where the triangles can be chosen.

@@ -274,6 +274,24 @@ TEST(Triangulate, RunsOfCornersOnALine)
     ExpectCoveredEverywhere(square);
 }
 
+TEST(Triangulate, AvoidsNarrowTriangles)
+{
+    // The heights at which corners stand in a row are no longer exactly equal on the tilted plane.
+    Polygon wall;
+    for (int i = 0; i < 10; ++i) {
+        const double x = 4.0 * i;
+        wall.insert(wall.end(), {{x, 0}, {x + 1, 0}, {x + 1, 5}, {x + 3, 5}, {x + 3, 0}});
+    }
+    for (double x = 40.0; x >= 0.0; x -= 1.0)
+        wall.push_back({x, 15.0});
+    std::vector<Triangle> triangles;
+    ASSERT_TRUE(Triangulate(wall, Plane::Tilted, triangles));
+    for (const Triangle& triangle : triangles) {
+        const auto at = [&](std::size_t i) { return wall[static_cast<std::size_t>(triangle[i])]; };
+        EXPECT_GT(TwiceArea(at(0), at(1), at(2)), 0.1);
+    }
+}
+
 TEST(Triangulate, RefusesWhatHasNoPlane)
 {
     constexpr double Infinity = std::numeric_limits<double>::infinity();
