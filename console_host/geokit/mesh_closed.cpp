@@ -122,6 +122,8 @@ bool EveryEdgeHasTwoFaces(const GK_Mesh& mesh)
             return false;
         end = sum += end;
     }
+    if (sum == 0)
+        return true;
     const auto uppers = std::make_unique_for_overwrite<int[]>(sum);
     for (const GK_MeshFace& face : mesh.faces)
         ForEachEdge(face, topologicalVertices,

@@ -33,15 +33,15 @@ void RegionTree::Remove(int item)
     Replace(At(item).parent, item, child);
 }
 
-/// Puts `by` where `child` hangs below `parent`.
-void RegionTree::Replace(int parent, int child, int by)
+/// Puts `by` where `child` hangs below `holder`, or at the root when there is no holder.
+void RegionTree::Replace(int holder, int child, int by)
 {
-    if (parent == None)
+    if (holder == None)
         m_root = by;
-    else if (At(parent).left == child)
-        At(parent).left = by;
+    else if (At(holder).left == child)
+        At(holder).left = by;
     else
-        At(parent).right = by;
+        At(holder).right = by;
 }
 
 void RegionTree::RotateUp(int item)

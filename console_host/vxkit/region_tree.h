@@ -60,7 +60,7 @@ private:
     Node& At(int item) { return m_nodes[static_cast<std::size_t>(item)]; }
     [[nodiscard]] const Node& At(int item) const { return m_nodes[static_cast<std::size_t>(item)]; }
 
-    void Replace(int parent, int child, int by);
+    void Replace(int holder, int child, int by);
     void RotateUp(int item);
 
     std::vector<Node> m_nodes;
