@@ -1,0 +1,218 @@
+#include "console_host/app/console_app.h"
+#include "console_host/app/document.h"
+
+#include "host/geokit/nurbs_curve.h"
+
+#include <chrono>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+using testing::HasSubstr;
+
+constexpr double Infinite = std::numeric_limits<double>::infinity();
+
+std::unique_ptr<GK_Mesh> Triangle()
+{
+    auto mesh = std::make_unique<GK_Mesh>();
+    for (const GK_3dPoint& point : {GK_3dPoint{0, 0, 0}, GK_3dPoint{1, 0, 0}, GK_3dPoint{0, 1, 0}})
+        mesh->DoublePrecisionVertices().Append(point);
+    mesh->SetDoublePrecisionVerticesAsValid();
+    mesh->UpdateSinglePrecisionVertices();
+    mesh->faces.Append(GK_MeshFace{{0, 1, 2, 2}});
+    return mesh;
+}
+
+class Document : public testing::Test
+{
+protected:
+    Document() { ConsoleApp::Instance().TakeJournal(); }
+
+    bool AddMesh(std::unique_ptr<GK_Mesh> mesh)
+    {
+        auto object = std::make_unique<CKelvoMeshObject>(attributes);
+        object->SetMesh(std::move(mesh));
+        return doc.AddObject(std::move(object), false, false);
+    }
+
+    bool AddCloud(const GK_PointCloud& cloud)
+    {
+        auto object = std::make_unique<CKelvoPointCloudObject>(attributes);
+        object->SetPointCloud(cloud);
+        return doc.AddObject(std::move(object), false, false);
+    }
+
+    /// What was refused since the last call, one after the other.
+    static std::string Refused()
+    {
+        std::string text;
+        for (const auto& refusal : ConsoleApp::Instance().TakeJournal().refused)
+            text += refusal.type + ": " + refusal.reason + "\n";
+        return text;
+    }
+
+    ConsoleDoc doc{0.001};
+    GK_MdxObjectAttributes attributes;
+};
+
+TEST_F(Document, RefusesWhatIsNotSoundAndSaysWhy)
+{
+    EXPECT_TRUE(AddMesh(Triangle()));
+
+    auto noFaces = Triangle();
+    noFaces->faces.Empty();
+    EXPECT_FALSE(AddMesh(std::move(noFaces)));
+    EXPECT_EQ(Refused(), "mesh: the mesh has no faces\n");
+
+    auto infinite = Triangle();
+    infinite->DoublePrecisionVertices()[2].z = std::nan("");
+    EXPECT_FALSE(AddMesh(std::move(infinite)));
+    EXPECT_THAT(Refused(), HasSubstr("mesh: the mesh has a vertex that is not finite"));
+
+    EXPECT_FALSE(AddCloud({}));
+    EXPECT_EQ(Refused(), "point_cloud: the point cloud has no points\n");
+    GK_PointCloud cloud;
+    cloud.AppendPoint({0, -Infinite, 0});
+    EXPECT_FALSE(AddCloud(cloud));
+    EXPECT_THAT(Refused(), HasSubstr("point_cloud: "));
+
+    EXPECT_FALSE(doc.AddPointObject({Infinite, 0, 0}, attributes, nullptr, false));
+    EXPECT_EQ(Refused(), "point: the point is not finite\n");
+
+    auto curve = std::make_unique<CKelvoCurveObject>(attributes);
+    curve->SetCurve(std::make_unique<GK_NurbsCurve>());
+    EXPECT_FALSE(doc.AddObject(std::move(curve), false, false));
+    EXPECT_THAT(Refused(), HasSubstr("curve: the curve"));
+
+    auto brep = std::make_unique<CKelvoBrepObject>(attributes);
+    brep->SetBrep(std::make_unique<GK_Brep>());
+    EXPECT_FALSE(doc.AddObject(std::move(brep), false, false));
+    EXPECT_EQ(Refused(), "brep: the brep has no face\n");
+
+    EXPECT_EQ(doc.ObjectCount(), 1);
+}
+
+TEST_F(Document, RepairsDirectionsThatAreNotFinite)
+{
+    auto mesh = Triangle();
+    const auto infinity = std::numeric_limits<float>::infinity();
+    mesh->normals = {{1, 0, 0}, {infinity, 0, 0}, {0, std::nanf(""), 0}};
+    mesh->textureCoordinates = {{0.5F, 1}, {infinity, 1}, {0, 0}};
+    ASSERT_TRUE(AddMesh(std::move(mesh)));
+    const auto* added = std::get<const GK_Mesh*>(doc.Object(0).geometry);
+    EXPECT_EQ(added->normals[0], (GK_3fVector{1, 0, 0}));
+    EXPECT_EQ(added->normals[1], (GK_3fVector{0, 0, 1}));
+    EXPECT_EQ(added->normals[2], (GK_3fVector{0, 0, 1}));
+    EXPECT_EQ(added->textureCoordinates[0], (GK_2fPoint{0.5F, 1}));
+    EXPECT_EQ(added->textureCoordinates[1], (GK_2fPoint{0, 0}));
+}
+
+TEST_F(Document, NotesFaultsOfItsGuest)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(doc.AddObject(nullptr, false, false));
+    EXPECT_FALSE(doc.AddObject(std::make_unique<CKelvoMeshObject>(attributes), false, false));
+    attributes.layerIndex = 1;
+    attributes.materialIndex = 0;
+    attributes.AddToGroup(0);
+    EXPECT_TRUE(doc.AddPointObject({}, attributes, nullptr, false));
+    const std::string notes = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(notes, HasSubstr("AddObject: no object"));
+    EXPECT_THAT(notes, HasSubstr("AddObject: an object without geometry"));
+    for (const char* kind : {"layer", "material", "group"})
+        EXPECT_THAT(notes, HasSubstr(std::string("AddPointObject: a ") + kind + " index"));
+    EXPECT_EQ(CurrentJournal().kernelErrors.size(), 5U);
+    EXPECT_EQ(CurrentJournal().kernelErrors[0].source, "host");
+}
+
+TEST_F(Document, KeepsPointsWithTheirAttributes)
+{
+    attributes.name = L"a";
+    EXPECT_TRUE(doc.AddPointObject({1, 0, 0}, attributes, nullptr, false));
+    EXPECT_TRUE(doc.AddPointObject({2, 0, 0}, attributes, nullptr, false));
+    attributes.name = L"b";
+    EXPECT_TRUE(doc.AddPointObject({3, 0, 0}, attributes, nullptr, false));
+    std::wstring names;
+    double sum = 0;
+    for (int i = 0; i < doc.ObjectCount(); ++i) {
+        names += doc.Object(i).attributes->name.View();
+        sum = sum * 10 + std::get<const GK_3dPoint*>(doc.Object(i).geometry)->x;
+    }
+    EXPECT_EQ(names, L"aab");
+    EXPECT_EQ(sum, 123);
+}
+
+TEST_F(Document, MayBeMadeToFailAnAdd)
+{
+    doc.FailAddObject(2);
+    EXPECT_TRUE(AddMesh(Triangle()));
+    EXPECT_FALSE(AddMesh(Triangle()));
+    EXPECT_TRUE(AddMesh(Triangle()));
+    EXPECT_EQ(doc.ObjectCount(), 2);
+    EXPECT_EQ(Refused(), "mesh: it was made to fail\n");
+}
+
+TEST_F(Document, FindsNamesExactlyAndTheLowestIndex)
+{
+    GK_Layer layer;
+    layer.name = L"Wall";
+    const int top = doc.LayerTable().AddLayer(layer, false);
+    EXPECT_EQ(layer.id, GK_nil_uuid);
+    const GK_UUID topId = doc.Layers()[top].id;
+    EXPECT_EQ(doc.LayerTable().AddLayer(layer, false), top + 1);
+    layer.parentId = topId;
+    layer.name = L"inner";
+    const int inner = doc.LayerTable().AddLayer(layer, false);
+
+    EXPECT_NE(topId, GK_nil_uuid);
+    EXPECT_NE(topId, doc.Layers()[inner].id);
+    EXPECT_EQ(doc.LayerTable().FindLayer(GK_nil_uuid, L"Default", true), 0);
+    EXPECT_EQ(doc.LayerTable().FindLayer(GK_nil_uuid, L"Wall", true), top);
+    EXPECT_EQ(doc.LayerTable().FindLayer(GK_nil_uuid, L"wall", true), -1);
+    EXPECT_EQ(doc.LayerTable().FindLayer(GK_nil_uuid, L"inner", true), -1);
+    EXPECT_EQ(doc.LayerTable().FindLayer(topId, L"inner", true), inner);
+    EXPECT_EQ(doc.LayerTable().CurrentLayerIndex(), 0);
+
+    GK_Material material;
+    material.SetName(L"brick");
+    EXPECT_EQ(doc.MaterialTable().AddMaterial(material, false), 0);
+    EXPECT_EQ(doc.MaterialTable().AddMaterial(material, false), 1);
+    EXPECT_EQ(doc.MaterialTable().FindMaterial(L"brick", true), 0);
+    EXPECT_EQ(doc.MaterialTable().FindMaterial(L"Brick", true), -1);
+}
+
+TEST_F(Document, FindsNamesFastAmongMany)
+{
+    constexpr int Count = 100000;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < Count; ++i) {
+        const GK_Group group{GK_wString(std::to_wstring(i))};
+        ASSERT_EQ(doc.GroupTable().FindGroup(group.name, 1), -1);
+        ASSERT_EQ(doc.GroupTable().AddGroup(group, false), i);
+        attributes.AddToGroup(i);
+        attributes.AddToGroup(i / 2);
+    }
+    EXPECT_EQ(attributes.Groups().Count(), Count);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST_F(Document, ZoomsToWhatItHolds)
+{
+    const GK_BoundingBox empty = KvZoomExtentsBoundingBox(doc);
+    EXPECT_GT(empty.min.x, empty.max.x);
+    ASSERT_TRUE(doc.AddPointObject({-1, 5, 2}, attributes, nullptr, false));
+    ASSERT_TRUE(AddMesh(Triangle()));
+    CKelvoViewList views;
+    doc.GetViewList(views, true, true);
+    ASSERT_EQ(views.Count(), 1);
+    KvZoomExtentsHelper(KvZoomExtentsBoundingBox(doc), doc, views);
+    doc.Redraw();
+    EXPECT_EQ(doc.View().shown.min, (GK_3dPoint{-1, 0, 0}));
+    EXPECT_EQ(doc.View().shown.max, (GK_3dPoint{1, 5, 2}));
+    EXPECT_TRUE(CurrentJournal().zoomed && CurrentJournal().redrawn);
+}
+
+} // namespace

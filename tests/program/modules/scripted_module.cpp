@@ -1,0 +1,105 @@
+// A module whose plug-in does what the words of a file tell it.
+
+#include "tests/program/modules/exports.h"
+
+#include "host/app/app.h"
+#include "host/app/doc.h"
+#include "host/app/localize.h"
+#include "host/app/message_box.h"
+#include "host/app/plugin.h"
+#include "host/app/profile.h"
+#include "host/framework/wait_cursor.h"
+#include "host/framework/win_app.h"
+#include "host/runtime/file.h"
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const wchar_t* Section = L"Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings";
+
+class ScriptedPlugIn : public CKelvoFileImportPlugIn
+{
+public:
+    [[nodiscard]] GK_UUID PlugInId() const override { return {{1}}; }
+    [[nodiscard]] const wchar_t* PlugInName() const override { return L"Scripted"; }
+    [[nodiscard]] const wchar_t* LocalPlugInName() const override
+    {
+        return KvLocalizeString(L"Scripted", 1);
+    }
+    [[nodiscard]] const wchar_t* PlugInVersion() const override { return L"1.0"; }
+
+    int OnLoad() override
+    {
+        KelvoApp().ProfileContext().ReadInt(Section, L"HowToAddGs", m_groups);
+        KelvoApp().ProfileContext().ReadBool(Section, L"ZUp", m_zUp);
+        return 1;
+    }
+
+    void OnUnload() override
+    {
+        KelvoApp().ProfileContext().WriteInt(Section, L"HowToAddGs", m_groups);
+        KelvoApp().ProfileContext().WriteBool(Section, L"ZUp", m_zUp);
+    }
+
+    void AddFileTypes(CKelvoFileTypeList& types, const CKelvoFileReadOptions&) override
+    {
+        types.Append({PlugInId(), L"Script (*.txt)", L"txt"});
+    }
+
+    bool ReadFile(const wchar_t* fileName, int, CKelvoDoc& doc,
+                  const CKelvoFileReadOptions& options) override
+    {
+        m_result = true;
+        std::FILE* stream = _wfopen(fileName, L"rb");
+        if (stream == nullptr)
+            return false;
+        char word[32];
+        while (std::fscanf(stream, "%31s", word) == 1)
+            m_words.emplace_back(word);
+        std::fclose(stream);
+        while (!m_words.empty()) {
+            const std::string next = m_words.front();
+            m_words.erase(m_words.begin());
+            Do(next, fileName, doc, options);
+        }
+        return m_result;
+    }
+
+private:
+    void Do(const std::string& word, const wchar_t* fileName, CKelvoDoc& doc,
+            const CKelvoFileReadOptions& options)
+    {
+        if (word == "state")
+            KelvoApp().Print(L"groups %i zup %i modes %i%i tolerance %g\n", m_groups, m_zUp ? 1 : 0,
+                             options.Mode(ReadModeAskOnCommandLine),
+                             options.Mode(ReadModeZoomExtents), doc.AbsoluteTolerance());
+        else if (word == "path")
+            KelvoApp().Print(L"%s\n", fileName);
+        else if (word == "point")
+            doc.AddPointObject({1, 2, 3}, {}, nullptr, false);
+        else if (word == "box")
+            KelvoMessageBox(L"boxed", L"caption", MessageBoxExclamation);
+        else if (word == "fail")
+            m_result = false;
+        else if (word == "wait")
+            m_cursor = std::make_unique<CWaitCursor>();
+        else if (word == "throw")
+            throw std::runtime_error("thrown");
+    }
+
+    int m_groups = 1;
+    bool m_zUp = false;
+    bool m_result = true;
+    std::vector<std::string> m_words;
+    std::unique_ptr<CWaitCursor> m_cursor;
+};
+
+ScriptedPlugIn plugIn;
+CWinApp app;
+
+} // namespace

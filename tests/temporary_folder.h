@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+/// A folder of a test's own, removed with the object.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+        const std::string name = std::string(test.test_suite_name()) + "." + test.name() + ".";
+        do {
+            m_path = std::filesystem::temp_directory_path() /
+                     (name + std::to_string(std::random_device()()));
+        } while (!std::filesystem::create_directory(m_path));
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder()
+    {
+        std::error_code error;
+        std::filesystem::remove_all(m_path, error);
+    }
+
+    [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
+
+    /// Writes a file of the folder, with folders on the way, and gives its path.
+    std::filesystem::path Write(const std::filesystem::path& name, std::string_view contents) const
+    {
+        const std::filesystem::path path = m_path / name;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary) << contents;
+        return path;
+    }
+
+    /// What stands in a file of the folder; empty when there is none.
+    [[nodiscard]] std::string Read(const std::filesystem::path& name) const
+    {
+        std::ifstream stream(m_path / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+private:
+    std::filesystem::path m_path;
+};
