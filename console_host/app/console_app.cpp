@@ -2,8 +2,10 @@
 
 #include "console_host/app/format_text.h"
 #include "console_host/app/help.h"
+#include "console_host/app/printable.h"
 #include "console_host/framework/work_note.h"
 #include "console_host/geokit/error_handler.h"
+#include "console_host/runtime/terminal_input.h"
 
 #include "host/app/localize.h"
 #include "host/geokit/string.h"
@@ -15,11 +17,13 @@
 
 namespace {
 
-/// Writes UTF-8 as it stands; a stream remembers by itself that a write failed.
-void WriteText(std::FILE* stream, std::string_view utf8)
+/// Writes UTF-8; a stream remembers by itself that a write failed.
+void WriteText(std::FILE* stream, const std::string& utf8)
 {
     WorkNote::Instance().Hide();
-    std::fwrite(utf8.data(), 1, utf8.size(), stream);
+    // Names from a file stand in many texts, and must not steer a terminal.
+    const std::string text = IsTerminal(stream) ? Printable(utf8) : utf8;
+    std::fwrite(text.data(), 1, text.size(), stream);
 }
 
 void NoteKernelError(const char* source, int, const char* text) noexcept
