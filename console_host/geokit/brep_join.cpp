@@ -83,12 +83,28 @@ private:
     std::unordered_multimap<GK_3dPoint, Entry, Hash> m_cells;
 };
 
+// The farthest that an edge gets from its start.
+double Reach(const GK_BrepEdge& edge)
+{
+    const GK_3dPoint start = edge.PointAtStart();
+    double reach = 0.0;
+    for (const double fraction : {0.25, 0.5, 0.75, 1.0})
+        reach =
+            std::max(reach, start.DistanceTo(edge.PointAt(edge.Domain().ParameterAt(fraction))));
+    return reach;
+}
+
+// An edge that stays within this share of the longest one's reach is a point.
+constexpr double RelativeSizeOfPoint = 1e-9;
+
 class Joiner
 {
 public:
     explicit Joiner(GK_Brep& brep) : m_brep(brep), m_leader(Size(brep.VertexCount()))
     {
         std::iota(m_leader.begin(), m_leader.end(), 0);
+        for (int i = 0; i < brep.EdgeCount(); ++i)
+            m_longestReach = std::max(m_longestReach, Reach(brep.Edge(i)));
     }
 
     void JoinAlongLoops();
@@ -102,10 +118,11 @@ private:
     int Leader(int vertex);
     void Join(int a, int b);
     std::vector<Box> Gather();
-    [[nodiscard]] bool IsCollapsed(const GK_BrepEdge& edge, double size) const;
+    [[nodiscard]] bool IsCollapsed(const GK_BrepEdge& edge) const;
 
     GK_Brep& m_brep;
     std::vector<int> m_leader; // union-find, lowest index leads
+    double m_longestReach = 0.0;
 };
 
 int Joiner::Leader(int vertex)
@@ -150,23 +167,13 @@ std::vector<Box> Joiner::Gather()
     return boxes;
 }
 
-// The farthest that an edge gets from its start.
-double Reach(const GK_BrepEdge& edge)
-{
-    const GK_3dPoint start = edge.PointAtStart();
-    double reach = 0.0;
-    for (const double fraction : {0.25, 0.5, 0.75, 1.0})
-        reach =
-            std::max(reach, start.DistanceTo(edge.PointAt(edge.Domain().ParameterAt(fraction))));
-    return reach;
-}
-
 void Joiner::JoinNearby(double tolerance)
 {
     // A model smaller than the tolerance must not shrink to a point.
     constexpr double ShareOfEdge = 0.25;
+    const double collapsed = RelativeSizeOfPoint * m_longestReach;
     for (int i = 0; i < m_brep.EdgeCount(); ++i)
-        if (const double reach = Reach(m_brep.Edge(i)); reach > 0.0)
+        if (const double reach = Reach(m_brep.Edge(i)); reach > collapsed)
             tolerance = std::min(tolerance, ShareOfEdge * reach);
     if (!(tolerance > 0.0))
         return;
@@ -202,27 +209,23 @@ void Joiner::MoveVertices()
             vertex = Leader(vertex);
 }
 
-bool Joiner::IsCollapsed(const GK_BrepEdge& edge, double size) const
+bool Joiner::IsCollapsed(const GK_BrepEdge& edge) const
 {
-    constexpr double RelativeTolerance = 1e-9;
     const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(m_brep.EdgeCurve(edge.curveIndex));
     if (curve == nullptr || edge.vertexIndex[0] != edge.vertexIndex[1])
         return false;
     const GK_3dPoint start = edge.PointAtStart();
     for (int i = 0; i < curve->controlPointCount; ++i)
-        if (start.DistanceTo(curve->ControlPoint(i)) > RelativeTolerance * size)
+        if (start.DistanceTo(curve->ControlPoint(i)) > RelativeSizeOfPoint * m_longestReach)
             return false;
     return true;
 }
 
 void Joiner::DropCollapsedEdges()
 {
-    double size = 0.0;
-    for (int i = 0; i < m_brep.EdgeCount(); ++i)
-        size = std::max(size, Reach(m_brep.Edge(i)));
     for (int i = 0; i < m_brep.TrimCount(); ++i) {
         GK_BrepTrim& trim = m_brep.Trim(i);
-        if (trim.edgeIndex < 0 || !IsCollapsed(m_brep.Edge(trim.edgeIndex), size))
+        if (trim.edgeIndex < 0 || !IsCollapsed(m_brep.Edge(trim.edgeIndex)))
             continue;
         trim.edgeIndex = -1;
         trim.reversed = false;

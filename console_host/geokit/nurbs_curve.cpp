@@ -5,6 +5,8 @@
 #include "console_host/geokit/nurbs_evaluation.h"
 
 #include <algorithm>
+#include <limits>
+#include <new>
 
 void GK_NurbsCurve::Create(int curveDimension, bool isRational, int curveOrder, int count)
 {
@@ -15,7 +17,10 @@ void GK_NurbsCurve::Create(int curveDimension, bool isRational, int curveOrder, 
     controlPointStride = dimension + (rational ? 1 : 0);
     knots.Destroy();
     controlPoints.Destroy();
-    controlPoints.SetCount(controlPointCount * controlPointStride);
+    const std::int64_t size = std::int64_t{controlPointCount} * controlPointStride;
+    if (size > std::numeric_limits<int>::max())
+        throw std::bad_alloc();
+    controlPoints.SetCount(static_cast<int>(size));
     std::fill(controlPoints.begin(), controlPoints.end(), GK_UNSET_VALUE);
 }
 

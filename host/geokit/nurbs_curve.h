@@ -25,7 +25,8 @@ public:
     GK_SimpleArray<double> knots;
 
     /// Sets dimension, rational flag, order, count and stride, and makes the control points, all
-    /// unset. Knots are removed. A negative count counts as 0.
+    /// unset. Knots are removed. A negative count counts as 0. Throws std::bad_alloc when there is
+    /// no memory.
     void Create(int curveDimension, bool isRational, int curveOrder, int count);
 
     /// Sets a control point from the layout that `style` names; one without a weight gets weight 1

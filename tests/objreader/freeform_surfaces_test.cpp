@@ -1,0 +1,211 @@
+#include "tests/geokit/brep_shapes.h"
+#include "tests/objreader/freeform_reader.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A square of side 2 with u along x, and the curves of its boundary, a circle within, and a piece
+// of the boundary that is given backwards.
+const std::string Square = "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 2 2 0\n"
+                           "vp 0 0\nvp 1 0\nvp 1 1\nvp 0 1\n"
+                           "vp 0.75 0.5 1\nvp 0.75 0.75 0.70710678118654752\nvp 0.5 0.75 1\n"
+                           "vp 0.25 0.75 0.70710678118654752\nvp 0.25 0.5 1\n"
+                           "vp 0.25 0.25 0.70710678118654752\nvp 0.5 0.25 1\n"
+                           "vp 0.75 0.25 0.70710678118654752\n"
+                           "cstype bspline\ndeg 1 1\n"
+                           "curv2 1 2 3\nparm u 0 0 1 2 2\n"
+                           "curv2 1 4 3\nparm u 0 0 1 2 2\n"
+                           "cstype rat bspline\ndeg 2\n"
+                           "curv2 5 6 7 8 9 10 11 12 5\nparm u 0 0 0 1 1 2 2 3 3 4 4 4\n"
+                           "cstype bspline\ndeg 1 1\n";
+const std::string Surface = "surf 0 1 0 1 1 2 3 4\n";
+const std::string Knots = "parm u 0 0 1 1\nparm v 0 0 1 1\n";
+
+TEST(FreeformSurfaces, TakeControlPointsWithURunningFastest)
+{
+    const FreeformReader file("v 1 0 0 0.5\nv 2 0 0\nv 3 0 0\nv 4 0 0\nv 5 0 0\nv 6 0 0\n"
+                              "cstype rat bspline\ndeg 1 1\nsurf 0 2 0 1 1/1/1 2 3 -3 -2 -1 1 1 1\n"
+                              "parm v 9 0 1 9\nparm u 9 0 1 2 9\n");
+    EXPECT_TRUE(file.parsed);
+    EXPECT_THAT(Values(file.Surface().Knots(0)), ElementsAre(0, 1, 2));
+    EXPECT_THAT(Values(file.Surface().Knots(1)), ElementsAre(0, 1));
+    EXPECT_EQ(file.Surface().ControlPoint(1, 1), (GK_3dPoint{5, 0, 0}));
+    EXPECT_EQ(file.Surface().Weight(0, 0), 0.5);
+    EXPECT_TRUE(file.Surface().IsValid());
+    EXPECT_EQ(file.Brep().FaceCount(), 1);
+
+    const FreeformReader bezier("v 0 0 0\ncstype bezier\ndeg 3 2\nsurf 0 1 0 1"
+                                " 1 1 1 1 1 1 1 1 1 1 1 1\nparm u 0 1 x\nparm v 2 4\n");
+    EXPECT_TRUE(bezier.parsed);
+    EXPECT_THAT(Values(bezier.Surface().Knots(0)), ElementsAre(0, 0, 0, 1, 1, 1));
+    EXPECT_THAT(Values(bezier.Surface().Knots(1)), ElementsAre(2, 2, 4, 4));
+    EXPECT_TRUE(bezier.Surface().IsValid());
+}
+
+TEST(FreeformSurfaces, StatementsFailWhereTheyAreMalformed)
+{
+    struct Case
+    {
+        std::string text;
+        bool parsed;
+    };
+    const Case cases[] = {
+        {Square + Surface + Knots, true},
+        {Square + "surf 0 1 0 1", true},
+        {Square + "surf 0 1 0", false},
+        {Square + "surf 0 1 0 x 1 2 3 4", false},
+        {Square + "surf 0 1 0 1 1 2 3 5", false},
+        {Square + "cstype rat\n" + Surface, false},
+        {Square + Surface + "parm w 0 0 1 1", false},
+        {Square + Surface + "parm u 0 0 x 1", false},
+        {Square + Surface + "parm u", true}, // no knots at all
+        {Square + Surface + "cstype bezier\nparm u 0", false},
+        {Square + Surface + "cstype bezier\nparm u 0 x", false},
+        {Square + Surface + "g other\n" + Knots, false},
+        {Square + Surface + "trim 0 2 1", false}, // before the knots
+        {Square + Surface + "parm u 0 0 1 1\ntrim 0 2 1", false},
+        {Square + Surface + Knots + "trim 0 2", false},
+        {Square + Surface + Knots + "trim 0 2 4", false},
+        {Square + Surface + Knots + "trim 0 x 1", false},
+        {Square + Surface + Knots + "hole", true},
+        {Square + Surface + Knots + "trim 0 2 -3 2 0 -2", true},
+        {Square + Surface + Knots + "curv 0 1 1 2\ntrim 0 2 1", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(FreeformReader(c.text).parsed, c.parsed);
+    }
+}
+
+TEST(FreeformSurfaces, StatesOfTheKnotStatements)
+{
+    // A new surface before the first was complete: the first never gets a face.
+    const FreeformReader two(Square + Surface + "parm u 0 0 1 1\n" + Surface + Knots);
+    EXPECT_EQ(two.Geometry().breps[0]->FaceCount(), 0);
+    EXPECT_EQ(two.Geometry().breps[1]->FaceCount(), 1);
+
+    // Knots given once more: another face, and control points for the new counts.
+    const FreeformReader again(Square + "surf 0 1 0 1 1 2 3 4 3 4\n" + Knots +
+                               "parm v 0 0 1 2 2\n");
+    EXPECT_EQ(again.Brep().FaceCount(), 2);
+    EXPECT_EQ(again.Surface().ControlPointCount(1), 3);
+    EXPECT_EQ(again.Surface().ControlPoint(1, 2), (GK_3dPoint{2, 2, 0}));
+    EXPECT_TRUE(again.Surface().IsValid());
+
+    // Which directions have been given is known across a change of group.
+    const FreeformReader groups(Square + "g a\n" + Surface + "g b\n" + Surface +
+                                "parm u 0 0 1 1\ng a\nparm v 0 0 1 1\n");
+    EXPECT_EQ(groups.Brep().FaceCount(), 1);
+    EXPECT_FALSE(groups.Surface().IsValid());
+}
+
+TEST(FreeformSurfaces, BuildBreps)
+{
+    struct Case
+    {
+        const char* what;
+        std::string text;
+        int edges;
+        int vertices;
+        std::vector<int> loopTypes;
+        const char* refused;
+    };
+    const Case cases[] = {
+        {"untrimmed", "", 4, 4, {1}, ""},
+        {"two pieces", "trim 0 2 1 2 0 2\n", 2, 2, {1}, ""},
+        {"the other way round", "trim 0 2 2 2 0 1\n", 2, 2, {1}, ""},
+        {"a part of a curve and a hole", "trim 0 2 1 2 0 2\nhole 0 4 3\n", 3, 3, {1, 2}, ""},
+        {"a hole only", "hole 4 0 3\n", 5, 5, {1, 2}, ""},
+        {"an empty loop", "hole\n", 4, 4, {1}, "loop: inner loop 1 of the brep has no trims\n"},
+        {"more faces", Knots.c_str(), 4, 4, {1}, ""},
+        {"a gap",
+         "trim 0 2 1 2 1 2\n",
+         -1,
+         0,
+         {},
+         "brep: loop 1 does not close: trim 2 ends 2 away from the start of trim 1 (tolerance "
+         "0.001)\n"},
+        {"out of the curve's domain",
+         "trim 0 3 1\n",
+         4,
+         4,
+         {1},
+         "loop: outer loop 1 of the brep has no trims\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const FreeformReader file(Square + Surface + Knots + c.text);
+        EXPECT_TRUE(file.parsed);
+        EXPECT_EQ(file.reader->Build(), c.edges >= 0);
+        EXPECT_EQ(FreeformReader::Refused(), c.refused);
+        ASSERT_EQ(file.doc.ObjectCount(), c.edges >= 0 ? 1 : 0);
+        if (c.edges < 0)
+            continue;
+        const GK_Brep& brep = file.Object<GK_Brep>(0);
+        EXPECT_EQ(brep.FaceCount(), 1);
+        EXPECT_EQ(brep.EdgeCount(), c.edges);
+        EXPECT_EQ(brep.VertexCount(), c.vertices);
+        std::vector<int> types;
+        for (const int loop : brep.Face(0).loopIndices)
+            types.push_back(brep.Loop(loop).type);
+        EXPECT_EQ(types, c.loopTypes);
+        ExpectSoundLoops(brep, 0.002);
+    }
+}
+
+TEST(FreeformSurfaces, RefuseWhatIsIncompleteOrAbsurd)
+{
+    struct Case
+    {
+        std::string text;
+        const char* reason;
+    };
+    std::string wide = "parm u";
+    std::string high = "parm v";
+    for (int i = 0; i < 100000; ++i) {
+        wide += " " + std::to_string(i);
+        high += " " + std::to_string(i);
+    }
+    const Case cases[] = {
+        {Surface + "parm u 0 0 1 1\n", "the brep has no face: the surface has no knots in v"},
+        {"surf 0 1 0 1 1 2 3\n" + Knots, "the surface has 3 of its 4 control points"},
+        {Surface + wide + "\n" + high + "\n", "the surface has 4 of its 9999600004 control points"},
+        {"deg 2000000000 2000000000\n" + Surface + "cstype bezier\nparm u 0 1\nparm v 0 1\n",
+         "the surface has 4 of its 4000000004000000001 control points"},
+        {Surface + "parm u 1 1 0 0\nparm v 0 0 1 1\n",
+         "the surface's knots in u decrease, from 1 to 0"},
+        {"v 0 0 0 0\ncstype rat bspline\nsurf 0 1 0 1 1 2 3 -1\n" + Knots,
+         "the surface's control point 4 has weight 0; it must be positive"},
+        {"deg 0 1\n" + Surface + Knots, "the surface has degree 0 in u; at least 1 is needed"},
+    };
+    for (const Case& c : cases) {
+        const FreeformReader file(Square + c.text);
+        EXPECT_TRUE(file.parsed);
+        EXPECT_FALSE(file.reader->Build());
+        EXPECT_EQ(file.doc.ObjectCount(), 0);
+        EXPECT_EQ(FreeformReader::Refused(), std::string("brep: ") + c.reason + "\n");
+    }
+}
+
+// Lines that name one great curve again and again: memory and time stay in proportion.
+TEST(FreeformSurfaces, TrimsTakeNoMoreThanTheFileIsWorth)
+{
+    std::string text = Square + "cstype bspline\ndeg 1\ncurv2";
+    std::string knots = "parm u";
+    for (int i = 0; i < 20000; ++i) {
+        text += i % 2 == 0 ? " 1" : " 3";
+        knots += " " + std::to_string(i);
+    }
+    text += "\n" + knots + "\ndeg 1 1\n" + Surface + Knots + "trim";
+    for (int i = 0; i < 20000; ++i)
+        text += " 0 19999 -1";
+    const FreeformReader file(text + "\n");
+    EXPECT_TRUE(file.parsed);
+    EXPECT_LT(file.Brep().TrimCount(), 100);
+}
+
+} // namespace
