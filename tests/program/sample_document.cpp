@@ -56,7 +56,8 @@ std::unique_ptr<GK_Brep> Brep()
 {
     auto surface = std::make_unique<GK_NurbsSurface>();
     surface->Create(false, 2, 2);
-    surface->SetControlPointCounts(2, 2);
+    surface->SetControlPointCount(0, 2);
+    surface->SetControlPointCount(1, 2);
     surface->ReserveCVCapacity(2 * 2 * surface->ControlPointStride());
     for (int v = 0; v < 2; ++v)
         for (int u = 0; u < 2; ++u) {
