@@ -19,6 +19,9 @@ set(CMAKE_SHARED_MODULE_PREFIX "")
 add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00
                         __USE_MINGW_ANSI_STDIO=1)
 
+# On Windows a program and its libraries stand in one folder.
+set(CMAKE_INSTALL_BINDIR .)
+
 # The compiler's run-time libraries stand beside the programs.
 set(windows_runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
 foreach(library ${windows_runtime})

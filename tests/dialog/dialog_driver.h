@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A key that a person presses.
+enum class Key
+{
+    Tab,
+    ShiftTab,
+    Space,
+    Up,
+    Down,
+    Enter,
+    Escape,
+    F1
+};
+
+/// Runs objimport and uses its windows as a person would: with the mouse, with the keyboard and
+/// with the close box of a window. What does not come about in time throws std::runtime_error.
+class DialogDriver
+{
+public:
+    static std::unique_ptr<DialogDriver> Start(const std::vector<std::string>& arguments);
+
+    DialogDriver() = default;
+    DialogDriver(const DialogDriver&) = delete;
+    DialogDriver& operator=(const DialogDriver&) = delete;
+    virtual ~DialogDriver() = default;
+
+    /// Waits until a window of that title is there, and turns to it.
+    virtual void WaitForWindow(const std::string& title) = 0;
+
+    /// Clicks on a control of the options dialog. Windows before it that wait for an answer keep it
+    /// from being reached.
+    virtual void Click(int controlId) = 0;
+
+    /// Presses keys, one after the other, in the window turned to.
+    virtual void Press(const std::vector<Key>& keys) = 0;
+
+    /// Clicks on the close box of the window turned to.
+    virtual void CloseWindow() = 0;
+
+    /// Waits until the program ends; gives its exit status.
+    virtual int Wait() = 0;
+};

@@ -1,0 +1,202 @@
+#include "tests/dialog/dialog_driver.h"
+
+#include "host/framework/dialog_template.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <span>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+/// The dialogs of the module, as its resource script has them.
+std::span<const DialogTemplate> ImportOBJDialogs();
+
+namespace {
+
+constexpr auto Patience = std::chrono::seconds(30);
+constexpr auto Step = std::chrono::milliseconds(20);
+
+/// Starts a program, with the write end of a pipe as its standard output when one is given.
+pid_t StartProgram(const std::vector<std::string>& command, int output = -1)
+{
+    std::vector<char*> words;
+    for (const std::string& word : command)
+        words.push_back(const_cast<char*>(word.c_str()));
+    words.push_back(nullptr);
+    const pid_t child = fork();
+    if (child < 0)
+        throw std::runtime_error("no process for " + command.front());
+    if (child == 0) {
+        if (output >= 0)
+            dup2(output, STDOUT_FILENO);
+        execvp(words.front(), words.data());
+        _exit(127);
+    }
+    return child;
+}
+
+/// The standard output of a command; empty also when the command failed.
+std::string Output(const std::string& command)
+{
+    std::FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r"); // NOLINT(cert-env33-c)
+    std::string text;
+    std::array<char, 256> part{};
+    while (std::fgets(part.data(), static_cast<int>(part.size()), pipe) != nullptr)
+        text += part.data();
+    pclose(pipe);
+    return text;
+}
+
+/// A screen of the test's own.
+class Screen
+{
+public:
+    Screen()
+    {
+        std::array<int, 2> ends{};
+        if (pipe(ends.data()) != 0)
+            throw std::runtime_error("no pipe");
+        m_server = StartProgram(
+            {"Xvfb", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0", "1024x768x24"},
+            ends[1]);
+        close(ends[1]);
+        std::string number;
+        for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
+            number += digit;
+        close(ends[0]);
+        if (number.empty())
+            throw std::runtime_error("Xvfb does not start");
+        setenv("DISPLAY", (":" + number).c_str(), 1); // NOLINT(concurrency-mt-unsafe)
+    }
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen()
+    {
+        kill(m_server, SIGTERM);
+        waitpid(m_server, nullptr, 0);
+    }
+
+private:
+    pid_t m_server = -1;
+};
+
+const char* KeyName(Key key)
+{
+    static const std::map<Key, const char*> Names = {
+        {Key::Tab, "Tab"},       {Key::ShiftTab, "shift+Tab"},
+        {Key::Space, "space"},   {Key::Up, "Up"},
+        {Key::Down, "Down"},     {Key::Enter, "Return"},
+        {Key::Escape, "Escape"}, {Key::F1, "F1"}};
+    return Names.at(key);
+}
+
+/// Sends real mouse and key events through the X server.
+class XdotoolDriver final : public DialogDriver
+{
+public:
+    explicit XdotoolDriver(const std::vector<std::string>& arguments)
+    {
+        std::vector<std::string> command = {BUILD_FOLDER "/bin/objimport"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        m_program = StartProgram(command);
+    }
+    XdotoolDriver(const XdotoolDriver&) = delete;
+    XdotoolDriver& operator=(const XdotoolDriver&) = delete;
+    ~XdotoolDriver() override
+    {
+        if (m_program > 0) {
+            kill(m_program, SIGKILL);
+            waitpid(m_program, nullptr, 0);
+        }
+    }
+
+    void WaitForWindow(const std::string& title) override
+    {
+        m_window = FindWindow(title);
+        Tool("windowfocus --sync " + m_window);
+    }
+
+    void Click(int controlId) override
+    {
+        const DialogTemplate& dialog = ImportOBJDialogs().front();
+        const auto control =
+            std::find_if(dialog.controls.begin(), dialog.controls.end(),
+                         [=](const DialogControl& candidate) { return candidate.id == controlId; });
+        if (control == dialog.controls.end())
+            throw std::runtime_error("the dialog has no such control");
+        int width = 0;
+        int height = 0;
+        const std::string size = Output("xdotool getwindowgeometry --shell " + m_window);
+        const auto number = [&size](const char* name) {
+            return std::stoi(size.substr(size.find(name) + std::string(name).size()));
+        };
+        width = number("WIDTH=");
+        height = number("HEIGHT=");
+        const int x = (control->place.x + 5) * width / dialog.width;
+        const int y = (2 * control->place.y + control->place.height) * height / (2 * dialog.height);
+        Tool("mousemove --sync --window " + m_window + " " + std::to_string(x) + " " +
+             std::to_string(y) + " click 1");
+    }
+
+    void Press(const std::vector<Key>& keys) override
+    {
+        for (const Key key : keys)
+            Tool(std::string("key ") + KeyName(key));
+    }
+
+    void CloseWindow() override
+    {
+        // Asks the window to close, as a window manager does for a click on the close box.
+        Tool("windowquit " + m_window);
+    }
+
+    int Wait() override
+    {
+        const auto end = std::chrono::steady_clock::now() + Patience;
+        int status = 0;
+        while (waitpid(m_program, &status, WNOHANG) == 0) {
+            if (std::chrono::steady_clock::now() > end)
+                throw std::runtime_error("the program does not end");
+            std::this_thread::sleep_for(Step);
+        }
+        m_program = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+private:
+    static std::string FindWindow(const std::string& title)
+    {
+        const auto end = std::chrono::steady_clock::now() + Patience;
+        while (std::chrono::steady_clock::now() < end) {
+            std::string window = Output("xdotool search --onlyvisible --name '^" + title + "$'");
+            if (!window.empty())
+                return window.substr(0, window.find('\n'));
+            std::this_thread::sleep_for(Step);
+        }
+        throw std::runtime_error("no window " + title);
+    }
+
+    static void Tool(const std::string& arguments)
+    {
+        if (std::system(("xdotool " + arguments).c_str()) != 0) // NOLINT
+            throw std::runtime_error("xdotool failed: " + arguments);
+    }
+
+    Screen m_screen;
+    pid_t m_program = -1;
+    std::string m_window;
+};
+
+} // namespace
+
+std::unique_ptr<DialogDriver> DialogDriver::Start(const std::vector<std::string>& arguments)
+{
+    return std::make_unique<XdotoolDriver>(arguments);
+}

@@ -1,0 +1,229 @@
+#include "plugin/resource.h"
+#include "tests/dialog/dialog_driver.h"
+
+#include "host/geokit/string.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+using testing::HasSubstr;
+
+constexpr const char* OptionsWindow = "OBJ Import Options";
+constexpr const char* MorphTargetWindow = "Import as Morph Target Warning";
+constexpr const char* SwitchedOffWindow = "OBJ import options";
+constexpr const char* HelpWindow = "Help";
+
+/// The check boxes and the settings that they stand for.
+const std::map<int, std::string> Boxes = {{IDC_OBJECT_NAMES, "UseONames"},
+                                          {IDC_MORPH_TARGET, "ImportAsMorphTarget"},
+                                          {IDC_REVERSE_GROUP_ORDER, "ReverseGroupOrder"},
+                                          {IDC_IGNORE_TEXTURES, "IgnoreTextures"},
+                                          {IDC_Y_TO_Z, "ZUp"},
+                                          {IDC_SPLIT_TEXTURES, "Split32bitTextures"},
+                                          {IDC_DONT_SHOW, "DontShowDialog"}};
+
+/// Runs the program with a settings file of the test's own.
+class OptionsDialog : public testing::Test
+{
+protected:
+    OptionsDialog()
+    {
+        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+        m_settings = std::filesystem::temp_directory_path() /
+                     (std::string("objimport_dialog_") + info->name() + ".ini");
+        std::filesystem::remove(m_settings);
+    }
+    ~OptionsDialog() override { std::filesystem::remove(m_settings); }
+
+    std::unique_ptr<DialogDriver> Start(std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.end(), {"--settings", m_settings.string()});
+        return DialogDriver::Start(arguments);
+    }
+
+    /// Runs the options command and turns to its dialog.
+    std::unique_ptr<DialogDriver> Open()
+    {
+        auto driver = Start({"--run", "OBJImportOptionsDialog"});
+        driver->WaitForWindow(OptionsWindow);
+        return driver;
+    }
+
+    void Store(const std::string& entries)
+    {
+        std::ofstream(m_settings) << "[Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings]\n"
+                                  << entries;
+    }
+
+    std::string Stored() const
+    {
+        std::ifstream file(m_settings);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// Clicks where a person closes a warning.
+    static void Acknowledge(DialogDriver& driver, const char* title)
+    {
+        driver.WaitForWindow(title);
+        driver.Press({Key::Enter});
+    }
+
+    std::filesystem::path m_settings;
+};
+
+TEST_F(OptionsDialog, OpensWithTheDefaultsAndKeepsThem)
+{
+    auto dialog = Open();
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=1"));
+    for (const auto& [id, name] : Boxes)
+        EXPECT_THAT(Stored(), HasSubstr(name + (id == IDC_OBJECT_NAMES ? "=true" : "=false")));
+}
+
+// Each box is clicked in another selection of three runs, so that no two can be mistaken.
+TEST_F(OptionsDialog, EachBoxSetsItsOwnOption)
+{
+    for (unsigned int run = 0; run < 3; ++run) {
+        std::filesystem::remove(m_settings);
+        auto dialog = Open();
+        unsigned int number = 0;
+        for (const auto& [id, name] : Boxes) {
+            if (((++number >> run) & 1U) == 0)
+                continue;
+            dialog->Click(id);
+            if (id == IDC_MORPH_TARGET) {
+                Acknowledge(*dialog, MorphTargetWindow);
+                dialog->WaitForWindow(OptionsWindow);
+            }
+        }
+        dialog->Click(IDC_OK);
+        if (((number >> run) & 1U) != 0)
+            Acknowledge(*dialog, SwitchedOffWindow);
+        EXPECT_EQ(dialog->Wait(), 0);
+        number = 0;
+        for (const auto& [id, name] : Boxes) {
+            const bool clicked = ((++number >> run) & 1U) != 0;
+            const bool expected = clicked != (id == IDC_OBJECT_NAMES);
+            EXPECT_THAT(Stored(), HasSubstr(name + (expected ? "=true" : "=false"))) << run;
+        }
+    }
+}
+
+TEST_F(OptionsDialog, ObjectNamesDisableTheNamesOfObjects)
+{
+    auto dialog = Open();
+    dialog->Click(IDC_GROUPS_OBJECT_NAMES);
+    dialog->Click(IDC_OBJECT_NAMES);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=3"));
+    EXPECT_THAT(Stored(), HasSubstr("UseONames=true"));
+
+    dialog = Open();
+    dialog->Click(IDC_OBJECT_NAMES);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=3"));
+    EXPECT_THAT(Stored(), HasSubstr("UseONames=true")) << "disabled as soon as it opens";
+
+    dialog = Open();
+    dialog->Click(IDC_GROUPS_LAYERS);
+    dialog->Click(IDC_OBJECT_NAMES);
+    dialog->Click(IDC_GROUPS_NOTHING);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=0"));
+    EXPECT_THAT(Stored(), HasSubstr("UseONames=false")) << "another choice enables it again";
+}
+
+TEST_F(OptionsDialog, WarnsEachTimeMorphTargetIsTicked)
+{
+    auto dialog = Open();
+    for (int time = 0; time < 2; ++time) {
+        dialog->Click(IDC_MORPH_TARGET);
+        Acknowledge(*dialog, MorphTargetWindow);
+        dialog->WaitForWindow(OptionsWindow);
+        dialog->Click(IDC_MORPH_TARGET); // clearing says nothing: the next click reaches the dialog
+    }
+    dialog->Click(IDC_REVERSE_GROUP_ORDER);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("ImportAsMorphTarget=false"));
+    EXPECT_THAT(Stored(), HasSubstr("ReverseGroupOrder=true"));
+}
+
+TEST_F(OptionsDialog, CanBeSwitchedOffAndOnAgain)
+{
+    auto dialog = Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"});
+    dialog->WaitForWindow(OptionsWindow);
+    dialog->Click(IDC_DONT_SHOW);
+    dialog->Click(IDC_OK);
+    Acknowledge(*dialog, SwitchedOffWindow);
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=true"));
+
+    EXPECT_EQ(Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"})->Wait(), 0)
+        << "no dialog any more";
+
+    dialog = Open();
+    dialog->Click(IDC_Y_TO_Z);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0) << "the warning comes only when the dialog is switched off";
+
+    dialog = Open();
+    dialog->Click(IDC_DONT_SHOW);
+    dialog->Click(IDC_OK);
+    EXPECT_EQ(dialog->Wait(), 0) << "switching it on gives no warning";
+    EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=false"));
+}
+
+TEST_F(OptionsDialog, CancelKeepsEverything)
+{
+    Store("HowToAddGs=2\nZUp=true\n");
+    const std::vector<void (*)(DialogDriver&)> waysOut = {
+        [](DialogDriver& driver) { driver.Click(IDC_CANCEL); },
+        [](DialogDriver& driver) { driver.Press({Key::Escape}); },
+        [](DialogDriver& driver) { driver.CloseWindow(); }};
+    for (const auto leave : waysOut) {
+        auto dialog = Open();
+        dialog->Click(IDC_GROUPS_NOTHING);
+        dialog->Click(IDC_Y_TO_Z);
+        dialog->Click(IDC_DONT_SHOW);
+        leave(*dialog);
+        EXPECT_EQ(dialog->Wait(), 1) << "cancelled";
+        EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=2"));
+        EXPECT_THAT(Stored(), HasSubstr("ZUp=true"));
+        EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=false"));
+    }
+    auto dialog = Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"});
+    dialog->WaitForWindow(OptionsWindow);
+    dialog->Press({Key::Escape});
+    EXPECT_EQ(dialog->Wait(), 1) << "the import is cancelled with its dialog";
+}
+
+TEST_F(OptionsDialog, NeedsNoMouse)
+{
+    auto dialog = Open();
+    // From "Groups" to "Layers", on to the object names, past the morph target to the group order.
+    dialog->Press({Key::Down, Key::Tab, Key::Space, Key::Tab, Key::Tab, Key::Space, Key::F1});
+    dialog->WaitForWindow(HelpWindow);
+    dialog->Press({Key::Escape});
+    dialog->WaitForWindow(OptionsWindow);
+    dialog->Press({Key::Enter});
+    EXPECT_EQ(dialog->Wait(), 0);
+    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=2"));
+    EXPECT_THAT(Stored(), HasSubstr("UseONames=false"));
+    EXPECT_THAT(Stored(), HasSubstr("ImportAsMorphTarget=false"));
+    EXPECT_THAT(Stored(), HasSubstr("ReverseGroupOrder=true"));
+}
+
+} // namespace
