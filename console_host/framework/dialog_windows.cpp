@@ -29,6 +29,55 @@ private:
     HWND m_window;
 };
 
+/// Pixels that a check box or radio button needs beside its text.
+int MarkWidth()
+{
+    constexpr int Gap = 8;
+    return GetSystemMetrics(SM_CXMENUCHECK) + Gap;
+}
+
+int TextWidth(HWND control)
+{
+    wchar_t text[256];
+    const int length = GetWindowTextW(control, text, 256);
+    HDC device = GetDC(control);
+    HGDIOBJ before =
+        SelectObject(device, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    SIZE size = {};
+    GetTextExtentPoint32W(device, text, length, &size);
+    SelectObject(device, before);
+    ReleaseDC(control, device);
+    return size.cx;
+}
+
+/// Widens a check box or radio button, and its dialog, where the system's font stands for the
+/// template's and is so wide that the text would be cut.
+BOOL CALLBACK MakeRoom(HWND control, LPARAM dialogHandle)
+{
+    const LONG kind = GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK;
+    const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+    if ((code & DLGC_BUTTON) == 0 || (kind != BS_AUTOCHECKBOX && kind != BS_AUTORADIOBUTTON))
+        return TRUE;
+    RECT place = {};
+    GetWindowRect(control, &place);
+    const int missing = TextWidth(control) + MarkWidth() - (place.right - place.left);
+    if (missing <= 0)
+        return TRUE;
+    constexpr UINT onlySize = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+    SetWindowPos(control, nullptr, 0, 0, place.right - place.left + missing,
+                 place.bottom - place.top, onlySize);
+
+    constexpr int Margin = 8;
+    HWND dialog = reinterpret_cast<HWND>(dialogHandle);
+    RECT frame = {};
+    GetWindowRect(dialog, &frame);
+    const int beyond = place.right + missing + Margin - frame.right;
+    if (beyond > 0)
+        SetWindowPos(dialog, nullptr, 0, 0, frame.right - frame.left + beyond,
+                     frame.bottom - frame.top, onlySize);
+    return TRUE;
+}
+
 /// A dialog from the resources of a module.
 class ResourceDialog final : public NativeDialog
 {
@@ -73,6 +122,7 @@ private:
     void Open(HWND window)
     {
         m_window = window;
+        EnumChildWindows(window, &MakeRoom, reinterpret_cast<LPARAM>(window));
         Center();
         m_owner.OnOpen();
         SetForegroundWindow(window);
