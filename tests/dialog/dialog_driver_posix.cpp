@@ -2,6 +2,7 @@
 
 #include "host/framework/dialog_template.h"
 
+#include <X11/Xlib.h>
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -55,17 +56,17 @@ std::string Output(const std::string& command)
 }
 
 /// A screen of the test's own.
-class Screen
+class TestScreen
 {
 public:
-    Screen()
+    TestScreen()
     {
         std::array<int, 2> ends{};
         if (pipe(ends.data()) != 0)
             throw std::runtime_error("no pipe");
-        m_server = StartProgram(
-            {"Xvfb", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0", "1024x768x24"},
-            ends[1]);
+        m_server = StartProgram({"Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp",
+                                 "-screen", "0", "1024x768x24"},
+                                ends[1]);
         close(ends[1]);
         std::string number;
         for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
@@ -75,9 +76,9 @@ public:
             throw std::runtime_error("Xvfb does not start");
         setenv("DISPLAY", (":" + number).c_str(), 1); // NOLINT(concurrency-mt-unsafe)
     }
-    Screen(const Screen&) = delete;
-    Screen& operator=(const Screen&) = delete;
-    ~Screen()
+    TestScreen(const TestScreen&) = delete;
+    TestScreen& operator=(const TestScreen&) = delete;
+    ~TestScreen()
     {
         kill(m_server, SIGTERM);
         waitpid(m_server, nullptr, 0);
@@ -120,7 +121,7 @@ public:
     void WaitForWindow(const std::string& title) override
     {
         m_window = FindWindow(title);
-        Tool("windowfocus --sync " + m_window);
+        Tool("windowfocus " + m_window);
     }
 
     void Click(int controlId) override
@@ -141,8 +142,8 @@ public:
         height = number("HEIGHT=");
         const int x = (control->place.x + 5) * width / dialog.width;
         const int y = (2 * control->place.y + control->place.height) * height / (2 * dialog.height);
-        Tool("mousemove --sync --window " + m_window + " " + std::to_string(x) + " " +
-             std::to_string(y) + " click 1");
+        Tool("mousemove --window " + m_window + " " + std::to_string(x) + " " + std::to_string(y) +
+             " click 1");
     }
 
     void Press(const std::vector<Key>& keys) override
@@ -153,8 +154,17 @@ public:
 
     void CloseWindow() override
     {
-        // Asks the window to close, as a window manager does for a click on the close box.
-        Tool("windowquit " + m_window);
+        // What a window manager sends for a click on the close box.
+        Display* display = XOpenDisplay(nullptr);
+        XEvent event = {};
+        event.xclient.type = ClientMessage;
+        event.xclient.window = std::stoul(m_window);
+        event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+        event.xclient.format = 32;
+        event.xclient.data.l[0] =
+            static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+        XSendEvent(display, event.xclient.window, False, NoEventMask, &event);
+        XCloseDisplay(display);
     }
 
     int Wait() override
@@ -189,7 +199,6 @@ private:
             throw std::runtime_error("xdotool failed: " + arguments);
     }
 
-    Screen m_screen;
     pid_t m_program = -1;
     std::string m_window;
 };
@@ -198,5 +207,6 @@ private:
 
 std::unique_ptr<DialogDriver> DialogDriver::Start(const std::vector<std::string>& arguments)
 {
+    static const TestScreen TheScreen;
     return std::make_unique<XdotoolDriver>(arguments);
 }
