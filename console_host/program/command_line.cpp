@@ -59,6 +59,8 @@ void CommandLine::CheckWhatIsAsked() const
 {
     if (!std::isfinite(tolerance) || tolerance <= 0.0)
         throw ProgramError("--tolerance must be a positive number");
+    if (about && !run.empty())
+        throw ProgramError("--about excludes --run");
     const bool instead = about || !run.empty();
     if (instead && !files.empty())
         throw ProgramError((about ? std::string("--about") : std::string("--run")) +

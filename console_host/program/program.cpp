@@ -66,11 +66,24 @@ private:
     std::FILE* m_stream = nullptr;
 };
 
+/// Whether the plug-in finds the file by the wide name that it is given. Off Windows a file name
+/// may hold '\' or bytes that are no UTF-8.
+bool CanBeHandedOver(const std::filesystem::path& path)
+{
+    const std::filesystem::path absolute = std::filesystem::absolute(path);
+    const std::filesystem::path found = NativePath(WidePath(absolute));
+    std::error_code error;
+    return found == absolute || std::filesystem::equivalent(found, absolute, error);
+}
+
 void CheckFiles(const CommandLine& commandLine)
 {
     for (const std::string& file : commandLine.files) {
         const std::filesystem::path path = PathFromUtf8(file);
-        if (const std::string why = WhyUnreadable(path); !why.empty())
+        std::string why = WhyUnreadable(path);
+        if (why.empty() && !CanBeHandedOver(path))
+            why = "a name with '\\' or with bytes that are no UTF-8 cannot be given to the plug-in";
+        if (!why.empty())
             throw ProgramError("cannot read " + file + ": " + why);
         std::error_code error;
         if (std::filesystem::equivalent(path, PathFromUtf8(commandLine.json), error))
@@ -97,6 +110,17 @@ void LoadStrings(const CommandLine& commandLine)
     }
 }
 
+/// The settings file of the command line, which need not exist yet.
+std::filesystem::path SettingsAskedFor(const std::string& name)
+{
+    std::filesystem::path path = PathFromUtf8(name);
+    std::error_code error;
+    const bool isNew = !std::filesystem::exists(path, error) && !error;
+    if (const std::string why = isNew ? "" : WhyUnreadable(path); !why.empty())
+        throw ProgramError("cannot read the settings " + name + ": " + why);
+    return path;
+}
+
 /// Options given for this run live in a store of their own, in memory.
 std::unique_ptr<ProfileStore> MakeProfile(const CommandLine& commandLine, const GK_UUID& plugInId)
 {
@@ -106,10 +130,14 @@ std::unique_ptr<ProfileStore> MakeProfile(const CommandLine& commandLine, const 
         return profile;
     }
     if (!commandLine.settings.empty())
-        return std::make_unique<ProfileStore>(PathFromUtf8(commandLine.settings));
+        return std::make_unique<ProfileStore>(SettingsAskedFor(commandLine.settings));
     const std::filesystem::path folder = UserSettingsFolder();
-    if (folder.empty())
+    if (folder.empty()) {
+        std::fputs("objimport: the settings are not kept, since the system names no folder for "
+                   "them; --settings names a file\n",
+                   stderr);
         return std::make_unique<ProfileStore>();
+    }
     return std::make_unique<ProfileStore>(folder / "kelvo" / "settings.ini");
 }
 
@@ -164,6 +192,7 @@ int RunPlugInCommand(const CommandLine& commandLine, PlugInModule& module)
     const int result = command.RunCommand();
     RunUnloadHook(module);
     CheckDialogsWereShown();
+    WriteForUser(stdout, [](TextOutput&) {});
     return result == CommandSuccess ? 0 : ImportFailed;
 }
 

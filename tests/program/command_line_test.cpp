@@ -71,7 +71,9 @@ TEST(CommandLine, RefusesWrongUsageInOneLine)
                                               {"--prompt", "--dialog", "a"},
                                               {"--unknown", "a"},
                                               {"--json"},
-                                              {"--about", "a"}};
+                                              {"--about", "a"},
+                                              {"--run", "command", "a"},
+                                              {"--about", "--run", "command"}};
     for (const auto& arguments : wrong) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         testing::internal::CaptureStderr();

@@ -1,6 +1,8 @@
 #include "tests/program/process.h"
 #include "tests/temporary_folder.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -14,13 +16,13 @@ using testing::StartsWith;
 class Program : public testing::Test
 {
 protected:
-    /// `arguments` may begin with options; settings are kept in the test's folder.
-    ProcessResult Run(std::vector<std::string> arguments)
+    /// Settings are kept in the test's folder unless the arguments name them.
+    ProcessResult Run(std::vector<std::string> arguments, const std::string& outputFile = "")
     {
-        for (const std::string& part : {Settings(), std::string("--settings"),
-                                        std::string(SCRIPTED_MODULE), std::string("--module")})
-            arguments.insert(arguments.begin(), part);
-        return RunObjimport(arguments);
+        arguments.insert(arguments.begin(), {"--module", SCRIPTED_MODULE});
+        if (std::find(arguments.begin(), arguments.end(), "--settings") == arguments.end())
+            arguments.insert(arguments.begin(), {"--settings", Settings()});
+        return RunObjimport(arguments, outputFile);
     }
 
     [[nodiscard]] std::string Script(const std::string& name, const std::string& words) const
@@ -51,6 +53,7 @@ TEST_F(Program, NamesTheFileThatCannotBeReadBeforeImportingAnything)
     ExpectOneLine(Run({"--json", good, good}), "the JSON would replace the input");
     ExpectOneLine(Run({"--json", folder.Path().string(), good}), "cannot write");
     ExpectOneLine(Run({"--strings", "absent.txt", good}), "string table absent.txt");
+    ExpectOneLine(Run({"--settings", folder.Path().string(), good}), "cannot read the settings");
     EXPECT_EQ(folder.Read("good.txt"), "state");
 }
 
@@ -122,6 +125,15 @@ TEST_F(Program, KeepsOptionsOfOneRunOutOfTheSettings)
     EXPECT_THAT(Run({file}).output, StartsWith("groups 3 zup 0"));
 }
 
+TEST_F(Program, RunsACommandInsteadOfImporting)
+{
+    EXPECT_EQ(Run({"--run", "SAY"}).output, "groups 1\n");
+    EXPECT_EQ(Run({"--run", "say"}).status, 0);
+    EXPECT_EQ(Run({"--groups", "names", "--run", "say"}).output, "groups 3\n");
+    EXPECT_EQ(Run({"--run", "giveup"}).status, 1);
+    ExpectOneLine(Run({"--run", "sa"}), "no command sa; the plug-in has say, giveUp");
+}
+
 TEST_F(Program, NotesFaultsOfThePlugIn)
 {
     const ProcessResult waiting = Run({Script("wait.txt", "wait")});
@@ -134,18 +146,49 @@ TEST_F(Program, NotesFaultsOfThePlugIn)
 }
 
 #ifndef _WIN32
+TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    for (const char* name : {"[", "a,b;c", "'a' \"b\"", "a%%b {c}", " a.obj ", "a\xFF"}) {
+        folder.Write(name, "point");
+        EXPECT_THAT(Run({name}).output, HasSubstr("1 object: 1 point\n")) << name;
+    }
+    // The plug-in would look for "b" in a folder "a", and find the first of two like names.
+    folder.Write("a\xFE", "point");
+    folder.Write("a\\b", "point");
+    for (const char* name : {"a\\b", "a\xFF"})
+        ExpectOneLine(Run({name}), "cannot be given to the plug-in");
+    std::filesystem::current_path(before);
+}
+
+TEST_F(Program, SaysThatSettingsCannotBeKept)
+{
+    const std::string file = Script("a.txt", "state");
+    const std::vector<std::string> arguments = {"--module", SCRIPTED_MODULE, file};
+    const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
+    unsetenv("HOME");
+    setenv("XDG_CONFIG_HOME", "not/absolute", 1);
+    const ProcessResult result = RunObjimport(arguments);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.errors, HasSubstr("the settings are not kept"));
+    setenv("XDG_CONFIG_HOME", folder.Path().string().c_str(), 1);
+    EXPECT_EQ(RunObjimport(arguments).errors, "");
+    EXPECT_THAT(folder.Read("kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
+    unsetenv("XDG_CONFIG_HOME");
+    setenv("HOME", folder.Path().string().c_str(), 1);
+    EXPECT_EQ(RunObjimport(arguments).errors, "");
+    EXPECT_THAT(folder.Read(".config/kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
+    setenv("HOME", home.c_str(), 1);
+}
+
 TEST_F(Program, ReportsOutputThatCannotBeWritten)
 {
     const std::string file = Script("a.txt", "point");
     const std::string full = "/dev/full";
-    for (const std::vector<std::string>& options :
-         {std::vector<std::string>{}, {"--json", "-"}, {"--about"}}) {
-        std::vector<std::string> arguments = {"--module", SCRIPTED_MODULE, "--settings",
-                                              Settings()};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        if (options != std::vector<std::string>{"--about"})
-            arguments.push_back(file);
-        const ProcessResult result = RunObjimport(arguments, full);
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{file}, {"--json", "-", file}, {"--about"}, {"--run", "say"}}) {
+        const ProcessResult result = Run(arguments, full);
         EXPECT_EQ(result.status, 2);
         EXPECT_THAT(result.errors, HasSubstr("cannot write to standard output: No space"));
     }

@@ -3,6 +3,7 @@
 #include "tests/program/modules/exports.h"
 
 #include "host/app/app.h"
+#include "host/app/command.h"
 #include "host/app/doc.h"
 #include "host/app/localize.h"
 #include "host/app/message_box.h"
@@ -99,7 +100,33 @@ private:
     std::unique_ptr<CWaitCursor> m_cursor;
 };
 
+/// Says what the settings held, or gives up.
+class ScriptedCommand : public CKelvoTestCommand
+{
+public:
+    ScriptedCommand(const wchar_t* name, int result)
+        : CKelvoTestCommand(0, 0, nullptr), m_name(name), m_result(result)
+    {
+    }
+
+    [[nodiscard]] GK_UUID CommandUUID() const override { return {{2}}; }
+    [[nodiscard]] const wchar_t* EnglishCommandName() const override { return m_name; }
+    int RunCommand() override
+    {
+        int groups = 1;
+        KelvoApp().ProfileContext().ReadInt(Section, L"HowToAddGs", groups);
+        KelvoApp().Print(L"groups %i\n", groups);
+        return m_result;
+    }
+
+private:
+    const wchar_t* m_name;
+    int m_result;
+};
+
 ScriptedPlugIn plugIn;
+ScriptedCommand say(L"say", CommandSuccess);
+ScriptedCommand giveUp(L"giveUp", CommandCancel);
 CWinApp app;
 
 } // namespace
