@@ -1,7 +1,22 @@
 #include "objreader/group_object.h"
 #include "objreader/read_obj.h"
 
+#include <new>
+
 namespace {
+
+/// Adds an object of this geometry, which `setGeometry` gives it; gives the outcome. Want of memory
+/// for the object costs this object only.
+template <class Object, class Taken, class Geometry>
+bool AddObjectOf(Geometry&& geometry, void (Object::*setGeometry)(Taken), CKelvoDoc& doc,
+                 const GK_MdxObjectAttributes& attributes)
+try {
+    auto object = std::make_unique<Object>(attributes);
+    ((*object).*setGeometry)(std::forward<Geometry>(geometry));
+    return doc.AddObject(std::move(object), CReadOBJ::AddAsReference, false);
+} catch (const std::bad_alloc&) {
+    return false;
+}
 
 /// Bounds the first face by the edge of its surface.
 void AddNaturalOuterLoop(GK_Brep& brep)
@@ -61,9 +76,7 @@ void CReadOBJ::AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attri
         return;
     if (ZUp)
         mesh->Transform(ObjYToZ);
-    auto object = std::make_unique<CKelvoMeshObject>(attributes);
-    object->SetMesh(std::move(mesh));
-    result = doc.AddObject(std::move(object), AddAsReference, false);
+    result = AddObjectOf(std::move(mesh), &CKelvoMeshObject::SetMesh, doc, attributes);
 }
 
 void CReadOBJ::AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes& attributes,
@@ -72,18 +85,14 @@ void CReadOBJ::AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes&
     for (const GK_3dPoint& point : geometry.points)
         doc.AddPointObject(point, attributes, nullptr, AddAsReference);
     for (const GK_PointCloud& cloud : geometry.pointClouds) {
-        auto object = std::make_unique<CKelvoPointCloudObject>(attributes);
-        object->SetPointCloud(cloud);
-        result = doc.AddObject(std::move(object), AddAsReference, false);
+        result = AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, doc, attributes);
     }
 }
 
 void CReadOBJ::AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)
 {
     for (std::unique_ptr<VX_NurbsCurve>& curve : geometry.curves) {
-        auto object = std::make_unique<CKelvoCurveObject>(attributes);
-        object->SetCurve(std::move(curve));
-        result = doc.AddObject(std::move(object), AddAsReference, false);
+        result = AddObjectOf(std::move(curve), &CKelvoCurveObject::SetCurve, doc, attributes);
     }
 }
 
@@ -96,8 +105,6 @@ void CReadOBJ::AddBreps(Geometry& geometry, const GK_MdxObjectAttributes& attrib
         result = KelvoRepairBrep(*brep, tolerance);
         if (!result)
             continue;
-        auto object = std::make_unique<CKelvoBrepObject>(attributes);
-        object->SetBrep(std::move(brep));
-        result = doc.AddObject(std::move(object), AddAsReference, false);
+        result = AddObjectOf(std::move(brep), &CKelvoBrepObject::SetBrep, doc, attributes);
     }
 }

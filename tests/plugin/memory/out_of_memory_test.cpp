@@ -90,7 +90,8 @@ using FailNth = void (*)(long nth) noexcept;
 void FailNone(long) noexcept {}
 
 /// Imports an example, the n-th allocation of which fails.
-bool Import(const char* example, CKelvoDoc& doc, FailNth failNth = FailNone, long nth = 0)
+bool Import(const char* example, CKelvoDoc& doc, FailNth failNth = FailNone, long nth = 0,
+            ImportJournal* journal = nullptr)
 {
     const auto path = std::filesystem::path(PROJECT_FOLDER) / "examples" / example;
     CKelvoFileReadOptions options;
@@ -100,15 +101,27 @@ bool Import(const char* example, CKelvoDoc& doc, FailNth failNth = FailNone, lon
     failNth(nth);
     const bool result = plugIn.ReadFile(fileName.c_str(), 0, doc, options);
     failNth(0);
-    ConsoleApp::Instance().TakeJournal();
+    ImportJournal written = ConsoleApp::Instance().TakeJournal();
+    if (journal != nullptr)
+        *journal = std::move(written);
     return result;
 }
 
-/// Imports an example with its n-th allocation failing, for every n until none fails. Says how many
-/// imports failed.
-int ImportWithEachFailure(const char* example, FailNth failNth)
+/// How many imports had which outcome.
+struct Outcomes
 {
     int failures = 0;
+    int withoutOneObject = 0; ///< which was not refused, in an import that went on to its end
+};
+
+/// Imports an example with its n-th allocation failing, for every n until none fails.
+Outcomes ImportWithEachFailure(const char* example, FailNth failNth)
+{
+    // What lives as long as the program is made by the first import.
+    ConsoleApp::Instance().SetPrintStream(nullptr);
+    ConsoleDoc whole(0.001);
+    EXPECT_TRUE(Import(example, whole));
+    Outcomes outcomes;
     // A report for which there is no memory may be lost without harm to the import, so an import
     // that succeeds need not be the one without a failure.
     for (int successes = 0, nth = 1; successes < 20; ++nth) {
@@ -116,34 +129,31 @@ int ImportWithEachFailure(const char* example, FailNth failNth)
         bool result = false;
         {
             ConsoleDoc doc(0.001);
-            result = Import(example, doc, failNth, nth);
+            ImportJournal journal;
+            result = Import(example, doc, failNth, nth, &journal);
+            if (journal.redrawn && journal.refused.empty() &&
+                doc.ObjectCount() == whole.ObjectCount() - 1)
+                ++outcomes.withoutOneObject;
         }
         EXPECT_EQ(liveAllocations, before) << "allocation " << nth;
         EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "allocation " << nth;
         successes = result ? successes + 1 : 0;
-        failures += result ? 0 : 1;
+        outcomes.failures += result ? 0 : 1;
     }
-    return failures;
+    return outcomes;
 }
 
 class OutOfMemory : public testing::TestWithParam<const char*>
 {
-protected:
-    void SetUp() override
-    {
-        ConsoleApp::Instance().SetPrintStream(nullptr);
-        // What lives as long as the program is made by the first import.
-        ConsoleDoc doc(0.001);
-        ASSERT_TRUE(Import(GetParam(), doc));
-    }
 };
 
 TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
 {
     EXPECT_GT(
-        ImportWithEachFailure(GetParam(), [](long nth) noexcept { allocationsToFailure = nth; }),
+        ImportWithEachFailure(GetParam(), [](long nth) noexcept { allocationsToFailure = nth; })
+            .failures,
         20);
-    EXPECT_GT(ImportWithEachFailure(GetParam(), FailAllocation), 5);
+    EXPECT_GT(ImportWithEachFailure(GetParam(), FailAllocation).failures, 5);
 }
 
 TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
@@ -154,6 +164,13 @@ TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
     EXPECT_FALSE(Import(GetParam(), doc, FailAllocation, 3));
     EXPECT_GE(doc.ObjectCount(), before);
     EXPECT_TRUE(Import(GetParam(), doc));
+}
+
+TEST(OutOfMemoryForAnObject, CostsThisObjectOnly)
+{
+    const Outcomes outcomes =
+        ImportWithEachFailure("sphere.obj", [](long nth) noexcept { allocationsToFailure = nth; });
+    EXPECT_GT(outcomes.withoutOneObject, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, OutOfMemory,
