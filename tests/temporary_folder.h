@@ -8,6 +8,12 @@
 #include <string>
 #include <string_view>
 
+inline std::string Utf8(const std::filesystem::path& path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 /// A folder of a test's own, removed with the object.
 class TemporaryFolder
 {

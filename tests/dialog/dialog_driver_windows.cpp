@@ -26,26 +26,82 @@ void WaitUntil(const std::function<bool()>& condition, const std::string& what)
 
 std::wstring CommandText(const std::vector<std::string>& arguments)
 {
-    std::wstring text = L"\"" + GK_wString(std::string_view(BUILD_FOLDER)).Array() +
-                        std::wstring(L"/bin/objimport.exe\"");
+    const GK_wString folder(std::string_view(BUILD_FOLDER));
+    std::wstring text = L"\"" + std::wstring(folder.View()) + L"/bin/objimport.exe\"";
     for (const std::string& argument : arguments)
         text += L" \"" + std::wstring(GK_wString(std::string_view(argument)).View()) + L"\"";
     return text;
 }
 
-WPARAM VirtualKey(Key key)
+WORD VirtualKey(Key key)
 {
-    static const std::map<Key, WPARAM> Keys = {
+    static const std::map<Key, WORD> Keys = {
         {Key::Tab, VK_TAB},   {Key::ShiftTab, VK_TAB}, {Key::Space, VK_SPACE},   {Key::Up, VK_UP},
         {Key::Down, VK_DOWN}, {Key::Enter, VK_RETURN}, {Key::Escape, VK_ESCAPE}, {Key::F1, VK_F1}};
     return Keys.at(key);
 }
 
-/// Sends the messages of mouse and keyboard to the controls.
-class MessageDriver final : public DialogDriver
+void SendKey(WORD code, DWORD flags)
+{
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof(input));
+}
+
+/// Presses a key while another one (0: none) is held down.
+void PressKey(WORD code, WORD held = 0)
+{
+    if (held != 0)
+        SendKey(held, 0);
+    SendKey(code, 0);
+    SendKey(code, KEYEVENTF_KEYUP);
+    if (held != 0)
+        SendKey(held, KEYEVENTF_KEYUP);
+}
+
+/// Clicks at a place of the screen.
+void ClickAt(POINT place)
+{
+    constexpr LONG Whole = 65536; // an absolute place is a fraction of the screen
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    const LONG width = GetSystemMetrics(SM_CXSCREEN);
+    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    input.mi.dx = (place.x * Whole + Whole / 2) / width;
+    input.mi.dy = (place.y * Whole + Whole / 2) / height;
+    for (const DWORD action :
+         {DWORD{MOUSEEVENTF_MOVE}, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
+        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | action;
+        SendInput(1, &input, sizeof(input));
+    }
+}
+
+/// A dialog or message box of that title.
+struct WindowSearch
+{
+    std::wstring title;
+    HWND found = nullptr;
+};
+
+/// Titles are compared with case, unlike FindWindow does it.
+BOOL CALLBACK IsTheWindow(HWND window, LPARAM searchAddress)
+{
+    auto& search = *reinterpret_cast<WindowSearch*>(searchAddress);
+    wchar_t title[256];
+    const int length = GetWindowTextW(window, title, 256);
+    if (search.title != std::wstring_view(title, static_cast<std::size_t>(length)))
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+/// Sends the input of mouse and keyboard, of which the system makes the messages to the controls.
+class InputDriver final : public DialogDriver
 {
 public:
-    explicit MessageDriver(const std::vector<std::string>& arguments)
+    explicit InputDriver(const std::vector<std::string>& arguments)
     {
         std::wstring command = CommandText(arguments);
         STARTUPINFOW startup = {};
@@ -54,9 +110,9 @@ public:
                            &startup, &m_process) == FALSE)
             throw std::runtime_error("objimport does not start");
     }
-    MessageDriver(const MessageDriver&) = delete;
-    MessageDriver& operator=(const MessageDriver&) = delete;
-    ~MessageDriver() override
+    InputDriver(const InputDriver&) = delete;
+    InputDriver& operator=(const InputDriver&) = delete;
+    ~InputDriver() override
     {
         TerminateProcess(m_process.hProcess, 1);
         CloseHandle(m_process.hThread);
@@ -65,12 +121,15 @@ public:
 
     void WaitForWindow(const std::string& title) override
     {
-        const std::wstring name(GK_wString(std::string_view(title)).View());
+        const GK_wString name{std::string_view(title)};
         WaitUntil(
             [&] {
-                m_window = FindWindowW(L"#32770", name.c_str());
+                WindowSearch search{std::wstring(name.View())};
+                EnumWindows(&IsTheWindow, reinterpret_cast<LPARAM>(&search));
+                m_window = search.found;
                 return m_window != nullptr && IsWindowVisible(m_window) != FALSE &&
-                       IsWindowEnabled(m_window) != FALSE && Focused() != nullptr;
+                       IsWindowEnabled(m_window) != FALSE && GetForegroundWindow() == m_window &&
+                       HasKeyboard();
             },
             "window " + title);
     }
@@ -78,31 +137,19 @@ public:
     void Click(int controlId) override
     {
         HWND control = GetDlgItem(m_window, controlId);
-        if (control == nullptr)
+        RECT area = {};
+        if (control == nullptr || GetWindowRect(control, &area) == FALSE)
             throw std::runtime_error("the dialog has no such control");
-        Settle();
-        // The system gives no mouse messages to a control that is disabled.
-        if (IsWindowEnabled(control) == FALSE)
-            return;
-        const LPARAM place = MAKELPARAM(5, 5);
-        PostMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, place);
-        PostMessageW(control, WM_LBUTTONUP, 0, place);
-        Settle();
+        ClickAt({area.left + 5, (area.top + area.bottom) / 2});
     }
 
     void Press(const std::vector<Key>& keys) override
     {
-        for (const Key key : keys) {
-            if (key == Key::ShiftTab)
-                throw std::runtime_error("posted messages have no Shift key");
-            const WPARAM code = VirtualKey(key);
-            PostMessageW(Focused(), WM_KEYDOWN, code, 1);
-            PostMessageW(Focused(), WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
-            Settle();
-        }
+        for (const Key key : keys)
+            PressKey(VirtualKey(key), key == Key::ShiftTab ? VK_SHIFT : 0);
     }
 
-    void CloseWindow() override { PostMessageW(m_window, WM_SYSCOMMAND, SC_CLOSE, 0); }
+    void CloseWindow() override { PressKey(VK_F4, VK_MENU); }
 
     int Wait() override
     {
@@ -114,17 +161,14 @@ public:
     }
 
 private:
-    /// The control with the keyboard, in the thread of the window turned to.
-    [[nodiscard]] HWND Focused() const
+    /// Whether a control of the window turned to has the keyboard.
+    [[nodiscard]] bool HasKeyboard() const
     {
         GUITHREADINFO info = {};
         info.cbSize = sizeof(info);
         GetGUIThreadInfo(GetWindowThreadProcessId(m_window, nullptr), &info);
-        return info.hwndFocus;
+        return info.hwndFocus != nullptr && GetAncestor(info.hwndFocus, GA_ROOT) == m_window;
     }
-
-    /// Lets the program take what was posted.
-    static void Settle() { std::this_thread::sleep_for(std::chrono::milliseconds(150)); }
 
     PROCESS_INFORMATION m_process = {};
     HWND m_window = nullptr;
@@ -134,5 +178,5 @@ private:
 
 std::unique_ptr<DialogDriver> DialogDriver::Start(const std::vector<std::string>& arguments)
 {
-    return std::make_unique<MessageDriver>(arguments);
+    return std::make_unique<InputDriver>(arguments);
 }

@@ -16,14 +16,18 @@ public:
     {
         ConsoleApp::Instance().SetPrintStream(nullptr);
         ConsoleApp::Instance().TakeJournal();
-        const std::filesystem::path path =
-            std::filesystem::path(testing::TempDir()) /
-            (std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + ".obj");
-        std::ofstream(path, std::ios::binary) << text;
-        m_path = path.wstring();
+        std::ofstream(m_file, std::ios::binary) << text;
+        m_path = m_file.wstring();
         reader = std::make_unique<CReadOBJ>(m_path.c_str(), doc, m_options);
         parsed = reader->Parse();
-        std::filesystem::remove(path);
+    }
+    FreeformReader(const FreeformReader&) = delete;
+    FreeformReader& operator=(const FreeformReader&) = delete;
+    ~FreeformReader()
+    {
+        reader.reset(); // holds the file open
+        std::error_code error;
+        std::filesystem::remove(m_file, error);
     }
 
     [[nodiscard]] CReadOBJ::Geometry& Geometry() const
@@ -61,6 +65,9 @@ public:
     bool parsed = false;
 
 private:
+    const std::filesystem::path m_file =
+        std::filesystem::path(testing::TempDir()) /
+        (std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + ".obj");
     std::wstring m_path;
     CKelvoFileReadOptions m_options;
 };

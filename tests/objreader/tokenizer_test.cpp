@@ -5,6 +5,7 @@
 #include <chrono>
 #include <gmock/gmock.h>
 #include <random>
+#include <unistd.h>
 
 namespace {
 
@@ -206,7 +207,10 @@ TEST_F(Tokenizer, WithoutAFileThereIsNeverALine)
 
 TEST_F(Tokenizer, AStreamThatFailsEndsAndSaysSo)
 {
-    CObjLineTokenizer tokenizer(Open("wb"));
+    WriteFile(m_path, "a b");
+    std::FILE* const stream = Open("rb");
+    close(fileno(stream));
+    CObjLineTokenizer tokenizer(stream);
     EXPECT_TRUE(tokenizer.ReadLine());
     EXPECT_TRUE(tokenizer.AtEnd());
     EXPECT_TRUE(tokenizer.ReadFailed());

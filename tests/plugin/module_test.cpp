@@ -22,7 +22,7 @@ const char* const ModulePath = BUILD_FOLDER "/bin/ImportOBJ.dll";
 
 void* LoadModule()
 {
-    return LoadLibraryA(ModulePath);
+    return LoadLibraryW(std::wstring(GK_wString(std::string_view(ModulePath)).View()).c_str());
 }
 
 void UnloadModule(void* module)
@@ -33,6 +33,23 @@ void UnloadModule(void* module)
 void* FindExport(void* module, const char* name)
 {
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(module), name));
+}
+
+/// The names in the export table of a loaded module.
+std::vector<std::string> ExportedNames(void* module)
+{
+    const auto* const start = static_cast<const unsigned char*>(module);
+    const auto at = [start](auto offset) { return static_cast<const void*>(start + offset); };
+    const auto* const dosHeader = static_cast<const IMAGE_DOS_HEADER*>(at(0));
+    const auto* const header = static_cast<const IMAGE_NT_HEADERS*>(at(dosHeader->e_lfanew));
+    const IMAGE_DATA_DIRECTORY& place =
+        header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    const auto* const table = static_cast<const IMAGE_EXPORT_DIRECTORY*>(at(place.VirtualAddress));
+    const auto* const names = static_cast<const DWORD*>(at(table->AddressOfNames));
+    std::vector<std::string> result;
+    for (DWORD i = 0; i < table->NumberOfNames; ++i)
+        result.emplace_back(static_cast<const char*>(at(names[i])));
+    return result;
 }
 #else
 const char* const ModulePath = BUILD_FOLDER "/bin/ImportOBJ.so";
@@ -50,6 +67,18 @@ void UnloadModule(void* module)
 void* FindExport(void* module, const char* name)
 {
     return dlsym(module, name);
+}
+
+/// The names that the file shows; the loader does not tell them.
+std::vector<std::string> ExportedNames(void*)
+{
+    std::FILE* symbols = popen("nm -D --defined-only " BUILD_FOLDER "/bin/ImportOBJ.so", "r");
+    std::vector<std::string> names;
+    char address[64], kind[8], name[512];
+    while (std::fscanf(symbols, "%63s %7s %511s", address, kind, name) == 3)
+        names.emplace_back(name);
+    EXPECT_EQ(pclose(symbols), 0);
+    return names;
 }
 #endif
 
@@ -113,23 +142,15 @@ TEST_F(Module, HoldsOnePlugInWhileItIsLoaded)
     EXPECT_TRUE(plugIns.empty());
 }
 
-#ifndef _WIN32
-TEST(ModuleFile, ShowsItsExportsAlone)
+TEST_F(Module, ShowsItsExportsAlone)
 {
-    std::FILE* symbols = popen("nm -D --defined-only " BUILD_FOLDER "/bin/ImportOBJ.so", "r");
-    ASSERT_NE(symbols, nullptr);
-    std::vector<std::string> names;
-    char address[64], kind[8], name[512];
-    while (std::fscanf(symbols, "%63s %7s %511s", address, kind, name) == 3)
-        names.emplace_back(name);
-    ASSERT_EQ(pclose(symbols), 0);
-    EXPECT_THAT(names, testing::UnorderedElementsAre(
-                           "KelvoPlugInDeveloperOrganization", "KelvoPlugInDeveloperAddress",
-                           "KelvoPlugInDeveloperCountry", "KelvoPlugInDeveloperPhone",
-                           "KelvoPlugInDeveloperFax", "KelvoPlugInDeveloperEmail",
-                           "KelvoPlugInDeveloperWebsite", "KelvoPlugInSdkVersion",
-                           "KelvoPlugInSdkServiceRelease", "KelvoPlugInUpdateURL"));
+    EXPECT_THAT(ExportedNames(m_module),
+                testing::UnorderedElementsAre(
+                    "KelvoPlugInDeveloperOrganization", "KelvoPlugInDeveloperAddress",
+                    "KelvoPlugInDeveloperCountry", "KelvoPlugInDeveloperPhone",
+                    "KelvoPlugInDeveloperFax", "KelvoPlugInDeveloperEmail",
+                    "KelvoPlugInDeveloperWebsite", "KelvoPlugInSdkVersion",
+                    "KelvoPlugInSdkServiceRelease", "KelvoPlugInUpdateURL"));
 }
-#endif
 
 } // namespace

@@ -26,7 +26,8 @@ int RunLine(const std::string& line)
 {
 #ifdef _WIN32
     // The command interpreter takes the outermost quotes off.
-    return std::system(('"' + line + '"').c_str());
+    const std::filesystem::path quoted(std::u8string(line.begin(), line.end()));
+    return _wsystem((L'"' + quoted.wstring() + L'"').c_str());
 #else
     const int status = std::system(line.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -38,8 +39,8 @@ int RunLine(const std::string& line)
 ProcessResult RunObjimport(const std::vector<std::string>& arguments, const std::string& outputFile)
 {
     const TemporaryFolder folder;
-    const std::string output = (folder.Path() / "output").string();
-    const std::string errors = (folder.Path() / "errors").string();
+    const std::string output = Utf8(folder.Path() / "output");
+    const std::string errors = Utf8(folder.Path() / "errors");
     std::string line = Quoted(OBJIMPORT);
     for (const std::string& argument : arguments)
         line += ' ' + Quoted(argument);

@@ -27,11 +27,11 @@ protected:
 
     [[nodiscard]] std::string Script(const std::string& name, const std::string& words) const
     {
-        return folder.Write(std::filesystem::path(std::u8string(name.begin(), name.end())), words)
-            .string();
+        return Utf8(
+            folder.Write(std::filesystem::path(std::u8string(name.begin(), name.end())), words));
     }
 
-    [[nodiscard]] std::string Settings() const { return (folder.Path() / "s.ini").string(); }
+    [[nodiscard]] std::string Settings() const { return Utf8(folder.Path() / "s.ini"); }
 
     TemporaryFolder folder;
 };
