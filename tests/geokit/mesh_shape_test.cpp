@@ -210,6 +210,9 @@ TEST(Mesh, VolumeIsThatOfTheSolid)
     GK_Mesh far;
     AppendCube(far, 4194304.0F, -4194304.0F);
     EXPECT_NEAR(far.Volume(GK_origin, nullptr), 1.0, 1e-6);
+    // A bent quad is folded between its first and third corners.
+    const GK_Mesh bent = MakeMesh({{0, 0, 0}, {1, 0, 0}, {1, 1, 1}, {0, 1, 0}}, {{{0, 1, 2, 3}}});
+    EXPECT_DOUBLE_EQ(bent.Volume({0, 0, 3}, nullptr), -1.0);
 }
 
 TEST(Mesh, FlipKeepsFirstCornersAndPolygonFaces)

@@ -170,6 +170,11 @@ TEST_F(DocumentObjects, ZUpTurnsMeshesOnly)
     EXPECT_EQ(*std::get<const GK_3dPoint*>(doc->Object(1).geometry), (GK_3dPoint{1, 2, 3}));
     EXPECT_EQ(std::get<const GK_PointCloud*>(doc->Object(2).geometry)->points[0],
               (GK_3dPoint{1, 2, 3}));
+
+    // What a zero normal becomes is turned like the others.
+    EXPECT_TRUE(Import(Positions + "vn 0 0 0\nvn 0 0 2\nf 1//1 2//2 3//2\n", {.zUp = true}));
+    EXPECT_THAT(ListOf(std::get<const GK_Mesh*>(doc->Object(3).geometry)->normals),
+                testing::Each(GK_3fVector{0, -1, 0}));
 }
 
 TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)

@@ -174,6 +174,20 @@ TEST_F(MaterialLibrary, MaterialsEnterTheTableOneByOne)
     EXPECT_EQ(MaterialNames().back(), std::string(10000, 'x'));
 }
 
+TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderFirst)
+{
+    const fs::path before = fs::current_path();
+    fs::create_directories(m_folder / "current");
+    fs::current_path(m_folder / "current");
+    WriteFile(m_folder / "current" / "library.mtl", "newmtl current\n");
+    WriteFile(m_folder / "library.mtl", "newmtl beside\n");
+    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
+    fs::remove(m_folder / "current" / "library.mtl");
+    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
+    fs::current_path(before);
+    EXPECT_THAT(MaterialNames(), ElementsAre("current", "beside"));
+}
+
 TEST_F(MaterialLibrary, IsFoundBesideTheObjFile)
 {
     fs::create_directories(m_folder / "Library");
