@@ -15,13 +15,12 @@ namespace {
 /// Behind the keyword and the direction.
 constexpr int FirstParmToken = 2;
 
-/// The degree and one, kept within 32 bits.
-int Order(int degree)
+} // namespace
+
+int CReadOBJ::OrderOf(int degree)
 {
     return degree == std::numeric_limits<int>::max() ? degree : degree + 1;
 }
-
-} // namespace
 
 bool CReadOBJ::ReadCSType()
 {
@@ -91,7 +90,7 @@ bool CReadOBJ::ReadControlPoints(VX_NurbsCurve& curve, int firstToken, bool bPar
 {
     const int count = tokenizer.TokenCount() - firstToken;
     const GK::point_style style = rational ? GK::euclidean_rational : GK::not_rational;
-    curve.Create(bParameterSpace ? 2 : 3, rational, Order(degreeU), count);
+    curve.Create(bParameterSpace ? 2 : 3, rational, OrderOf(degreeU), count);
     for (int k = 0; k < count; ++k) {
         int index = -1;
         if (!ReadInteger(tokenizer.Token(firstToken + k), index) ||
@@ -185,12 +184,13 @@ void CReadOBJ::ReadBezierKnots(GK_NurbsCurve& curve)
             values.Append(value);
     const std::int64_t degree = std::int64_t{curve.order} - 1;
     const std::int64_t knotCount = degree * values.Count();
-    // A curve with more knots than its control points can use is no curve. Only a few of them are
-    // kept, so that a great degree takes no room.
+    // A curve with more knots than its control points can use is no curve. Where they are many they
+    // are not kept, so that a great degree takes no room.
     constexpr std::int64_t MostUseless = 1000;
+    constexpr std::int64_t UsualDegree = 16;
     const bool useful = knotCount <= curve.KnotCount() && degree <= curve.controlPointCount;
     curve.knots.Destroy();
-    if (knotCount <= 0 || (!useful && knotCount > MostUseless))
+    if (knotCount <= 0 || (!useful && knotCount > MostUseless && degree > UsualDegree))
         return;
     curve.knots.Reserve(static_cast<int>(knotCount));
     for (const double value : values)

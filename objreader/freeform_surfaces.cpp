@@ -46,8 +46,7 @@ bool CReadOBJ::NewSurface()
     auto owned = std::make_unique<VX_NurbsSurface>();
     VX_NurbsSurface& surface = *owned;
     brep.AddSurface(std::move(owned));
-    surface.Create(rational, Saturate(std::int64_t{degreeU} + 1),
-                   Saturate(std::int64_t{degreeV} + 1));
+    surface.Create(rational, OrderOf(degreeU), OrderOf(degreeV));
     for (const int direction : {0, 1}) {
         double t0 = 0.0;
         double t1 = 0.0;
@@ -105,8 +104,9 @@ bool CReadOBJ::ReadBSplineKnots(GK_NurbsSurface& surface, int direction)
     bool good = true;
     for (int i = 0; good && i < knots.Count(); ++i)
         good = ReadReal(tokenizer.Token(FirstParmToken + 1 + i), knots[i]);
-    surface.SetControlPointCount(direction,
-                                 ControlPointCount(knots.Count(), surface.Order(direction)));
+    if (good)
+        surface.SetControlPointCount(direction,
+                                     ControlPointCount(knots.Count(), surface.Order(direction)));
     surface.SetKnots(direction, std::move(knots));
     return good;
 }

@@ -252,6 +252,8 @@ private:
 
     bool ReadCSType();
     bool ReadDegree();
+    /// The degree and one, kept within 32 bits.
+    static int OrderOf(int degree);
     bool ReadCurve(bool bParameterSpace);
     bool ReadSpaceCurve() { return ReadCurve(false); }
     bool ReadParamCurve() { return ReadCurve(true); }
@@ -290,7 +292,7 @@ private:
     int FindOrAddGroup(const GK_wString& name);
     int FindOrAddLayer(const GK_wString& name, GK_UUID& parentId);
 
-    std::int64_t m_trimWork = 0; ///< control points that trims took or cost so far
+    double m_trimWork = 0.0; ///< what trims took or cost so far, in control points or so
     NameTable m_names;
     std::string m_joinedName; ///< scratch, as are the following: kept to be used again
     GK_SimpleArray<int> meshFaceIndices;

@@ -72,18 +72,19 @@ bool CheckKnots(const BsplineDirection& bspline, const char* subject, std::strin
 }
 
 bool CheckControlPoints(std::span<const double> values, std::int64_t count, int dimension,
-                        bool rational, const char* subject, std::string* reason)
+                        bool rational, const char* subject, std::string* reason,
+                        std::int64_t& sound)
 {
     const int stride = rational ? dimension + 1 : dimension;
     const std::int64_t present = static_cast<std::int64_t>(values.size()) / stride;
     if (present < count)
         return Unsound(reason, The(subject) + " has " + std::to_string(present) + " of its " +
                                    std::to_string(count) + " control points");
-    for (std::int64_t i = 0; i < count; ++i) {
-        const double* point = values.data() + i * stride;
+    for (; sound < count; ++sound) {
+        const double* point = values.data() + sound * stride;
         const auto unsound = [&](const std::string& what) {
             return Unsound(reason,
-                           The(subject) + "'s control point " + std::to_string(i + 1) + what);
+                           The(subject) + "'s control point " + std::to_string(sound + 1) + what);
         };
         if (std::find(point, point + stride, GK_UNSET_VALUE) != point + stride)
             return unsound(" was never set");

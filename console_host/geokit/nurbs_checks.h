@@ -25,6 +25,8 @@ bool CheckOrder(const BsplineDirection& bspline, const char* subject, std::strin
 bool CheckKnots(const BsplineDirection& bspline, const char* subject, std::string* reason);
 
 /// `values` holds the coordinates, and the weights when rational, of `count` control points, all
-/// set and finite, the weights positive.
+/// set and finite, the weights positive. The first `sound` of them are known to be so and are not
+/// looked at; afterwards it says how many are.
 bool CheckControlPoints(std::span<const double> values, std::int64_t count, int dimension,
-                        bool rational, const char* subject, std::string* reason);
+                        bool rational, const char* subject, std::string* reason,
+                        std::int64_t& sound);

@@ -100,13 +100,16 @@ bool GK_NurbsCurve::IsValid(std::string* reason) const
 {
     constexpr const char* Subject = "curve";
     const BsplineDirection direction{order, controlPointCount, {knots.begin(), knots.end()}, ""};
+    if (dimension == 0)
+        return Unsound(reason, "the curve has no control points");
     if (dimension != 2 && dimension != 3)
         return Unsound(reason, "the curve is neither in space nor in a plane");
     if (controlPointStride != dimension + (rational ? 1 : 0))
         return Unsound(reason, "the curve's control points have the wrong stride");
+    std::int64_t soundPoints = 0;
     return CheckOrder(direction, Subject, reason) &&
            CheckControlPoints({controlPoints.begin(), controlPoints.end()}, controlPointCount,
-                              dimension, rational, Subject, reason) &&
+                              dimension, rational, Subject, reason, soundPoints) &&
            CheckKnots(direction, Subject, reason);
 }
 

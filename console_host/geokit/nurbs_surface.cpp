@@ -7,6 +7,21 @@
 #include <algorithm>
 #include <limits>
 
+namespace {
+
+constexpr const char* Subject = "surface";
+
+BsplineDirection DirectionOf(const GK_NurbsSurface& surface, int direction)
+{
+    const GK_SimpleArray<double>& knots = surface.Knots(direction);
+    return {surface.Order(direction),
+            surface.ControlPointCount(direction),
+            {knots.begin(), knots.end()},
+            direction == 0 ? " in u" : " in v"};
+}
+
+} // namespace
+
 void GK_NurbsSurface::Create(bool rational, int orderU, int orderV)
 {
     *this = GK_NurbsSurface();
@@ -16,7 +31,7 @@ void GK_NurbsSurface::Create(bool rational, int orderU, int orderV)
 
 void GK_NurbsSurface::SetControlPointCount(int direction, int count)
 {
-    m_validity = Validity::Unknown;
+    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
     m_count[Index(direction)] = count;
 }
 
@@ -48,6 +63,7 @@ bool GK_NurbsSurface::SetCV(int i, int j, GK::point_style style, const double* p
     if (position >= ControlPointCapacity())
         return false;
     m_validity = Validity::Unknown;
+    m_soundPoints = std::min(m_soundPoints, position);
     double* values = m_controlPoints.Array() + position * ControlPointStride();
     std::copy_n(point, 3, values);
     if (m_rational)
@@ -73,7 +89,7 @@ std::int64_t GK_NurbsSurface::KnotCount(int direction) const
 
 void GK_NurbsSurface::SetKnots(int direction, GK_SimpleArray<double> knots)
 {
-    m_validity = Validity::Unknown;
+    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
     m_knots[Index(direction)] = std::move(knots);
 }
 
@@ -89,7 +105,7 @@ GK_Interval GK_NurbsSurface::Domain(int direction) const
 
 bool GK_NurbsSurface::SetDomain(int direction, double t0, double t1)
 {
-    m_validity = Validity::Unknown;
+    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
     return MapKnots(m_knots[Index(direction)], Domain(direction), t0, t1);
 }
 
@@ -116,22 +132,24 @@ bool GK_NurbsSurface::IsValid(std::string* reason) const
 
 bool GK_NurbsSurface::Check(std::string* reason) const
 {
-    constexpr const char* Subject = "surface";
-    const auto direction = [&](int d) {
-        return BsplineDirection{Order(d),
-                                ControlPointCount(d),
-                                {Knots(d).begin(), Knots(d).end()},
-                                d == 0 ? " in u" : " in v"};
-    };
     for (const int d : {0, 1}) {
-        if (Knots(d).IsEmpty() && ControlPointCount(d) == 0)
-            return Unsound(reason,
-                           std::string("the surface has no knots") + direction(d).direction);
-        if (!CheckOrder(direction(d), Subject, reason))
+        const BsplineDirection direction = DirectionOf(*this, d);
+        if (Order(d) > 1 && Knots(d).IsEmpty() && ControlPointCount(d) == 0)
+            return Unsound(reason, std::string("the surface has no knots") + direction.direction);
+        if (!CheckOrder(direction, Subject, reason))
             return false;
     }
     const std::int64_t needed = std::int64_t{m_count[0]} * m_count[1];
     return CheckControlPoints({m_controlPoints.begin(), m_controlPoints.end()}, needed, 3,
-                              m_rational, Subject, reason) &&
-           CheckKnots(direction(0), Subject, reason) && CheckKnots(direction(1), Subject, reason);
+                              m_rational, Subject, reason, m_soundPoints) &&
+           CheckKnotsOf(0, reason) && CheckKnotsOf(1, reason);
+}
+
+bool GK_NurbsSurface::CheckKnotsOf(int direction, std::string* reason) const
+{
+    Validity& validity = m_knotValidity[Index(direction)];
+    if (validity == Validity::Unknown || (validity == Validity::Invalid && reason != nullptr))
+        validity = CheckKnots(DirectionOf(*this, direction), Subject, reason) ? Validity::Valid
+                                                                              : Validity::Invalid;
+    return validity == Validity::Valid;
 }

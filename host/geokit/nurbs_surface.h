@@ -88,6 +88,7 @@ public:
 private:
     static std::size_t Index(int direction) { return direction == 0 ? 0 : 1; }
     [[nodiscard]] bool Check(std::string* reason) const;
+    [[nodiscard]] bool CheckKnotsOf(int direction, std::string* reason) const;
 
     enum class Validity
     {
@@ -102,6 +103,9 @@ private:
     GK_SimpleArray<double> m_controlPoints;
     std::array<GK_SimpleArray<double>, 2> m_knots;
 
-    // Trimming asks for every trim whether the surface is valid; a large net is looked over once.
+    // Trimming asks for every trim whether the surface is valid, and knots may be given anew
+    // between two trims: a large net, and the knots of the other direction, are looked over once.
     mutable Validity m_validity = Validity::Unknown;
+    mutable std::array<Validity, 2> m_knotValidity{};
+    mutable std::int64_t m_soundPoints = 0; ///< so many control points, from the first on
 };

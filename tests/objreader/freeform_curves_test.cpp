@@ -111,6 +111,16 @@ TEST(FreeformCurves, StatementsFailWhereTheyAreMalformed)
     }
 }
 
+TEST(FreeformCurves, TheKnotCountLineIsLocalized)
+{
+    StringTable texts;
+    texts.Set(25987, L"knots");
+    ConsoleApp::Instance().SetStrings(std::move(texts));
+    const FreeformReader file(Cubic + "curv 0 1 1 2 3 4\nparm u 0 1");
+    ConsoleApp::Instance().SetStrings(StringTable());
+    EXPECT_THAT(FreeformReader::Journal().prints, ElementsAre("knots"));
+}
+
 // Each of the four texts of a box has its own id.
 TEST(FreeformCurves, UnsupportedFormsShowTheirBoxAndEndTheReading)
 {
@@ -180,6 +190,30 @@ TEST(FreeformCurves, BecomeObjectsOrAreRefusedWithTheReason)
                   "curve: the curve has a knot that is not finite\n"
                   "curve: the curve's control point 2 has weight -1; it must be positive\n"
                   "curve: the curve's control point 4 was never set\n");
+}
+
+TEST(FreeformCurves, ReasonsSayWhatStandsInTheFile)
+{
+    std::string values = "parm u";
+    for (int i = 0; i < 400; ++i)
+        values += " 0";
+    struct Case
+    {
+        std::string text;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"curv x 1 1 2 3 4", "the curve has no control points"},
+        {"curv 0 1", "the curve has 0 control points; degree 3 needs at least 4"},
+        {"cstype bezier\ncurv 0 1 1 2 3 4\n" + values,
+         "the curve has 1200 knots where 6 are needed"},
+        {"deg -4\ncurv 0 1 1 2\n", "the curve has degree -4; at least 1 is needed"},
+    };
+    for (const Case& c : cases) {
+        const FreeformReader file(Cubic + c.text);
+        EXPECT_FALSE(file.reader->Build());
+        EXPECT_EQ(FreeformReader::Refused(), std::string("curve: ") + c.reason + "\n");
+    }
 }
 
 } // namespace

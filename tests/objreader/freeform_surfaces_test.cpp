@@ -1,6 +1,7 @@
 #include "tests/geokit/brep_shapes.h"
 #include "tests/objreader/freeform_reader.h"
 
+#include <ctime>
 #include <gmock/gmock.h>
 
 namespace {
@@ -24,6 +25,22 @@ const std::string Square = "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 2 2 0\n"
                            "cstype bspline\ndeg 1 1\n";
 const std::string Surface = "surf 0 1 0 1 1 2 3 4\n";
 const std::string Knots = "parm u 0 0 1 1\nparm v 0 0 1 1\n";
+
+std::string Repeated(const std::string& text, int count)
+{
+    std::string repeated;
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+std::string CountUpTo(int last)
+{
+    std::string numbers;
+    for (int i = 0; i <= last; ++i)
+        numbers += " " + std::to_string(i);
+    return numbers;
+}
 
 TEST(FreeformSurfaces, TakeControlPointsWithURunningFastest)
 {
@@ -96,6 +113,13 @@ TEST(FreeformSurfaces, StatesOfTheKnotStatements)
     EXPECT_EQ(again.Surface().ControlPoint(1, 2), (GK_3dPoint{2, 2, 0}));
     EXPECT_TRUE(again.Surface().IsValid());
 
+    // Knots that fail: the counts stay, and so the surface is no longer sound.
+    const FreeformReader failed(Square + "surf 0 1 0 1 1 2 3 4 1 2\nparm u 0 0 1 2 2\n" +
+                                "parm v 0 0 1 1\nparm u 9 -2 x 9\n");
+    EXPECT_FALSE(failed.parsed);
+    EXPECT_EQ(failed.Surface().ControlPointCount(0), 3);
+    EXPECT_FALSE(failed.Surface().IsValid());
+
     // Which directions have been given is known across a change of group.
     const FreeformReader groups(Square + "g a\n" + Surface + "g b\n" + Surface +
                                 "parm u 0 0 1 1\ng a\nparm v 0 0 1 1\n");
@@ -164,16 +188,11 @@ TEST(FreeformSurfaces, RefuseWhatIsIncompleteOrAbsurd)
         std::string text;
         const char* reason;
     };
-    std::string wide = "parm u";
-    std::string high = "parm v";
-    for (int i = 0; i < 100000; ++i) {
-        wide += " " + std::to_string(i);
-        high += " " + std::to_string(i);
-    }
+    const std::string manyKnots = "parm u" + CountUpTo(99999) + "\nparm v" + CountUpTo(99999);
     const Case cases[] = {
         {Surface + "parm u 0 0 1 1\n", "the brep has no face: the surface has no knots in v"},
         {"surf 0 1 0 1 1 2 3\n" + Knots, "the surface has 3 of its 4 control points"},
-        {Surface + wide + "\n" + high + "\n", "the surface has 4 of its 9999600004 control points"},
+        {Surface + manyKnots + "\n", "the surface has 4 of its 9999600004 control points"},
         {"deg 2000000000 2000000000\n" + Surface + "cstype bezier\nparm u 0 1\nparm v 0 1\n",
          "the surface has 4 of its 4000000004000000001 control points"},
         {Surface + "parm u 1 1 0 0\nparm v 0 0 1 1\n",
@@ -181,6 +200,9 @@ TEST(FreeformSurfaces, RefuseWhatIsIncompleteOrAbsurd)
         {"v 0 0 0 0\ncstype rat bspline\nsurf 0 1 0 1 1 2 3 -1\n" + Knots,
          "the surface's control point 4 has weight 0; it must be positive"},
         {"deg 0 1\n" + Surface + Knots, "the surface has degree 0 in u; at least 1 is needed"},
+        {"deg 1 -4\n" + Surface + Knots, "the surface has degree -4 in v; at least 1 is needed"},
+        {"deg -1 1\ncstype bezier\n" + Surface + "parm u 0 1\nparm v 0 1\n", // as without "deg"
+         "the surface has degree -1 in u; at least 1 is needed"},
     };
     for (const Case& c : cases) {
         const FreeformReader file(Square + c.text);
@@ -194,18 +216,46 @@ TEST(FreeformSurfaces, RefuseWhatIsIncompleteOrAbsurd)
 // Lines that name one great curve again and again: memory and time stay in proportion.
 TEST(FreeformSurfaces, TrimsTakeNoMoreThanTheFileIsWorth)
 {
-    std::string text = Square + "cstype bspline\ndeg 1\ncurv2";
-    std::string knots = "parm u";
-    for (int i = 0; i < 20000; ++i) {
-        text += i % 2 == 0 ? " 1" : " 3";
-        knots += " " + std::to_string(i);
+    const std::string curves[] = {
+        "deg 1\ncurv2" + Repeated(" 1 3", 10000) + "\nparm u" + CountUpTo(19999),
+        "deg 19999\ncurv2 1 3\nparm u" + CountUpTo(19999), // not sound, but copied
+        "cstype bezier\ndeg 99\ncurv2" + Repeated(" 1 3", 50) + "\nparm u 0 19999", // slow work
+    };
+    for (const std::string& curve : curves) {
+        const FreeformReader file(Square + curve + "\ncstype bspline\ndeg 1 1\n" + Surface + Knots +
+                                  "trim" + Repeated(" 0 19999 -1", 20000) + "\n");
+        EXPECT_TRUE(file.parsed);
+        EXPECT_LT(file.Brep().TrimCurveCount(), 110);
     }
-    text += "\n" + knots + "\ndeg 1 1\n" + Surface + Knots + "trim";
-    for (int i = 0; i < 20000; ++i)
-        text += " 0 19999 -1";
-    const FreeformReader file(text + "\n");
+}
+
+// However many trims get nowhere because of what is wrong with their curve or surface, those that
+// follow take their place.
+TEST(FreeformSurfaces, TrimsThatAreRefusedCostTheOthersNothing)
+{
+    const std::string incomplete = "surf 0 1 0 1 1 2 3\n" + Knots;
+    const FreeformReader file(Square + incomplete + "hole" + Repeated(" 0 2 1", 200) + "\n" +
+                              Surface + Knots + "hole" + Repeated(" 0 3 1", 200) +
+                              "\ntrim 0 2 1 2 0 2\n");
     EXPECT_TRUE(file.parsed);
-    EXPECT_LT(file.Brep().TrimCount(), 100);
+    EXPECT_EQ(file.Brep().TrimCount(), 2);
+    EXPECT_TRUE(file.reader->Build());
+}
+
+// Knots of one direction given again and again between trims: the great net is not looked over each
+// time.
+TEST(FreeformSurfaces, NewKnotsDoNotCostTheWholeNet)
+{
+    constexpr int Rows = 100'000;
+    const std::string trim = "trim 0 2 1\n";
+    const std::string text = Square + "surf 0 1 0 1" + Repeated(" 1 2", Rows) + "\nparm v 0" +
+                             CountUpTo(Rows - 1) + " 0\n" +
+                             Repeated("parm u 0 0 1 1\n" + trim + "parm u 0 0 2 2\n" + trim, 1500);
+    const std::clock_t start = std::clock();
+    const FreeformReader file(text);
+    EXPECT_LT(std::clock() - start, 4 * CLOCKS_PER_SEC);
+    EXPECT_TRUE(file.parsed);
+    EXPECT_EQ(file.Brep().TrimCount(), 3000);
 }
 
 } // namespace
