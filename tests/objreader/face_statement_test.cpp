@@ -177,7 +177,11 @@ TEST_F(FaceStatement, StoresCornersAndSaysWhatIsWrong)
         SCOPED_TRACE(lines);
         const CReadOBJ& reader = Parsed(Lists + lines);
         const CReadOBJ::Geometry& geometry = *reader.currentGroup->geometry;
-        EXPECT_NE(geometry.mesh, nullptr);
+        ASSERT_NE(geometry.mesh, nullptr);
+        for (const int direction : {0, 1}) {
+            EXPECT_EQ(geometry.mesh->SurfaceParameterDomain(direction), GK_Interval(0, 1));
+            EXPECT_EQ(geometry.mesh->PackedTextureDomain(direction), GK_Interval(0, 1));
+        }
         EXPECT_EQ(Shown({geometry.corners.begin(), geometry.corners.end()}), corners);
         std::vector<int> counts;
         for (const CReadOBJ::Face& face : geometry.faces)

@@ -116,6 +116,17 @@ TEST_F(Parse, OfAFileThatCannotBeOpenedGivesFalse)
     EXPECT_THAT(Journal().prints, IsEmpty());
 }
 
+#ifdef __linux__
+TEST_F(Parse, OfAFileThatCannotBeReadGivesFalse)
+{
+    const CKelvoFileReadOptions options;
+    // It opens like any file, but its first bytes are nobody's.
+    CReadOBJ reader(L"/proc/self/mem", *doc, options);
+    EXPECT_FALSE(reader.Parse());
+    EXPECT_TRUE(reader.tokenizer.ReadFailed());
+}
+#endif
+
 TEST_F(Parse, AReaderBeginsWithItsOwnDefaults)
 {
     const CKelvoFileReadOptions options;

@@ -135,6 +135,19 @@ TEST_F(Tokenizer, CutsRandomTextsAsTheReferenceDoes)
     }
 }
 
+TEST_F(Tokenizer, TakesEveryByteByTheRules)
+{
+    std::string text;
+    for (int value = 0; value < 256; ++value) {
+        const char byte = static_cast<char>(value);
+        text += std::string("a") + byte + "b " + byte + " c\n";
+        text += std::string("a\\") + byte + "b " + byte + " c\nd\ne\n";
+    }
+    CompareWithReference(text);
+    std::erase(text, '\\');
+    CompareWithReference(text);
+}
+
 /// Bytes are looked at 64 at a time, so things happen on both sides of every 64th.
 TEST_F(Tokenizer, CutsWhereLinesAreAboutAsLongAsABlock)
 {

@@ -63,8 +63,8 @@ TEST_F(VertexStatements, ColoursOfSomePositionsStandWithoutGaps)
 TEST_F(VertexStatements, ParameterPointsTextureCoordinatesAndNormals)
 {
     const CReadOBJ& reader = Parsed("vp 0.25 0.75\nvp 0.1 1 2\nvp 1 2 3 4\nvp 1 2 x y\n"
-                                    "vt 0.5 0.1\nvt 1 2 3\nvt 1 2 x\n"
-                                    "vn 0 0 2\nVN 0.1 0 0 7\nvn2 0 0 0\n");
+                                    "vt 0.5 0.1\nvt 1 2 3\nvt 1 2 x y z\n"
+                                    "vn 0 0 2\nVN 0.1 0 0 7 x y\nvn2 0 0 0\n");
     EXPECT_THAT(ListOf(reader.paramPoints), ElementsAre(GK_2dPoint{0.25, 0.75}, GK_2dPoint{0.1, 1},
                                                         GK_2dPoint{1, 2}, GK_2dPoint{1, 2}));
     EXPECT_THAT(ListOf(reader.paramWeights), ElementsAre(1, 2, 1, 1));
