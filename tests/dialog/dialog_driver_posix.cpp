@@ -12,6 +12,7 @@
 #include <map>
 #include <span>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -24,7 +25,8 @@ namespace {
 constexpr auto Patience = std::chrono::seconds(30);
 constexpr auto Step = std::chrono::milliseconds(20);
 
-/// Starts a program, with the write end of a pipe as its standard output when one is given.
+/// Starts a program, with the write end of a pipe as its standard output when one is given. It ends
+/// with this one, however that ends.
 pid_t StartProgram(const std::vector<std::string>& command, int output = -1)
 {
     std::vector<char*> words;
@@ -35,6 +37,7 @@ pid_t StartProgram(const std::vector<std::string>& command, int output = -1)
     if (child < 0)
         throw std::runtime_error("no process for " + command.front());
     if (child == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (output >= 0)
             dup2(output, STDOUT_FILENO);
         execvp(words.front(), words.data());

@@ -82,6 +82,10 @@ protected:
 TEST_F(OptionsDialog, OpensWithTheDefaultsAndKeepsThem)
 {
     auto dialog = Open();
+    dialog->Click(IDC_HELP);
+    dialog->WaitForWindow(HelpWindow);
+    dialog->CloseWindow();
+    dialog->WaitForWindow(OptionsWindow);
     dialog->Click(IDC_OK);
     EXPECT_EQ(dialog->Wait(), 0);
     EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=1"));
@@ -192,6 +196,9 @@ TEST_F(OptionsDialog, CancelKeepsEverything)
     const std::vector<void (*)(DialogDriver&)> waysOut = {
         [](DialogDriver& driver) { driver.Click(IDC_CANCEL); },
         [](DialogDriver& driver) { driver.Press({Key::Escape}); },
+        [](DialogDriver& driver) {
+            driver.Press({Key::Tab, Key::Tab, Key::Enter});
+        },
         [](DialogDriver& driver) { driver.CloseWindow(); }};
     for (const auto leave : waysOut) {
         auto dialog = Open();
@@ -213,8 +220,10 @@ TEST_F(OptionsDialog, CancelKeepsEverything)
 TEST_F(OptionsDialog, NeedsNoMouse)
 {
     auto dialog = Open();
-    // From "Groups" to "Layers", on to the object names, past the morph target to the group order.
-    dialog->Press({Key::Down, Key::Tab, Key::Space, Key::Tab, Key::Tab, Key::Space, Key::F1});
+    // From "Groups" to "Layers" by way of "Object names", on to the names of objects, past the
+    // morph target and the group order, and back to the group order.
+    dialog->Press({Key::Down, Key::Down, Key::Up, Key::Tab, Key::Space, Key::Tab, Key::Tab,
+                   Key::Tab, Key::ShiftTab, Key::Space, Key::F1});
     dialog->WaitForWindow(HelpWindow);
     dialog->Press({Key::Escape});
     dialog->WaitForWindow(OptionsWindow);

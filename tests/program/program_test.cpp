@@ -134,6 +134,15 @@ TEST_F(Program, RunsACommandInsteadOfImporting)
     ExpectOneLine(Run({"--run", "sa"}), "no command sa; the plug-in has say, giveUp");
 }
 
+TEST_F(Program, RunsTheTestCommandOfTheImporter)
+{
+    const ProcessResult result =
+        RunObjimport({"--settings", Settings(), "--run", "TestCrashImportOBJ"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "TestCrashImportOBJ ran.\n");
+    EXPECT_EQ(result.errors, "");
+}
+
 TEST_F(Program, NotesFaultsOfThePlugIn)
 {
     const ProcessResult waiting = Run({Script("wait.txt", "wait")});
@@ -146,6 +155,22 @@ TEST_F(Program, NotesFaultsOfThePlugIn)
 }
 
 #ifndef _WIN32
+TEST_F(Program, SaysThatThereIsNoDisplayForADialog)
+{
+    const char* const display = std::getenv("DISPLAY");
+    const std::string before = display != nullptr ? display : "";
+    unsetenv("DISPLAY");
+    const std::string house = PROJECT_FOLDER "/examples/house.obj";
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"--dialog", house}, {"--run", "OBJImportOptionsDialog"}}) {
+        std::vector<std::string> arguments = {"--settings", Settings()};
+        arguments.insert(arguments.end(), words.begin(), words.end());
+        ExpectOneLine(RunObjimport(arguments), "--prompt");
+    }
+    if (!before.empty())
+        setenv("DISPLAY", before.c_str(), 1);
+}
+
 TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
 {
     const std::filesystem::path before = std::filesystem::current_path();
