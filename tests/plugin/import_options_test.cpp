@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -16,6 +18,7 @@ class TestProfile : public CKelvoProfileContext
 public:
     std::map<std::wstring, int> integers;
     std::map<std::wstring, bool> booleans;
+    std::vector<std::wstring> asked; ///< the entries read or written, in order
 
     bool ReadInt(const wchar_t* section, const wchar_t* entry, int& value) override
     {
@@ -30,20 +33,23 @@ public:
     void WriteInt(const wchar_t* section, const wchar_t* entry, int value) override
     {
         EXPECT_STREQ(section, Section);
+        asked.emplace_back(entry);
         integers[entry] = value;
     }
 
     void WriteBool(const wchar_t* section, const wchar_t* entry, bool value) override
     {
         EXPECT_STREQ(section, Section);
+        asked.emplace_back(entry);
         booleans[entry] = value;
     }
 
 private:
     template <class T>
-    static bool Read(const std::map<std::wstring, T>& entries, const wchar_t* section,
-                     const wchar_t* entry, T& value)
+    bool Read(const std::map<std::wstring, T>& entries, const wchar_t* section,
+              const wchar_t* entry, T& value)
     {
+        asked.emplace_back(entry);
         const auto found = entries.find(entry);
         if (std::wstring(section) != Section || found == entries.end())
             return false;
@@ -92,6 +98,9 @@ TEST(ImportOptions, EachEntryIsKeptUnderItsOwnName)
         {L"ZUp", &ObjImportOptions::ZUp},
         {L"Split32bitTextures", &ObjImportOptions::Split32bitTextures},
     };
+    std::vector<std::wstring> order = {L"HowToAddGs"};
+    for (const auto& entry : entries)
+        order.emplace_back(entry.first);
     for (const auto& [name, option] : entries) {
         ObjImportOptions changed;
         changed.HowToAddGs = 3;
@@ -101,13 +110,25 @@ TEST(ImportOptions, EachEntryIsKeptUnderItsOwnName)
         EXPECT_EQ(profile.integers, (std::map<std::wstring, int>{{L"HowToAddGs", 3}}));
         ASSERT_EQ(profile.booleans.size(), std::size(entries));
         EXPECT_EQ(profile.booleans.at(name), changed.*option);
+        EXPECT_EQ(std::exchange(profile.asked, {}), order);
 
         const ObjImportOptions loaded = Load(profile);
+        EXPECT_EQ(profile.asked, order);
         EXPECT_EQ(loaded.HowToAddGs, 3);
         for (const auto& [otherName, other] : entries)
             EXPECT_EQ(loaded.*other, changed.*other)
                 << std::string(otherName, otherName + std::wcslen(otherName));
     }
+}
+
+TEST(ImportOptions, AnImportTakesAllButTheDialogsSwitch)
+{
+    ObjImportOptions copied;
+    CopyImportOptions(ObjImportOptions{2, false, true, true, true, true, true, true}, copied);
+    EXPECT_EQ(copied.HowToAddGs, 2);
+    EXPECT_FALSE(copied.UseONames || copied.DontShowDialog);
+    EXPECT_TRUE(copied.IgnoreTextures && copied.ReverseGroupOrder && copied.ImportAsMorphTarget &&
+                copied.ZUp && copied.Split32bitTextures);
 }
 
 } // namespace

@@ -152,6 +152,22 @@ TEST(Prompt, TheNextQuestionStartsFromTheLastAnswer)
     EXPECT_THAT(answers.Shown().notes, IsEmpty());
 }
 
+TEST(Prompt, LeavesWhatItDoesNotOfferAsItWas)
+{
+    constexpr const wchar_t* Section = L"Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings";
+    auto profile = std::make_unique<ProfileStore>();
+    profile->WriteInt(Section, L"HowToAddGs", 3);
+    for (const wchar_t* entry : {L"UseONames", L"DontShowDialog", L"Split32bitTextures"})
+        profile->WriteBool(Section, entry, true);
+    ConsoleApp::Instance().SetProfile(std::move(profile));
+    const ScriptedAnswers answers({L"map", L""});
+    CImportOBJPlugIn plugIn;
+    plugIn.OnLoad();
+    EXPECT_EQ(plugIn.AskImportOptions(false, false), 0);
+    EXPECT_EQ(Summary(plugIn.Options()), "3ozds");
+    ConsoleApp::Instance().SetProfile(std::make_unique<ProfileStore>());
+}
+
 TEST(Prompt, TakesTranslatedNamesAndEnglishOnes)
 {
     StringTable german =

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace {
 
@@ -20,6 +21,47 @@ using testing::IsEmpty;
 
 constexpr const wchar_t* Section = L"Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings";
 const std::string Triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
+
+/// Hands on to another document and notes each step of an import, with the number of wait cursors
+/// and of messages at the time. It has no list of views.
+class NotingDoc : public CKelvoDoc
+{
+public:
+    explicit NotingDoc(ConsoleDoc& doc) : m_doc(doc) {}
+
+    [[nodiscard]] double AbsoluteTolerance() const override { return m_doc.AbsoluteTolerance(); }
+    CKelvoLayerTable& LayerTable() override { return m_doc.LayerTable(); }
+    CKelvoGroupTable& GroupTable() override { return m_doc.GroupTable(); }
+    CKelvoMaterialTable& MaterialTable() override { return m_doc.MaterialTable(); }
+    bool AddObject(std::unique_ptr<CKelvoObject> object, bool reference, bool selected) override
+    {
+        Note("add");
+        return m_doc.AddObject(std::move(object), reference, selected);
+    }
+    bool AddPointObject(const GK_3dPoint&, const GK_MdxObjectAttributes&, const CKelvoHistory*,
+                        bool) override
+    {
+        return false;
+    }
+    void GetViewList(CKelvoViewList&, bool, bool) override
+    {
+        Note("views");
+        throw std::runtime_error("no views");
+    }
+    void Redraw() override { Note("redraw"); }
+
+    std::vector<std::string> steps;
+
+private:
+    void Note(const char* step)
+    {
+        const std::size_t messages = ConsoleApp::Instance().Journal().prints.size();
+        steps.push_back(std::string(step) + ' ' + std::to_string(WorkNote::Instance().Depth()) +
+                        ' ' + std::to_string(messages));
+    }
+
+    ConsoleDoc& m_doc;
+};
 
 /// A plug-in, an empty document, and a file to import into it.
 class ReadFile : public testing::Test
@@ -40,17 +82,23 @@ protected:
 
     bool Import(const std::string& contents, std::initializer_list<int> modes)
     {
-        std::ofstream(m_path, std::ios::binary) << contents;
-        return ImportPath(modes);
+        return ImportInto(doc, contents, modes);
     }
 
-    bool ImportPath(std::initializer_list<int> modes)
+    bool ImportInto(CKelvoDoc& target, const std::string& contents,
+                    std::initializer_list<int> modes)
+    {
+        std::ofstream(m_path, std::ios::binary) << contents;
+        return ImportPath(target, modes);
+    }
+
+    bool ImportPath(CKelvoDoc& target, std::initializer_list<int> modes)
     {
         ConsoleApp::Instance().TakeJournal();
         CKelvoFileReadOptions options;
         for (const int mode : modes)
             options.SetMode(mode, true);
-        return plugIn.ReadFile(m_path.wstring().c_str(), 0, doc, options);
+        return plugIn.ReadFile(m_path.wstring().c_str(), 0, target, options);
     }
 
     static const ImportJournal& Journal() { return ConsoleApp::Instance().Journal(); }
@@ -131,7 +179,7 @@ TEST_F(ReadFile, NumbersOfManyDigitsKeepAllOfThem)
 
 TEST_F(ReadFile, AFileThatIsNotThereIsAnErrorWhileReading)
 {
-    EXPECT_TRUE(ImportPath({ReadModeAskOnCommandLine}));
+    EXPECT_TRUE(ImportPath(doc, {ReadModeAskOnCommandLine}));
     EXPECT_THAT(Journal().prints, ElementsAre(Incomplete));
 }
 
@@ -144,6 +192,21 @@ TEST_F(ReadFile, ZoomsWhenAskedWhateverTheResult)
     doc.FailAddObject(1);
     EXPECT_FALSE(Import(Triangle, {ReadModeAskOnCommandLine, ReadModeZoomExtents}));
     EXPECT_TRUE(Journal().zoomed && Journal().redrawn);
+}
+
+TEST_F(ReadFile, TakesItsStepsInOrderUnderTheWaitCursor)
+{
+    const std::string contents = Triangle + "f 1 2 3 7\np\n";
+    const ScriptedAnswers answers({L"", L""});
+    NotingDoc noting(doc);
+    EXPECT_TRUE(ImportInto(noting, contents, {ReadModeAskOnCommandLine}));
+    EXPECT_THAT(std::exchange(noting.steps, {}), ElementsAre("add 1 2", "redraw 1 3"));
+
+    // Zooming comes before drawing; what it lets out ends the wait cursor too.
+    EXPECT_THROW(ImportInto(noting, contents, {ReadModeAskOnCommandLine, ReadModeZoomExtents}),
+                 std::runtime_error);
+    EXPECT_THAT(noting.steps, ElementsAre("add 1 2", "views 1 3"));
+    EXPECT_FALSE(answers.Shown().underWaitCursor);
 }
 
 TEST_F(ReadFile, ACancelLeavesEverythingAsItWas)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console_host/app/answer_source.h"
+#include "console_host/framework/work_note.h"
 
 #include <deque>
 #include <memory>
@@ -13,6 +14,7 @@ struct Conversation
 {
     std::vector<std::wstring> questions;
     std::vector<std::wstring> notes;
+    bool underWaitCursor = false; ///< whether the wait cursor was shown with a question
 };
 
 /// Answers questions from a list of lines and then ends, for the life of the object.
@@ -42,6 +44,7 @@ private:
         std::optional<std::wstring> Answer(const std::wstring& question, bool) override
         {
             m_conversation.questions.push_back(question);
+            m_conversation.underWaitCursor |= WorkNote::Instance().Depth() > 0;
             if (m_lines.empty())
                 return std::nullopt;
             std::wstring line = std::move(m_lines.front());

@@ -42,9 +42,19 @@ TEST(DocumentJson, HoldsImportsAndTables)
                        "blend": 1.0}]}])"));
 }
 
+std::string MemberNames(const Json& object)
+{
+    std::string names;
+    for (const auto& member : object.items())
+        names += member.key() + " ";
+    return names;
+}
+
 TEST(DocumentJson, HoldsMeshesExactly)
 {
     const Json mesh = SampleJson()["objects"][0];
+    EXPECT_EQ(MemberNames(mesh), "type name layer groups material material_source vertices normals "
+                                 "texture_coordinates colors faces ngons closed ");
     EXPECT_EQ(mesh["type"], "mesh");
     EXPECT_EQ(mesh["name"], "h\xC3\xA4use\x1B\n");
     EXPECT_EQ(mesh["groups"], Json::parse("[0, 1]"));
@@ -78,17 +88,25 @@ TEST(DocumentJson, HoldsTheOtherKinds)
     EXPECT_EQ(objects[3], expected("point_cloud", R"("points": [[1, 2, 3], [4, 5, 6]])"));
 
     const Json& brep = objects[4];
+    EXPECT_EQ(MemberNames(brep), "type name layer groups material material_source surfaces "
+                                 "curves_2d curves_3d vertices edges faces ");
     EXPECT_EQ(brep["surfaces"], Json::parse(R"([{"order": [2, 2], "counts": [2, 2],
         "rational": false, "points": [[0, 0, 0], [10, 0, 0], [0, 5, 0], [10, 5, 0]],
         "weights": [], "knots": [[0, 1], [0, 2]]}])"));
     EXPECT_EQ(brep["curves_2d"].size(), 4U);
-    EXPECT_EQ(brep["curves_2d"][0]["points"][0].size(), 2U);
+    EXPECT_EQ(brep["curves_2d"][0], Json::parse(R"({"dimension": 2, "order": 2, "rational": false,
+        "points": [[0, 0], [1, 0]], "weights": [], "knots": [0, 1]})"));
     EXPECT_EQ(brep["curves_3d"].size(), 4U);
-    EXPECT_EQ(brep["vertices"].size(), 4U);
+    EXPECT_EQ(brep["vertices"], Json::parse("[[0, 0, 0], [10, 0, 0], [10, 5, 0], [0, 5, 0]]"));
     EXPECT_EQ(brep["edges"].size(), 4U);
+    EXPECT_EQ(brep["edges"][1],
+              Json::parse(R"({"curve_3d": 1, "vertices": [1, 2], "domain": [0, 2]})"));
     ASSERT_EQ(brep["faces"].size(), 1U);
     const Json& loop = brep["faces"][0]["loops"][0];
+    EXPECT_EQ(MemberNames(brep["faces"][0]) + MemberNames(loop), "surface loops type trims ");
     EXPECT_EQ(loop["type"], "outer");
+    EXPECT_EQ(loop["trims"][1], Json::parse(R"({"curve_2d": 1, "edge": 1, "reversed": false,
+        "domain": [0, 2], "vertices": [1, 2]})"));
     ASSERT_EQ(loop["trims"].size(), 4U);
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(loop["trims"][i]["vertices"][1], loop["trims"][(i + 1) % 4]["vertices"][0]);
