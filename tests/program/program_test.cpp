@@ -187,6 +187,19 @@ TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
     std::filesystem::current_path(before);
 }
 
+TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)
+{
+    const std::string file = Script("a.txt", "state");
+    setenv("SCRIPTED_MODULE_FAILS", "1", 1);
+    ExpectOneLine(Run({file}), "does not start");
+    unsetenv("SCRIPTED_MODULE_FAILS");
+    const std::string settings = "[Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings]\n"
+                                 "Stay=false\n";
+    folder.Write("s.ini", settings);
+    ExpectOneLine(Run({file}), "the plug-in Scripted does not want to be loaded");
+    EXPECT_EQ(folder.Read("s.ini"), settings);
+}
+
 TEST_F(Program, SaysThatSettingsCannotBeKept)
 {
     const std::string file = Script("a.txt", "state");

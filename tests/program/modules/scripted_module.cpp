@@ -14,6 +14,7 @@
 #include "host/runtime/file.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -38,7 +39,9 @@ public:
     {
         KelvoApp().ProfileContext().ReadInt(Section, L"HowToAddGs", m_groups);
         KelvoApp().ProfileContext().ReadBool(Section, L"ZUp", m_zUp);
-        return 1;
+        bool stay = true;
+        KelvoApp().ProfileContext().ReadBool(Section, L"Stay", stay);
+        return stay ? 1 : 0;
     }
 
     void OnUnload() override
@@ -124,9 +127,15 @@ private:
     int m_result;
 };
 
+class ScriptedApp : public CWinApp
+{
+public:
+    bool InitInstance() override { return std::getenv("SCRIPTED_MODULE_FAILS") == nullptr; }
+};
+
 ScriptedPlugIn plugIn;
 ScriptedCommand say(L"say", CommandSuccess);
 ScriptedCommand giveUp(L"giveUp", CommandCancel);
-CWinApp app;
+ScriptedApp app;
 
 } // namespace
