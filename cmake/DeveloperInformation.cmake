@@ -10,4 +10,4 @@ set(IMPORTOBJ_SUPPORT_EMAIL "support@example.org" CACHE STRING "Maker's support 
 set(IMPORTOBJ_WEBSITE "https://www.example.org" CACHE STRING "Maker's web site, no final slash")
 set(IMPORTOBJ_UPDATE_HOST "https://updates.example.org" CACHE STRING "Site asked for updates")
 set(IMPORTOBJ_SDK_VERSION 202601010 CACHE STRING "Host SDK version, yyyymmddn")
-set(IMPORTOBJ_SDK_SERVICE_RELEASE 202601010 CACHE STRING "Host SDK service release, yyyymmddn")
+set(IMPORTOBJ_SDK_SERVICE_RELEASE 202601011 CACHE STRING "Host SDK service release, yyyymmddn")
