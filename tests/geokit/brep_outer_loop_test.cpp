@@ -64,6 +64,17 @@ TEST(NewOuterLoop, FollowsTheBoundary)
     }
 }
 
+// Two sides at one place with other weights run there in another way: they are no seam.
+TEST(NewOuterLoop, SidesOfOtherWeightsStayApart)
+{
+    const auto brep =
+        MakeBrep(MakeSurface(true, 2, 3, {0, 0, 0, 1, 1, 0, 0, 1, 0, 0, 0, 1, 0, 1, 0, 1, 1, 1,
+                                          0, 1, 0, 1, 0, 2, 0, 4, 0, 1, 1, 4, 0, 1, 0, 4, 0, 1},
+                             {0, 1, 2}, {0, 0, 1, 1}));
+    AddNaturalLoop(*brep);
+    EXPECT_EQ(brep->EdgeCount(), 4);
+}
+
 TEST(NewOuterLoop, TakesTheVerticesAndEdgesThatItIsGiven)
 {
     const auto brep = MakeBrep(MakePlane(1.0));

@@ -94,6 +94,8 @@ TEST(RepairBrep, JoinsWithinTheToleranceAndRefusesGaps)
     const Case cases[] = {
         {0.0, ""},
         {0.9e-3, ""},
+        {1.5e-3, "loop 1 does not close: trim 2 ends 0.0015 away from the start of trim 3 "
+                 "(tolerance 0.001)"},
         {0.25, "loop 1 does not close: trim 2 ends 0.25 away from the start of trim 3 "
                "(tolerance 0.001)"},
     };
@@ -106,7 +108,12 @@ TEST(RepairBrep, JoinsWithinTheToleranceAndRefusesGaps)
         EXPECT_EQ(RepairBrep(*brep, Tolerance, report), *c.reason == '\0');
         EXPECT_EQ(report.reason, c.reason);
         if (*c.reason == '\0') {
-            EXPECT_EQ(brep->VertexCount(), 4);
+            ASSERT_EQ(brep->VertexCount(), 4);
+            double nearest = 1.0;
+            for (int i = 0; i < 4; ++i)
+                nearest = std::min(
+                    nearest, brep->Vertex(i).point.DistanceTo(GK_3dPoint{3, 3 - 0.5 * c.gap, 0}));
+            EXPECT_LT(nearest, 1e-12); // in the middle of what it joins
         }
     }
 }

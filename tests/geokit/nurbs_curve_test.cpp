@@ -103,6 +103,17 @@ TEST(NurbsCurve, ReversingAndMappingTheDomainKeepTheShape)
     }
 }
 
+TEST(NurbsCurve, IsClosedButForRounding)
+{
+    const GK_NurbsCurve circle = MakeCircle2d(2.0, 0.0, 1.0);
+    EXPECT_TRUE(circle.IsClosed());
+    const auto endingAt = [](double x) {
+        return MakeCurve(2, false, 2, {3, 0, 4, 1, x, 0}, {0, 1, 2}).IsClosed();
+    };
+    EXPECT_TRUE(endingAt(3.0 + 1e-15));
+    EXPECT_FALSE(endingAt(3.0 + 1e-9));
+}
+
 TEST(NurbsCurve, ProxyRunsBackwardsOverADecreasingDomain)
 {
     const GK_NurbsCurve circle = MakeCircle2d(0.0, 0.0, 1.0);

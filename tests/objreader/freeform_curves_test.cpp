@@ -91,6 +91,8 @@ TEST(FreeformCurves, StatementsFailWhereTheyAreMalformed)
         {Cubic + "curv x 1 1 2", false, ""},
         {Cubic + "curv 0 1 1 x", false, ""},
         {Cubic + "curv 0 1 1 5", false, ""},
+        {Cubic + "vp 9 9\ncurv 0 1 1 5", false, ""},
+        {Cubic + "v 9 9 9\ncurv2 1 5", false, ""},
         {Cubic + "curv2 1", false, ""},
         {Cubic + "curv2 1 0", false, ""},
         {Cubic + "parm u 0 1", true, ""}, // no element yet

@@ -105,6 +105,12 @@ TEST(FreeformSurfaces, StatesOfTheKnotStatements)
     EXPECT_EQ(two.Geometry().breps[0]->FaceCount(), 0);
     EXPECT_EQ(two.Geometry().breps[1]->FaceCount(), 1);
 
+    // Behind a complete surface the next one waits for both of its own.
+    const FreeformReader next(Square + Surface + Knots + Surface + "parm u 0 0 1 1\n");
+    EXPECT_EQ(next.Brep().FaceCount(), 0);
+    const FreeformReader last(Square + Surface + Knots + "surf 0 1 0 1 4 3 2 1\n" + Knots);
+    EXPECT_EQ(last.Surface().ControlPoint(0, 0), (GK_3dPoint{2, 2, 0}));
+
     // Knots given once more: another face, and control points for the new counts.
     const FreeformReader again(Square + "surf 0 1 0 1 1 2 3 4 3 4\n" + Knots +
                                "parm v 0 0 1 2 2\n");
@@ -142,7 +148,7 @@ TEST(FreeformSurfaces, BuildBreps)
         {"untrimmed", "", 4, 4, {1}, ""},
         {"two pieces", "trim 0 2 1 2 0 2\n", 2, 2, {1}, ""},
         {"the other way round", "trim 0 2 2 2 0 1\n", 2, 2, {1}, ""},
-        {"a part of a curve and a hole", "trim 0 2 1 2 0 2\nhole 0 4 3\n", 3, 3, {1, 2}, ""},
+        {"a part of a curve and a hole", "TRIM 0 2 1 2 0 2\nHole 0 4 3\n", 3, 3, {1, 2}, ""},
         {"a hole only", "hole 4 0 3\n", 5, 5, {1, 2}, ""},
         {"an empty loop", "hole\n", 4, 4, {1}, "loop: inner loop 1 of the brep has no trims\n"},
         {"more faces", Knots.c_str(), 4, 4, {1}, ""},
