@@ -125,10 +125,11 @@ bool CReadOBJ::AddNgon(GK_Mesh& mesh, std::span<const int> corners)
     m_polygonTriangles.SetCount((cornerCount - 2) * 3);
     int* const triangles = m_polygonTriangles.Array();
     if (!VX_Triangulate3dPolygon(cornerCount, 3, m_polygonPoints.Array(), 3, triangles)) {
+        int* corner = triangles;
         for (int i = 0; i < cornerCount - 2; ++i) {
-            triangles[3 * i] = 0;
-            triangles[3 * i + 1] = i + 1;
-            triangles[3 * i + 2] = i + 2;
+            *corner++ = 0;
+            *corner++ = i + 1;
+            *corner++ = i + 2;
         }
     }
 

@@ -15,7 +15,9 @@ struct V_TN_IDX
 /// or greater than 0; the mesh vertex takes no part.
 inline int CompareCorners(const V_TN_IDX& a, const V_TN_IDX& b)
 {
-    const auto order = [](int x, int y) { return (x > y) - (x < y); };
+    const auto order = [](int x, int y) {
+        return static_cast<int>(x > y) - static_cast<int>(x < y);
+    };
     if (a.vi != b.vi)
         return order(a.vi, b.vi);
     return a.ni != b.ni ? order(a.ni, b.ni) : order(a.ti, b.ti);

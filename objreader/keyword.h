@@ -12,7 +12,7 @@ constexpr char Lower(char c)
 constexpr bool IsKeyword(const char* token, std::string_view lowerCaseKeyword)
 {
     for (const char c : lowerCaseKeyword) {
-        if (Lower(*token++) != c)
+        if (Lower(*token++) != c) // NOLINT(*NullDereference): every statement has a first token
             return false;
     }
     return *token == '\0';

@@ -23,7 +23,7 @@ class CObjLineTokenizer
 {
 public:
     /// Bytes asked of the stream at a time.
-    static constexpr std::size_t DefaultBlockSize = 64 * 1024;
+    static constexpr std::size_t DefaultBlockSize = 65536;
 
     /// Readable bytes behind every token's terminating zero, so that numbers may be read eight
     /// bytes at a time.

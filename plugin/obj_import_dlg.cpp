@@ -124,7 +124,7 @@ void CObjImportDlg::OnOK()
     CKelvoDialog::OnOK();
 }
 
-void CObjImportDlg::OnHelp()
+void CObjImportDlg::OnHelp() // NOLINT(*-to-static): the message map calls members
 {
     KelvoApp().DoHelp(HelpTopic);
 }

@@ -49,8 +49,8 @@ public:
 
     auto begin() { return m_elements.begin(); }
     auto end() { return m_elements.end(); }
-    auto begin() const { return m_elements.begin(); }
-    auto end() const { return m_elements.end(); }
+    [[nodiscard]] auto begin() const { return m_elements.begin(); }
+    [[nodiscard]] auto end() const { return m_elements.end(); }
 
 private:
     std::vector<T> m_elements;

@@ -137,8 +137,8 @@ public:
 
     T* begin() { return m_elements; }
     T* end() { return m_elements + m_count; }
-    const T* begin() const { return m_elements; }
-    const T* end() const { return m_elements + m_count; }
+    [[nodiscard]] const T* begin() const { return m_elements; }
+    [[nodiscard]] const T* end() const { return m_elements + m_count; }
 
 private:
     [[nodiscard]] int GrownCapacity() const

@@ -49,8 +49,10 @@ class GK_wString
 {
 public:
     GK_wString() = default;
-    GK_wString(const wchar_t* text)
-        : m_text(text != nullptr ? text : L"") {} // NOLINT(*-explicit-*)
+    GK_wString(const wchar_t* text) // NOLINT(*-explicit-*): a literal is a text
+        : m_text(text != nullptr ? text : L"")
+    {
+    }
     explicit GK_wString(std::wstring text) : m_text(std::move(text)) {}
 
     /// Converts from UTF-8; each byte that is no part of a well-formed sequence becomes U+FFFD.

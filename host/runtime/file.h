@@ -9,5 +9,5 @@
 #ifdef _WIN32
 #include <cwchar>
 #else
-std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode); // NOLINT(*-reserved-identifier)
+std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode); // NOLINT(*-identifier*)
 #endif
