@@ -26,8 +26,8 @@ bool EndsField(char c)
     return c == '/' || c == '\0';
 }
 
-/// Reads a field that may be anything and steps to its end.
-[[gnu::noinline]] const char* ReadAnyField(const char* text, std::int64_t& number)
+/// Reads a field and steps to its end.
+const char* ReadField(const char* text, std::int64_t& number)
 {
     if (EndsField(*text))
         return text;
@@ -37,19 +37,8 @@ bool EndsField(char c)
     return text;
 }
 
-/// Reads a field and steps to its end. Nearly all fields are a few digits; this is done for every
-/// index of a file, so these get by without a call.
-[[gnu::always_inline]] inline const char* ReadField(const char* text, std::int64_t& number)
-{
-    const DigitRun run = ReadDigits(text);
-    if (run.count == 0 || !EndsField(text[run.count]))
-        return ReadAnyField(text, number);
-    number = run.value;
-    return text + run.count;
-}
-
 /// Fields beyond the third are only counted.
-inline CornerFields CutCorner(const char* text)
+CornerFields CutCorner(const char* text)
 {
     CornerFields fields;
     fields.count = 1;
@@ -68,8 +57,7 @@ inline CornerFields CutCorner(const char* text)
 }
 
 /// Resolves the fields of a corner up to the first that names nothing, and gives which that is.
-[[gnu::always_inline]] inline CReadOBJ::BadField
-ResolveFields(CReadOBJ& reader, const CornerFields& fields, V_TN_IDX& corner)
+CReadOBJ::BadField ResolveFields(CReadOBJ& reader, const CornerFields& fields, V_TN_IDX& corner)
 {
     const auto resolve = [&reader](std::int64_t number, int& index, int listLength) {
         if (number == NoNumber)
@@ -86,19 +74,81 @@ ResolveFields(CReadOBJ& reader, const CornerFields& fields, V_TN_IDX& corner)
     return CReadOBJ::BadFieldNone;
 }
 
+/// A corner with what its fields name.
+struct ParsedCorner
+{
+    V_TN_IDX indices;
+    int fieldCount = 0;
+    bool hasVertex = false; ///< the first field is not empty
+    CReadOBJ::BadField badField = CReadOBJ::BadFieldNone;
+};
+
+[[gnu::noinline]] ParsedCorner ParseAnyCorner(CReadOBJ& reader, const char* token)
+{
+    const CornerFields fields = CutCorner(token);
+    ParsedCorner parsed;
+    parsed.fieldCount = fields.count;
+    parsed.hasVertex = fields.vertex != NoNumber;
+    if (fields.count <= MostFields)
+        parsed.badField = ResolveFields(reader, fields, parsed.indices);
+    return parsed;
+}
+
+/// Reads a field of a few digits that names an element of a list, and steps to its end. False for
+/// all others.
+[[gnu::always_inline]] inline bool ReadPlainField(const char*& text, int listLength, int& index)
+{
+    const std::uint64_t digits = LoadDigits(text);
+    const std::size_t digitBits = DigitBits(digits);
+    if (digitBits == 0)
+        return false;
+    text += digitBits / 8;
+    index = static_cast<int>(DigitsValue(digits, digitBits)) - 1;
+    return index >= 0 && index < listLength;
+}
+
+/// Parses what nearly all corners are: "v", "v/vt", "v/vt/vn" or "v//vn", each a few digits that
+/// name an element. False for all others.
+[[gnu::always_inline]] inline bool ParsePlainCorner(const CReadOBJ& reader, const char* token,
+                                                    ParsedCorner& parsed)
+{
+    parsed.hasVertex = true;
+    parsed.fieldCount = 1;
+    if (!ReadPlainField(token, reader.vertices.Count(), parsed.indices.vi))
+        return false;
+    if (*token == '\0')
+        return true;
+    if (*token != '/')
+        return false;
+    parsed.fieldCount = 2;
+    if (*++token != '/') {
+        if (!ReadPlainField(token, reader.texCoords.Count(), parsed.indices.ti))
+            return false;
+        if (*token == '\0')
+            return true;
+        if (*token != '/')
+            return false;
+    }
+    parsed.fieldCount = 3;
+    return ReadPlainField(++token, reader.normals.Count(), parsed.indices.ni) && *token == '\0';
+}
+
+[[gnu::always_inline]] inline ParsedCorner ReadFields(CReadOBJ& reader, const char* token)
+{
+    ParsedCorner parsed;
+    return ParsePlainCorner(reader, token, parsed) ? parsed : ParseAnyCorner(reader, token);
+}
+
 } // namespace
 
 int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad_field)
 {
-    const CornerFields fields = CutCorner(token);
-    V_TN_IDX corner;
-    bad_field = BadFieldNone;
-    if (fields.count <= MostFields)
-        bad_field = ResolveFields(*this, fields, corner);
-    vi = corner.vi;
-    ti = corner.ti;
-    ni = corner.ni;
-    return fields.count;
+    const ParsedCorner parsed = ReadFields(*this, token);
+    vi = parsed.indices.vi;
+    ti = parsed.indices.ti;
+    ni = parsed.indices.ni;
+    bad_field = parsed.badField;
+    return parsed.fieldCount;
 }
 
 bool CReadOBJ::NewGroupMesh()
@@ -112,30 +162,25 @@ bool CReadOBJ::NewGroupMesh()
     return true;
 }
 
-/// Adds a corner to the last face. `fieldCount` is that of the face, 0 until a corner has set it; a
+/// Reads a corner of a face. `fieldCount` is that of the face, 0 until a corner has set it; a
 /// corner whose fields do not agree with it is no part of the face, and false.
-inline bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, Geometry& geometry)
+inline bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner)
 {
-    V_TN_IDX& corner = *geometry.corners.AppendUnset(1);
     corner = {};
-    const CornerFields fields = CutCorner(token);
-    if (fields.count > MostFields)
+    ParsedCorner parsed = ReadFields(*this, token);
+    if (parsed.fieldCount > MostFields)
         return false;
-
-    V_TN_IDX read;
-    const BadField badField = ResolveFields(*this, fields, read);
-    if (fields.vertex != NoNumber) {
+    if (parsed.hasVertex) {
         if (fieldCount == 0)
-            fieldCount = fields.count;
-        if (fields.count != fieldCount)
+            fieldCount = parsed.fieldCount;
+        if (parsed.fieldCount != fieldCount)
             return false;
     }
-    if (badField != BadFieldNone)
-        PrintBadCorner(badField, token);
+    if (parsed.badField != BadFieldNone)
+        PrintBadCorner(parsed.badField, token);
     if (ImportAsMorphTarget)
-        read.ti = read.ni = -1;
-    corner = read;
-    ++geometry.faces.Last()->cornerCount;
+        parsed.indices.ti = parsed.indices.ni = -1;
+    corner = parsed.indices;
     return true;
 }
 
@@ -149,10 +194,16 @@ bool CReadOBJ::ReadFace()
         return false;
 
     geometry.faces.Append({geometry.corners.Count(), 0});
+    Face& face = *geometry.faces.Last();
     int fieldCount = 0;
-    for (int i = 1; i < tokenCount; ++i) {
-        if (!ReadCorner(tokenizer.Token(i), fieldCount, geometry))
+    const char* const* token = tokenizer.Tokens();
+    V_TN_IDX* corner = geometry.corners.AppendUnset(tokenCount - 1);
+    while (face.cornerCount < tokenCount - 1) {
+        if (!ReadCorner(*++token, fieldCount, *corner++)) {
+            geometry.corners.SetCount(static_cast<int>(corner - geometry.corners.Array()));
             return false;
+        }
+        ++face.cornerCount;
     }
     return true;
 }

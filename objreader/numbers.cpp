@@ -122,26 +122,6 @@ bool ReadDecimal(const char* text, double& value)
     return true;
 }
 
-/// Reads what most numbers are: a few digits, a point, up to eight digits, and nothing more. False
-/// for all others.
-bool ReadPlainDecimal(const char* text, double& value)
-{
-    std::uint64_t mantissa = 0;
-    constexpr int MostWholeDigits = 6;
-    int wholeDigits = 0;
-    for (; IsDigit(*text) && wholeDigits < MostWholeDigits; ++wholeDigits)
-        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*text++ - '0');
-    if (wholeDigits == 0 || *text != '.')
-        return false;
-    const DigitRun decimals = ReadDigits(text + 1);
-    if (text[1 + decimals.count] != '\0')
-        return false;
-    const auto scale = static_cast<std::size_t>(decimals.count);
-    mantissa = mantissa * SmallPowersOfTen[scale] + decimals.value;
-    value = static_cast<double>(static_cast<std::int64_t>(mantissa)) / ExactPowersOfTen[scale];
-    return true;
-}
-
 bool IsHexDigit(char c)
 {
     return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f');
@@ -185,14 +165,6 @@ bool ReadWord(const char* text, double& value)
     return true;
 }
 
-/// Kept out of the way of the plain numbers.
-[[gnu::noinline]] bool ReadAnyMagnitude(const char* text, double& value)
-{
-    const bool hexadecimal = text[0] == '0' && Lower(text[1]) == 'x';
-    return (hexadecimal && ReadHexadecimal(text + 2, value)) || ReadDecimal(text, value) ||
-           ReadWord(text, value);
-}
-
 const char* SkipBlanks(const char* text)
 {
     while (*text == ' ' || (*text >= '\t' && *text <= '\r'))
@@ -202,16 +174,15 @@ const char* SkipBlanks(const char* text)
 
 } // namespace
 
-bool ReadReal(const char* text, double& value)
+bool ReadAnyReal(const char* text, double& value)
 {
-    const bool negative = *text == '-';
-    const char* const p = text + static_cast<int>(negative | (*text == '+'));
+    const char* const p = text + static_cast<int>(*text == '-' || *text == '+');
+    const bool hexadecimal = p[0] == '0' && Lower(p[1]) == 'x';
     double magnitude = 0.0;
-    if (!ReadPlainDecimal(p, magnitude) && !ReadAnyMagnitude(p, magnitude))
+    if (!(hexadecimal && ReadHexadecimal(p + 2, magnitude)) && !ReadDecimal(p, magnitude) &&
+        !ReadWord(p, magnitude))
         return false;
-    // Half of all coordinates are negative, so this is no place for a branch.
-    const std::uint64_t sign = std::uint64_t{negative} << 63;
-    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | sign);
+    value = *text == '-' ? -magnitude : magnitude;
     return true;
 }
 

@@ -25,13 +25,15 @@ CObjLineTokenizer::CObjLineTokenizer(std::FILE* stream, std::size_t blockSize)
 
 CObjLineTokenizer::~CObjLineTokenizer() = default;
 
-bool CObjLineTokenizer::ReadLine()
+/// Reads the next line when all lines cut so far have been served.
+bool CObjLineTokenizer::ReadMoreLines()
 {
     if (!m_stream)
         return false;
     if (m_atEnd)
         return true;
-    if (m_linesServed == m_lineEnds.Count() && !m_needsRules) {
+    if (!m_needsRules) {
+        ForgetLines();
         if (m_cursor == m_completeEnd)
             Refill(m_cursor);
         CutPlainLines();
@@ -43,22 +45,17 @@ bool CObjLineTokenizer::ReadLine()
     return true;
 }
 
-void CObjLineTokenizer::ServePlainLine()
+void CObjLineTokenizer::ForgetLines()
 {
-    m_lineTokens = m_tokens.Array() + m_tokensServed;
-    m_tokenCount = m_lineEnds[m_linesServed] - m_tokensServed;
-    m_tokensServed = m_lineEnds[m_linesServed++];
-    // Behind the last line of an ended stream stands its zero byte, which has been cut with it.
-    m_atEnd = m_cursor > m_dataEnd && m_linesServed == m_lineEnds.Count();
+    m_tokens.Empty();
+    m_lineEnds.Empty();
+    m_linesServed = m_tokensServed = 0;
 }
 
 /// Cuts all whole lines from the cursor on, up to the first block of bytes that holds a backslash.
 /// The line that reaches into that block is left as far as it has been cut.
 void CObjLineTokenizer::CutPlainLines()
 {
-    m_tokens.Empty();
-    m_lineEnds.Empty();
-    m_linesServed = m_tokensServed = 0;
     m_state = {};
     m_state.insideComment = *m_cursor == '#';
     while (m_cursor < m_completeEnd) {
@@ -96,6 +93,19 @@ const char** PutTokens(const char** token, const char* bytes, std::uint64_t star
 
 } // namespace
 
+/// Notes what follows a line end: the LF of a CR LF, a comment.
+inline void CObjLineTokenizer::EndPlainLine(const char* end)
+{
+    const char* next = end + 1;
+    if (*end == '\r') {
+        m_skipLineFeed = next == m_dataEnd;
+        m_state.lineFeedFollows = *next == '\n';
+        if (m_state.lineFeedFollows)
+            ++next;
+    }
+    m_state.insideComment = *next == '#';
+}
+
 /// Cuts the `valid` bytes of the block at the cursor.
 void CObjLineTokenizer::CutBlock(const ByteBlock& block, std::uint64_t valid)
 {
@@ -107,42 +117,31 @@ void CObjLineTokenizer::CutBlock(const ByteBlock& block, std::uint64_t valid)
         lineEnds &= ~std::uint64_t{1};
     m_state.lineFeedFollows = false;
 
+    const char* const bytes = m_cursor;
     const char** token = m_tokens.AppendUnset(ByteBlock::Size);
+    const char* const* const tokens = m_tokens.Array();
+    int* lineEnd = m_lineEnds.AppendUnset(ByteBlock::Size);
     while (lineEnds != 0) {
         const int place = std::countr_zero(lineEnds);
         const std::uint64_t before = lineEnds ^ (lineEnds - 1);
-        if (!IsLineEnd(m_cursor[place])) {
-            lineEnds &= lineEnds - 1;
+        lineEnds &= ~before;
+        if (!IsLineEnd(bytes[place]))
             continue;
-        }
         if (!m_state.insideComment)
-            token = PutTokens(token, m_cursor, starts & before);
+            token = PutTokens(token, bytes, starts & before);
         starts &= ~before;
-        lineEnds &= lineEnds - 1;
-        m_lineEnds.Append(static_cast<int>(token - m_tokens.Array()));
-        EndPlainLine(m_cursor + place);
+        *lineEnd++ = static_cast<int>(token - tokens);
+        EndPlainLine(bytes + place);
         if (m_state.lineFeedFollows && place < ByteBlock::Size - 1) {
             lineEnds &= lineEnds - 1;
             m_state.lineFeedFollows = false;
         }
     }
     if (!m_state.insideComment)
-        token = PutTokens(token, m_cursor, starts);
-    m_tokens.SetCount(static_cast<int>(token - m_tokens.Array()));
+        token = PutTokens(token, bytes, starts);
+    m_tokens.SetCount(static_cast<int>(token - tokens));
+    m_lineEnds.SetCount(static_cast<int>(lineEnd - m_lineEnds.Array()));
     m_state.insideToken = (printable >> (ByteBlock::Size - 1)) != 0;
-}
-
-/// Notes what follows a line end: the LF of a CR LF, a comment.
-void CObjLineTokenizer::EndPlainLine(const char* end)
-{
-    const char* next = end + 1;
-    if (*end == '\r') {
-        m_skipLineFeed = next == m_dataEnd;
-        m_state.lineFeedFollows = *next == '\n';
-        if (m_state.lineFeedFollows)
-            ++next;
-    }
-    m_state.insideComment = *next == '#';
 }
 
 /// Cuts the rest of the line at the cursor, and all physical lines that are joined to it.

@@ -41,7 +41,13 @@ public:
 
     /// Reads the next logical line. False only without a stream. The line that meets the end of the
     /// file is still to be handled; after it nothing changes any more.
-    bool ReadLine();
+    bool ReadLine()
+    {
+        if (m_linesServed == m_lineEnds.Count())
+            return ReadMoreLines();
+        ServePlainLine();
+        return true;
+    }
 
     /// The end of the file was met.
     [[nodiscard]] bool AtEnd() const { return m_atEnd; }
@@ -57,6 +63,9 @@ public:
     {
         return index >= 0 && index < m_tokenCount ? m_lineTokens[index] : nullptr;
     }
+
+    /// All tokens of the current line, for those who know how many there are.
+    [[nodiscard]] const char* const* Tokens() const { return m_lineTokens; }
 
 private:
     struct CloseFile
@@ -74,10 +83,22 @@ private:
         bool lineFeedFollows = false; ///< the LF of a CR LF is the next byte
     };
 
+    /// Serves the next of the lines cut together.
+    void ServePlainLine()
+    {
+        const int tokensEnd = m_lineEnds[m_linesServed++];
+        m_lineTokens = m_tokens.Array() + m_tokensServed;
+        m_tokenCount = tokensEnd - m_tokensServed;
+        m_tokensServed = tokensEnd;
+        // Behind the last line of an ended stream stands its zero byte, which was cut with it.
+        m_atEnd = m_cursor > m_dataEnd && m_linesServed == m_lineEnds.Count();
+    }
+
+    bool ReadMoreLines();
+    void ForgetLines();
     void CutPlainLines();
     void CutBlock(const ByteBlock& block, std::uint64_t valid);
-    void EndPlainLine(const char* end);
-    void ServePlainLine();
+    inline void EndPlainLine(const char* end);
     void CutByRules();
     void CutByte(char* byte);
     void EndPhysicalLine(char* end);

@@ -234,7 +234,7 @@ private:
     bool ReadNormal();
 
     bool ReadFace();
-    inline bool ReadCorner(const char* token, int& fieldCount, Geometry& geometry);
+    inline bool ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner);
     bool NewGroupMesh();
     bool ReadPoint();
     bool ReadPointCloud(Geometry& geometry);

@@ -12,8 +12,9 @@ namespace {
 template <std::size_t N>
 bool ReadReals(const CObjLineTokenizer& tokenizer, int firstToken, std::array<double, N>& values)
 {
+    const char* const* token = tokenizer.Tokens() + firstToken;
     for (double& value : values) {
-        if (!ReadReal(tokenizer.Token(firstToken++), value))
+        if (!ReadReal(*token++, value))
             return false;
     }
     return true;

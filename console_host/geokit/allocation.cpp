@@ -1,6 +1,7 @@
 #include "host/geokit/allocation.h"
 
 #include "console_host/geokit/allocation_faults.h"
+#include "console_host/runtime/large_pages.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -44,6 +45,7 @@ void* GK_Reallocate(void* block, std::size_t size)
     void* moved = std::realloc(block, std::max<std::size_t>(size, 1));
     if (moved == nullptr)
         throw std::bad_alloc();
+    PreferLargePages(moved, size);
     return moved;
 }
 
