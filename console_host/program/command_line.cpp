@@ -2,42 +2,47 @@
 
 #include "console_host/program/program_error.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 CommandLine::CommandLine()
-    : m_app("Imports files into a new document and shows what it then holds.", "objimport")
+    : m_app(std::make_unique<CLI::App>(
+          "Imports files into a new document and shows what it then holds.", "objimport"))
 {
-    m_app.allow_windows_style_options(false);
-    m_app.set_help_flag("-h,--help", "Show this help and end");
-    m_app.set_version_flag("--version", "objimport " IMPORTOBJ_VERSION, "Show the version and end");
-    m_app.add_option("FILE", files, "Files to import, in order")->option_text("...");
-    switches.AddTo(m_app);
+    m_app->allow_windows_style_options(false);
+    m_app->set_help_flag("-h,--help", "Show this help and end");
+    m_app->set_version_flag("--version", "objimport " IMPORTOBJ_VERSION,
+                            "Show the version and end");
+    m_app->add_option("FILE", files, "Files to import, in order")->option_text("...");
+    switches.AddTo(*m_app);
     AddImportOptions();
     AddProgramOptions();
 }
 
+CommandLine::~CommandLine() = default;
+
 void CommandLine::AddImportOptions()
 {
     constexpr const char* Heading = "Import";
-    auto* prompt = m_app.add_flag(
+    auto* prompt = m_app->add_flag(
         "--prompt", [this](std::int64_t) { asking = Asking::Prompt; },
         "Ask for the import options on the terminal");
     m_app
-        .add_flag(
+        ->add_flag(
             "--dialog", [this](std::int64_t) { asking = Asking::Dialog; },
             "Ask for the import options in a dialog")
         ->excludes(prompt)
         ->group(Heading);
     prompt->group(Heading);
-    m_app.add_flag("--zoom", zoom, "Zoom the views to the extents after each import")
+    m_app->add_flag("--zoom", zoom, "Zoom the views to the extents after each import")
         ->group(Heading);
-    m_app.add_option("--tolerance", tolerance, "The document's absolute tolerance")
+    m_app->add_option("--tolerance", tolerance, "The document's absolute tolerance")
         ->capture_default_str()
         ->option_text("X")
         ->group(Heading);
-    m_app.add_option("--run", run, "Run a command of the plug-in instead of importing")
+    m_app->add_option("--run", run, "Run a command of the plug-in instead of importing")
         ->option_text("COMMAND")
         ->group(Heading);
 }
@@ -45,14 +50,14 @@ void CommandLine::AddImportOptions()
 void CommandLine::AddProgramOptions()
 {
     const auto addPath = [this](const char* name, std::string& path, const char* description) {
-        m_app.add_option(name, path, description)->option_text("PATH");
+        m_app->add_option(name, path, description)->option_text("PATH");
     };
     addPath("--json", json, "Write the document as JSON; -: to standard output");
     addPath("--settings", settings, "The settings file to use");
     addPath("--strings", strings, "A table of texts in the user's language");
     addPath("--module", module, "The plug-in's module (default: beside this program)");
-    m_app.add_flag("--about", about, "Show what the module says of itself and end");
-    m_app.add_flag("-q,--quiet", quiet, "Show neither messages nor summary");
+    m_app->add_flag("--about", about, "Show what the module says of itself and end");
+    m_app->add_flag("-q,--quiet", quiet, "Show neither messages nor summary");
 }
 
 void CommandLine::CheckWhatIsAsked() const
@@ -73,12 +78,12 @@ std::optional<int> CommandLine::Read(std::vector<std::string> arguments)
 {
     try {
         std::reverse(arguments.begin(), arguments.end());
-        m_app.parse(arguments);
+        m_app->parse(arguments);
         CheckWhatIsAsked();
         return std::nullopt;
     } catch (const CLI::ParseError& end) {
         if (end.get_exit_code() == 0)
-            return m_app.exit(end);
+            return m_app->exit(end);
         std::fprintf(stderr, "objimport: %s\n", end.what());
     } catch (const ProgramError& error) {
         std::fprintf(stderr, "objimport: %s\n", error.what());

@@ -2,6 +2,7 @@
 
 #include "console_host/program/option_switches.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ struct CommandLine
     CommandLine();
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
+    ~CommandLine();
 
     /// Reads the arguments. An exit status when that ends the program: 0 after help or version, 2
     /// after wrong usage, with one line on standard error.
@@ -43,5 +45,5 @@ private:
     void AddProgramOptions();
     void CheckWhatIsAsked() const;
 
-    CLI::App m_app;
+    std::unique_ptr<CLI::App> m_app;
 };

@@ -2,6 +2,7 @@
 
 #include "host/geokit/string.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 namespace {

@@ -3,9 +3,13 @@
 #include "host/app/profile.h"
 #include "host/geokit/uuid.h"
 
-#include <CLI/CLI.hpp>
 #include <map>
 #include <string>
+
+namespace CLI {
+class App;
+class Option;
+} // namespace CLI
 
 /// The import options that the command line sets for one run: command-line switches, and the
 /// entries of the plug-in's settings that they stand for.

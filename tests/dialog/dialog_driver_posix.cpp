@@ -58,6 +58,10 @@ std::string Output(const std::string& command)
     return text;
 }
 
+/// For programs that are built with a leak checker.
+constexpr const char* LeakOptions =
+    "print_suppressions=0:suppressions=" PROJECT_FOLDER "/tests/dialog/library_leaks.txt";
+
 /// A screen of the test's own.
 class TestScreen
 {
@@ -78,6 +82,7 @@ public:
         if (number.empty())
             throw std::runtime_error("Xvfb does not start");
         setenv("DISPLAY", (":" + number).c_str(), 1); // NOLINT(concurrency-mt-unsafe)
+        setenv("LSAN_OPTIONS", LeakOptions, 1);       // NOLINT(concurrency-mt-unsafe)
     }
     TestScreen(const TestScreen&) = delete;
     TestScreen& operator=(const TestScreen&) = delete;

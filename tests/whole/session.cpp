@@ -7,6 +7,7 @@
 #include "console_host/program/plugin_module.h"
 #include "tests/whole/report.h"
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
