@@ -42,7 +42,7 @@ inline int TakePlainInteger(const char*& text)
          {-1e0, -1e1, -1e2, -1e3, -1e4, -1e5, -1e6, -1e7}}};
 
     const bool negative = *text == '-';
-    text += static_cast<int>(negative | (*text == '+'));
+    text += static_cast<int>(negative || *text == '+');
     const std::uint64_t bytes = LoadDigits(text);
     const std::size_t wholeBits = DigitBits(bytes);
     if (wholeBits == 0 || wholeBits == 64 || text[wholeBits / 8] != '.')
@@ -57,7 +57,7 @@ inline int TakePlainInteger(const char*& text)
     // Both are exact, so the quotient is rounded once and thus correctly. Half of all coordinates
     // are negative, so the sign is no place for a branch.
     value = static_cast<double>(DigitsValue(digits, digitBits)) /
-            Scales[std::size_t{negative}][(digitBits - wholeBits) / 8];
+            Scales[negative ? 1 : 0][(digitBits - wholeBits) / 8];
     return true;
 }
 

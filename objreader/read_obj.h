@@ -38,7 +38,7 @@ public:
 
     /// Opens the file, by its full path. All three arguments must outlive the reader. Never fails:
     /// a file that cannot be opened makes `Parse` give false.
-    CReadOBJ(const wchar_t* fileName, CKelvoDoc& doc, const CKelvoFileReadOptions& readOptions);
+    CReadOBJ(const wchar_t* path, CKelvoDoc& document, const CKelvoFileReadOptions& options);
     CReadOBJ(const CReadOBJ&) = delete;
     CReadOBJ& operator=(const CReadOBJ&) = delete;
     ~CReadOBJ();

@@ -157,8 +157,9 @@ private:
 
     void Reallocate(int capacity)
     {
-        m_elements = static_cast<T*>(
-            GK_Reallocate(m_elements, sizeof(T) * static_cast<std::size_t>(capacity)));
+        // NOLINTNEXTLINE(*-sizeof-*): elements may be pointers
+        const std::size_t size = sizeof(T) * static_cast<std::size_t>(capacity);
+        m_elements = static_cast<T*>(GK_Reallocate(m_elements, size));
         m_capacity = capacity;
     }
 
