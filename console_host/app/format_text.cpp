@@ -1,6 +1,6 @@
 #include "console_host/app/format_text.h"
 
-#include "console_host/app/format_spec.h"
+#include "console_host/app/format_directive.h"
 
 #include "host/geokit/string.h"
 
@@ -59,14 +59,14 @@ std::wstring Widened(std::string_view ascii)
 }
 
 /// The C format of a number's placeholder, ending in this length and the conversion.
-std::string NumberFormat(const FormatSpec& spec, const char* length)
+std::string NumberFormat(const FormatDirective& directive, const char* length)
 {
-    std::string format = "%" + spec.flags;
-    if (spec.width >= 0)
-        format += std::to_string(spec.width);
-    if (spec.precision >= 0)
-        format += '.' + std::to_string(spec.precision);
-    return format + length + static_cast<char>(spec.conversion);
+    std::string format = "%" + directive.flags;
+    if (directive.width >= 0)
+        format += std::to_string(directive.width);
+    if (directive.precision >= 0)
+        format += '.' + std::to_string(directive.precision);
+    return format + length + static_cast<char>(directive.conversion);
 }
 
 template <class Number>
@@ -81,26 +81,26 @@ std::wstring FormatNumber(const std::string& format, Number number)
     return Widened(text);
 }
 
-std::wstring FormatInteger(const FormatSpec& spec, Arguments& arguments)
+std::wstring FormatInteger(const FormatDirective& directive, Arguments& arguments)
 {
-    const std::string format = NumberFormat(spec, "ll");
-    return spec.IsSigned() ? FormatNumber(format, TakeSigned(arguments, spec.length))
-                           : FormatNumber(format, TakeUnsigned(arguments, spec.length));
+    const std::string format = NumberFormat(directive, "ll");
+    return directive.IsSigned() ? FormatNumber(format, TakeSigned(arguments, directive.length))
+                                : FormatNumber(format, TakeUnsigned(arguments, directive.length));
 }
 
-std::wstring FormatReal(const FormatSpec& spec, Arguments& arguments)
+std::wstring FormatReal(const FormatDirective& directive, Arguments& arguments)
 {
-    if (spec.length == L"L")
-        return FormatNumber(NumberFormat(spec, "L"), va_arg(arguments.list, long double));
-    return FormatNumber(NumberFormat(spec, ""), va_arg(arguments.list, double));
+    if (directive.length == L"L")
+        return FormatNumber(NumberFormat(directive, "L"), va_arg(arguments.list, long double));
+    return FormatNumber(NumberFormat(directive, ""), va_arg(arguments.list, double));
 }
 
-std::wstring Padded(std::wstring text, const FormatSpec& spec)
+std::wstring Padded(std::wstring text, const FormatDirective& directive)
 {
-    const auto width = static_cast<std::size_t>(std::max(spec.width, 0));
+    const auto width = static_cast<std::size_t>(std::max(directive.width, 0));
     if (text.size() >= width)
         return text;
-    const bool left = spec.flags.find('-') != std::string::npos;
+    const bool left = directive.flags.find('-') != std::string::npos;
     text.insert(left ? text.size() : 0, width - text.size(), L' ');
     return text;
 }
@@ -115,68 +115,70 @@ std::size_t LengthWithin(const Character* text, int precision)
     return length;
 }
 
-std::wstring FormatString(const FormatSpec& spec, Arguments& arguments)
+std::wstring FormatString(const FormatDirective& directive, Arguments& arguments)
 {
-    if (spec.IsNarrow()) {
+    if (directive.IsNarrow()) {
         const char* text = va_arg(arguments.list, const char*);
         if (text == nullptr)
-            return Padded(L"(null)", spec);
-        const GK_wString wide(std::string_view(text, LengthWithin(text, spec.precision)));
-        return Padded(std::wstring(wide.View()), spec);
+            return Padded(L"(null)", directive);
+        const GK_wString wide(std::string_view(text, LengthWithin(text, directive.precision)));
+        return Padded(std::wstring(wide.View()), directive);
     }
     const wchar_t* text = va_arg(arguments.list, const wchar_t*);
     if (text == nullptr)
-        return Padded(L"(null)", spec);
-    return Padded(std::wstring(text, LengthWithin(text, spec.precision)), spec);
+        return Padded(L"(null)", directive);
+    return Padded(std::wstring(text, LengthWithin(text, directive.precision)), directive);
 }
 
-std::wstring FormatCharacter(const FormatSpec& spec, Arguments& arguments)
+std::wstring FormatCharacter(const FormatDirective& directive, Arguments& arguments)
 {
     // Either kind of character is handed over as an int.
     const int value = va_arg(arguments.list, int);
-    if (!spec.IsNarrow())
-        return Padded(std::wstring(1, static_cast<wchar_t>(value)), spec);
+    if (!directive.IsNarrow())
+        return Padded(std::wstring(1, static_cast<wchar_t>(value)), directive);
     const char byte = static_cast<char>(value);
-    return Padded(std::wstring(GK_wString(std::string_view(&byte, 1)).View()), spec);
+    return Padded(std::wstring(GK_wString(std::string_view(&byte, 1)).View()), directive);
 }
 
-std::wstring FormatPointer(FormatSpec spec, Arguments& arguments)
+std::wstring FormatPointer(FormatDirective directive, Arguments& arguments)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(va_arg(arguments.list, const void*));
-    spec.conversion = L'X';
-    spec.precision = static_cast<int>(sizeof(void*)) * 2;
-    return FormatNumber(NumberFormat(spec, "ll"), static_cast<unsigned long long>(address));
+    directive.conversion = L'X';
+    directive.precision = static_cast<int>(sizeof(void*)) * 2;
+    return FormatNumber(NumberFormat(directive, "ll"), static_cast<unsigned long long>(address));
 }
 
 /// Takes the width and the precision that stand in the arguments.
-void TakeFields(FormatSpec& spec, Arguments& arguments)
+void TakeFields(FormatDirective& directive, Arguments& arguments)
 {
-    if (spec.width == FormatSpec::FromArgument) {
+    if (directive.width == FormatDirective::FromArgument) {
         const int width = va_arg(arguments.list, int);
         if (width < 0)
-            spec.flags += '-';
-        spec.width = width < -LargestField ? LargestField : std::min(std::abs(width), LargestField);
+            directive.flags += '-';
+        directive.width =
+            width < -LargestField ? LargestField : std::min(std::abs(width), LargestField);
     }
-    if (spec.precision == FormatSpec::FromArgument) {
+    if (directive.precision == FormatDirective::FromArgument) {
         const int precision = va_arg(arguments.list, int);
-        spec.precision = precision < 0 ? FormatSpec::None : std::min(precision, LargestField);
+        directive.precision =
+            precision < 0 ? FormatDirective::None : std::min(precision, LargestField);
     }
 }
 
-std::wstring FormatOne(FormatSpec spec, Arguments& arguments)
+std::wstring FormatOne(FormatDirective directive, Arguments& arguments)
 {
-    TakeFields(spec, arguments);
-    switch (spec.Takes()) {
-    case FormatSpec::Argument::Integer:
-        return FormatInteger(spec, arguments);
-    case FormatSpec::Argument::Real:
-        return FormatReal(spec, arguments);
-    case FormatSpec::Argument::Character:
-        return FormatCharacter(spec, arguments);
-    case FormatSpec::Argument::String:
-        return FormatString(spec, arguments);
-    case FormatSpec::Argument::Pointer:
-        return FormatPointer(std::move(spec), arguments);
+    TakeFields(directive, arguments);
+    switch (directive.Takes()) {
+    case FormatDirective::Argument::Integer:
+        return FormatInteger(directive, arguments);
+    case FormatDirective::Argument::Real:
+        return FormatReal(directive, arguments);
+    case FormatDirective::Argument::Character:
+        return FormatCharacter(directive, arguments);
+    case FormatDirective::Argument::String:
+        return FormatString(directive, arguments);
+    case FormatDirective::Argument::Pointer:
+        return FormatPointer(std::move(directive), arguments);
     default:
         return L"%";
     }
@@ -196,12 +198,12 @@ std::wstring FormatText(const wchar_t* format, std::va_list arguments)
         rest.remove_prefix(plain);
         if (rest.empty())
             break;
-        FormatSpec spec = TakeFormatSpec(rest);
-        if (spec.Takes() == FormatSpec::Argument::Unknown) {
-            text.append(spec.text).append(rest);
+        FormatDirective directive = TakeFormatDirective(rest);
+        if (directive.Takes() == FormatDirective::Argument::Unknown) {
+            text.append(directive.text).append(rest);
             break;
         }
-        text += FormatOne(std::move(spec), taken);
+        text += FormatOne(std::move(directive), taken);
     }
     va_end(taken.list);
     return text;
@@ -214,17 +216,17 @@ std::vector<std::wstring> Placeholders(std::wstring_view format)
         format.remove_prefix(std::min(format.find(L'%'), format.size()));
         if (format.empty())
             return placeholders;
-        const FormatSpec spec = TakeFormatSpec(format);
-        if (spec.Takes() == FormatSpec::Argument::Nothing)
+        const FormatDirective directive = TakeFormatDirective(format);
+        if (directive.Takes() == FormatDirective::Argument::Nothing)
             continue;
-        if (spec.Takes() == FormatSpec::Argument::Unknown) {
+        if (directive.Takes() == FormatDirective::Argument::Unknown) {
             placeholders.emplace_back(L"?");
             return placeholders;
         }
         std::wstring asked;
-        for (const int field : {spec.width, spec.precision})
-            if (field == FormatSpec::FromArgument)
+        for (const int field : {directive.width, directive.precision})
+            if (field == FormatDirective::FromArgument)
                 asked += L'*';
-        placeholders.push_back(asked + spec.length + spec.conversion);
+        placeholders.push_back(asked + directive.length + directive.conversion);
     }
 }

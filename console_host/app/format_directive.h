@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// One placeholder of a printf format, taken apart.
-struct FormatSpec
+struct FormatDirective
 {
     static constexpr int None = -1;
     static constexpr int FromArgument = -2;
@@ -41,4 +41,4 @@ struct FormatSpec
 constexpr int LargestField = 10000;
 
 /// Takes the placeholder at the front of `format` apart and removes it; `format` starts with '%'.
-FormatSpec TakeFormatSpec(std::wstring_view& format);
+FormatDirective TakeFormatDirective(std::wstring_view& format);

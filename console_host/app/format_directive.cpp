@@ -1,4 +1,4 @@
-#include "console_host/app/format_spec.h"
+#include "console_host/app/format_directive.h"
 
 #include <algorithm>
 
@@ -14,9 +14,9 @@ int TakeField(std::wstring_view& rest)
 {
     if (!rest.empty() && rest.front() == L'*') {
         rest.remove_prefix(1);
-        return FormatSpec::FromArgument;
+        return FormatDirective::FromArgument;
     }
-    int value = FormatSpec::None;
+    int value = FormatDirective::None;
     while (!rest.empty() && IsAmong(rest.front(), L"0123456789")) {
         value =
             std::min(std::max(value, 0) * 10 + static_cast<int>(rest.front() - L'0'), LargestField);
@@ -39,33 +39,33 @@ std::wstring TakeLength(std::wstring_view& rest)
 
 } // namespace
 
-FormatSpec TakeFormatSpec(std::wstring_view& format)
+FormatDirective TakeFormatDirective(std::wstring_view& format)
 {
-    FormatSpec spec;
+    FormatDirective directive;
     std::wstring_view rest = format.substr(1);
     while (!rest.empty() && IsAmong(rest.front(), L"-+ #0")) {
-        if (spec.flags.find(static_cast<char>(rest.front())) == std::string::npos)
-            spec.flags += static_cast<char>(rest.front());
+        if (directive.flags.find(static_cast<char>(rest.front())) == std::string::npos)
+            directive.flags += static_cast<char>(rest.front());
         rest.remove_prefix(1);
     }
-    spec.width = TakeField(rest);
+    directive.width = TakeField(rest);
     if (!rest.empty() && rest.front() == L'.') {
         rest.remove_prefix(1);
-        spec.precision = TakeField(rest);
-        if (spec.precision == FormatSpec::None)
-            spec.precision = 0;
+        directive.precision = TakeField(rest);
+        if (directive.precision == FormatDirective::None)
+            directive.precision = 0;
     }
-    spec.length = TakeLength(rest);
+    directive.length = TakeLength(rest);
     if (!rest.empty()) {
-        spec.conversion = rest.front();
+        directive.conversion = rest.front();
         rest.remove_prefix(1);
     }
-    spec.text = format.substr(0, format.size() - rest.size());
+    directive.text = format.substr(0, format.size() - rest.size());
     format = rest;
-    return spec;
+    return directive;
 }
 
-FormatSpec::Argument FormatSpec::Takes() const
+FormatDirective::Argument FormatDirective::Takes() const
 {
     if (conversion == L'\0')
         return Argument::Unknown;
@@ -84,7 +84,7 @@ FormatSpec::Argument FormatSpec::Takes() const
     return conversion == L'p' && length.empty() ? Argument::Pointer : Argument::Unknown;
 }
 
-bool FormatSpec::IsNarrow() const
+bool FormatDirective::IsNarrow() const
 {
     if (!length.empty())
         return length == L"h";
