@@ -23,16 +23,6 @@ bool ReadInteger(const char* text, int& value);
 /// Steps `text` behind the digits.
 int TakeInteger(const char*& text);
 
-/// As TakeInteger, for the many integers that are digits only, and few of them.
-inline int TakePlainInteger(const char*& text)
-{
-    const DigitRun run = ReadDigits(text);
-    if (run.count == 0 || run.count == 8)
-        return TakeInteger(text);
-    text += run.count;
-    return static_cast<int>(run.value);
-}
-
 /// As ReadReal, for what most reals are: a sign or none, digits, a point, digits, eight in all at
 /// most, and nothing more. False for all others.
 [[gnu::always_inline]] inline bool ReadPlainReal(const char* text, double& value)

@@ -44,7 +44,6 @@ void CompareInteger(const std::string& text)
     ASSERT_EQ(value, isNumber ? expected : 4711) << text;
     const char* behind = padded.c_str();
     ASSERT_EQ(TakeInteger(behind), expected) << text;
-    ASSERT_EQ(TakePlainInteger(behind = padded.c_str()), expected) << text;
     if (isNumber) {
         ASSERT_EQ(behind - padded.c_str(), end - text.c_str()) << text;
     }
