@@ -2,7 +2,11 @@
 
 #include "console_host/app/document_object.h"
 
-CKelvoObject::CKelvoObject(const GK_MdxObjectAttributes& attributes) : m_attributes(attributes) {}
+#include <utility>
+
+CKelvoObject::CKelvoObject(GK_MdxObjectAttributes attributes) : m_attributes(std::move(attributes))
+{
+}
 
 CKelvoObject::~CKelvoObject() = default;
 

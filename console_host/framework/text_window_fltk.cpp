@@ -40,15 +40,18 @@ void Close(Fl_Widget* button, void*)
 }
 
 /// The button that Enter and Escape press, below the rest of the window.
-Fl_Widget* AddCloseButton(Fl_Window& window, const char* label)
+class CloseButton : public Fl_Button
 {
-    auto* button = new Fl_Button((window.w() - ButtonWidth) / 2, window.h() - ButtonHeight - Margin,
-                                 ButtonWidth, ButtonHeight, label);
-    button->labelsize(FontSize);
-    button->shortcut(FL_Enter);
-    button->callback(&Close);
-    return button;
-}
+public:
+    CloseButton(const Fl_Window& window, const char* text)
+        : Fl_Button((window.w() - ButtonWidth) / 2, window.h() - ButtonHeight - Margin, ButtonWidth,
+                    ButtonHeight, text)
+    {
+        labelsize(FontSize);
+        shortcut(FL_Enter);
+        callback(&Close);
+    }
+};
 
 /// `focus` gets the keyboard. Setting the focus shows a window, so that comes last.
 void RunUntilClosed(Fl_Window& window, Fl_Widget& focus)
@@ -62,14 +65,19 @@ void RunUntilClosed(Fl_Window& window, Fl_Widget& focus)
         Fl::wait();
 }
 
-void AddIcon(unsigned int flags)
+class MessageIcon : public Fl_Box
 {
-    auto* icon = new Fl_Box(FL_THIN_UP_BOX, Margin, Margin, IconSize, IconSize, nullptr);
-    icon->label((flags & IconMask) == WarningIcon ? "!" : "i");
-    icon->labelfont(FL_HELVETICA_BOLD);
-    icon->labelsize(IconSize / 2);
-    icon->color((flags & IconMask) == WarningIcon ? FL_YELLOW : FL_WHITE);
-}
+public:
+    explicit MessageIcon(unsigned int flags)
+        : Fl_Box(FL_THIN_UP_BOX, Margin, Margin, IconSize, IconSize, nullptr)
+    {
+        const bool isWarning = (flags & IconMask) == WarningIcon;
+        label(isWarning ? "!" : "i");
+        labelfont(FL_HELVETICA_BOLD);
+        labelsize(IconSize / 2);
+        color(isWarning ? FL_YELLOW : FL_WHITE);
+    }
+};
 
 } // namespace
 
@@ -100,12 +108,13 @@ void ShowMessageWindow(std::wstring_view text, std::wstring_view caption, unsign
     Fl_Double_Window window(MessageWidth + IconSize + 3 * Margin,
                             bodyHeight + ButtonHeight + 3 * Margin);
     window.copy_label(Utf8(caption).c_str());
-    AddIcon(flags);
+    const MessageIcon icon(flags);
     Fl_Box body(IconSize + 2 * Margin, Margin, MessageWidth, bodyHeight);
     body.labelsize(FontSize);
     body.align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE | FL_ALIGN_WRAP);
     body.copy_label(label.c_str());
-    RunUntilClosed(window, *AddCloseButton(window, "OK"));
+    CloseButton button(window, "OK");
+    RunUntilClosed(window, button);
 }
 
 void ShowTextWindow(std::wstring_view text, std::wstring_view caption)
@@ -119,7 +128,7 @@ void ShowTextWindow(std::wstring_view text, std::wstring_view caption)
     display.buffer(buffer);
     display.textsize(FontSize);
     display.wrap_mode(Fl_Text_Display::WRAP_AT_BOUNDS, 0);
-    AddCloseButton(window, "Close");
+    const CloseButton button(window, "Close");
     window.resizable(display);
     RunUntilClosed(window, display);
     display.buffer(nullptr);

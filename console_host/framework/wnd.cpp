@@ -2,15 +2,19 @@
 
 #include "console_host/framework/native_dialog.h"
 
+#include <algorithm>
+#include <span>
+
 bool CCmdTarget::Dispatch(WindowMessage message, int controlId)
 {
-    for (const MessageMapEntry& entry : MessageMap()) {
-        if (entry.message == message && entry.controlId == controlId) {
-            (this->*entry.handler)();
-            return true;
-        }
-    }
-    return false;
+    const std::span<const MessageMapEntry> map = MessageMap();
+    const auto entry = std::find_if(map.begin(), map.end(), [&](const MessageMapEntry& line) {
+        return line.message == message && line.controlId == controlId;
+    });
+    if (entry == map.end())
+        return false;
+    (this->*entry->handler)();
+    return true;
 }
 
 void CWnd::EnableWindow(bool enable)

@@ -48,7 +48,10 @@ public:
     {
         const GK_3dPoint center = Cell(point);
         for (int i = 0; i < 27; ++i) {
-            const GK_3dVector step{i % 3 - 1.0, i / 3 % 3 - 1.0, i / 9 - 1.0};
+            const int column = i % 3;
+            const int row = i / 3 % 3;
+            const int layer = i / 9;
+            const GK_3dVector step{column - 1.0, row - 1.0, layer - 1.0};
             const auto [first, last] = m_cells.equal_range(center + step);
             for (auto entry = first; entry != last; ++entry)
                 if (entry->second.point.DistanceTo(point) <= m_width)

@@ -25,7 +25,7 @@ private:
     void DropEmptyParts();
     void NaturalOuterLoop(int face);
     bool MakeChain(GK_BrepLoop& loop);
-    bool Meet(int trim, std::size_t end, int next, std::size_t endOfNext) const;
+    [[nodiscard]] bool Meet(int trim, std::size_t end, int next, std::size_t endOfNext) const;
     bool RefuseGap(const GK_BrepLoop& loop, int k);
     void Orient(GK_BrepLoop& loop);
     void BoundHoles();
@@ -46,7 +46,8 @@ std::string Text(const char* format, Arguments... arguments)
 
 std::vector<char> All(int count)
 {
-    return std::vector<char>(static_cast<std::size_t>(count), 1);
+    std::vector<char> all(static_cast<std::size_t>(count), 1);
+    return all;
 }
 
 GK_Brep::Survivors Everything(const GK_Brep& brep)

@@ -3,6 +3,7 @@
 #include "console_host/geokit/knots.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -75,12 +76,11 @@ bool EndsMeet(const GK_Surface& surface, const TrimEnds& a, std::size_t endOfA, 
     const GK_3dPoint& to = b.uv[endOfB];
     if (from == to)
         return true;
-    for (const double fraction : {0.25, 0.5, 0.75}) {
+    constexpr std::array<double, 3> Fractions{0.25, 0.5, 0.75};
+    return std::all_of(Fractions.begin(), Fractions.end(), [&](double fraction) {
         const GK_3dPoint between = Image(surface, from + fraction * (to - from));
-        if (!(point.DistanceTo(between) <= 2.0 * near))
-            return false;
-    }
-    return true;
+        return point.DistanceTo(between) <= 2.0 * near;
+    });
 }
 
 void SeparateTrimCurves(GK_Brep& brep)

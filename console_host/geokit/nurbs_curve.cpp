@@ -5,6 +5,7 @@
 #include "console_host/geokit/nurbs_evaluation.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <new>
 
@@ -90,7 +91,7 @@ void GK_NurbsCurve::Reverse()
     std::reverse(knots.begin(), knots.end());
     for (double& knot : knots)
         knot = MirrorParameter(domain, knot);
-    const int stride = controlPointStride;
+    const std::ptrdiff_t stride = controlPointStride;
     double* values = controlPoints.Array();
     for (int i = 0, j = controlPointCount - 1; i < j; ++i, --j)
         std::swap_ranges(values + i * stride, values + (i + 1) * stride, values + j * stride);

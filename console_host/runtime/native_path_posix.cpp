@@ -3,10 +3,10 @@
 #include "host/geokit/string.h"
 
 #include <algorithm>
+#include <climits>
+#include <clocale>
 #include <cwctype>
 #include <dirent.h>
-#include <limits.h>
-#include <locale.h>
 #include <memory>
 #include <sys/stat.h>
 

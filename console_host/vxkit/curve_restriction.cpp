@@ -3,6 +3,7 @@
 #include "console_host/geokit/bspline_basis.h"
 #include "console_host/geokit/weighted_sum.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace {
@@ -53,6 +54,7 @@ double InsideSupport(const GK_SimpleArray<double>& knots, int degree, int index)
 std::unique_ptr<GK_NurbsCurve> RestrictCurve(const GK_NurbsCurve& curve, double t0, double t1)
 {
     const int degree = curve.Degree();
+    const std::ptrdiff_t stride = curve.controlPointStride;
     const GK_SimpleArray<double> knots = RestrictedKnots(curve, t0, t1);
     const std::span<const double> oldKnots(curve.knots.begin(), curve.knots.end());
     auto part = std::make_unique<GK_NurbsCurve>();
@@ -64,8 +66,8 @@ std::unique_ptr<GK_NurbsCurve> RestrictCurve(const GK_NurbsCurve& curve, double 
         points.assign(static_cast<std::size_t>(curve.order), WeightedSum());
         for (int j = 0; j <= degree; ++j)
             points[static_cast<std::size_t>(j)].Add(
-                1.0, curve.controlPoints.Array() + (span + j) * curve.controlPointStride,
-                curve.dimension, curve.rational);
+                1.0, curve.controlPoints.Array() + (span + j) * stride, curve.dimension,
+                curve.rational);
         const WeightedSum blossom =
             Blossom(points, curve.knots.Array() + span, degree, knots.Array() + i);
         const GK_3dPoint place = curve.rational ? blossom.Point() : GK_origin + blossom.sum;

@@ -15,7 +15,7 @@ class GK_Curve;
 class CKelvoObject : public GK_Object
 {
 public:
-    explicit CKelvoObject(const GK_MdxObjectAttributes& attributes);
+    explicit CKelvoObject(GK_MdxObjectAttributes attributes);
     CKelvoObject(const CKelvoObject&) = delete;
     CKelvoObject& operator=(const CKelvoObject&) = delete;
     ~CKelvoObject() override;
