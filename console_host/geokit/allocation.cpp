@@ -4,7 +4,10 @@
 #include "console_host/runtime/large_pages.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
+#include <limits>
 #include <new>
 
 namespace {
@@ -19,6 +22,60 @@ AllocationFaults& Faults() noexcept
 {
     static AllocationFaults faults;
     return faults;
+}
+
+/// Stands in front of every block.
+struct alignas(std::max_align_t) BlockHeader
+{
+    std::size_t size; ///< of header and block together; that of a large page at least when in such
+};
+
+/// Leaves room for the header and for rounding up to large pages.
+constexpr std::size_t LargestBlock = std::numeric_limits<std::size_t>::max() / 2;
+
+BlockHeader* HeaderOf(void* block) noexcept
+{
+    return block == nullptr ? nullptr : static_cast<BlockHeader*>(block) - 1;
+}
+
+bool InLargePages(std::size_t size) noexcept
+{
+    return size >= LargePageSize();
+}
+
+/// The size of the large pages that hold so many bytes.
+std::size_t PagesSize(std::size_t size) noexcept
+{
+    return (size + LargePageSize() - 1) / LargePageSize() * LargePageSize();
+}
+
+BlockHeader* MoveToLargePages(BlockHeader* header, std::size_t size) noexcept
+{
+    void* const pages = MapLargePages(PagesSize(size));
+    if (pages != nullptr && header != nullptr) {
+        std::memcpy(pages, header, header->size);
+        std::free(header);
+    }
+    return static_cast<BlockHeader*>(pages);
+}
+
+/// Makes a block, or makes it larger or smaller; null when there is no memory. One in large pages
+/// stays there.
+BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
+{
+    BlockHeader* resized = nullptr;
+    if (header != nullptr && InLargePages(header->size)) {
+        size = std::max(size, LargePageSize());
+        resized = static_cast<BlockHeader*>(
+            RemapLargePages(header, PagesSize(header->size), PagesSize(size)));
+    } else if (InLargePages(size)) {
+        resized = MoveToLargePages(header, size);
+    } else {
+        resized = static_cast<BlockHeader*>(std::realloc(header, size));
+    }
+    if (resized != nullptr)
+        resized->size = size;
+    return resized;
 }
 
 } // namespace
@@ -40,16 +97,19 @@ void* GK_Allocate(std::size_t size)
 
 void* GK_Reallocate(void* block, std::size_t size)
 {
-    if (++Faults().count == Faults().failing)
+    if (++Faults().count == Faults().failing || size > LargestBlock)
         throw std::bad_alloc();
-    void* moved = std::realloc(block, std::max<std::size_t>(size, 1));
-    if (moved == nullptr)
+    BlockHeader* const header = Resize(HeaderOf(block), size + sizeof(BlockHeader));
+    if (header == nullptr)
         throw std::bad_alloc();
-    PreferLargePages(moved, size);
-    return moved;
+    return header + 1;
 }
 
 void GK_Free(void* block) noexcept
 {
-    std::free(block);
+    BlockHeader* const header = HeaderOf(block);
+    if (header != nullptr && InLargePages(header->size))
+        UnmapLargePages(header, PagesSize(header->size));
+    else
+        std::free(header);
 }

@@ -1,0 +1,54 @@
+#include "console_host/runtime/large_pages.h"
+
+#include <cstdint>
+#include <sys/mman.h>
+
+// NOLINTBEGIN(*-no-int-to-ptr, *-cstyle-cast): MAP_FAILED
+
+namespace {
+
+constexpr std::size_t LargePage = std::size_t{1} << 21;
+
+} // namespace
+
+std::size_t LargePageSize() noexcept
+{
+    return LargePage;
+}
+
+void* MapLargePages(std::size_t size) noexcept
+{
+    // One large page more always holds an address to begin at; what is too much is given back.
+    void* const mapped =
+        mmap(nullptr, size + LargePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED)
+        return nullptr;
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(mapped) % LargePage;
+    char* const pages = static_cast<char*>(mapped) + before;
+    if (before > 0)
+        munmap(mapped, before);
+    munmap(pages + size, LargePage - before);
+    // Without the advice, or where it is not followed, pages are small: slower and as good.
+    madvise(pages, size, MADV_HUGEPAGE);
+    return pages;
+}
+
+void* RemapLargePages(void* pages, std::size_t size, std::size_t newSize) noexcept
+{
+    if (mremap(pages, size, newSize, 0) != MAP_FAILED)
+        return pages;
+    void* const target = MapLargePages(newSize);
+    if (target == nullptr)
+        return nullptr;
+    if (mremap(pages, size, newSize, MREMAP_MAYMOVE | MREMAP_FIXED, target) == target)
+        return target;
+    munmap(target, newSize);
+    return nullptr;
+}
+
+void UnmapLargePages(void* pages, std::size_t size) noexcept
+{
+    munmap(pages, size);
+}
+
+// NOLINTEND(*-no-int-to-ptr, *-cstyle-cast)
