@@ -1,7 +1,7 @@
 #pragma once
 
 // Ids of the module's resources, for the resource compiler too, which knows only macros.
-// NOLINTBEGIN(cppcoreguidelines-macro-usage,modernize-macro-to-enum)
+// NOLINTBEGIN(modernize-macro-to-enum)
 #define IDC_UNNAMED (-1)
 
 #define IDD_OBJ_IMPORT 7000
@@ -21,4 +21,4 @@
 #define IDC_OK 1
 #define IDC_CANCEL 2
 #define IDC_HELP 9
-// NOLINTEND(cppcoreguidelines-macro-usage,modernize-macro-to-enum)
+// NOLINTEND(modernize-macro-to-enum)

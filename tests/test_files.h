@@ -26,8 +26,7 @@ inline void WriteFile(const std::filesystem::path& path, std::string_view text)
 
 inline void WriteFile(const std::filesystem::path& path, const Bytes& bytes)
 {
-    WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), // NOLINT
-                                     bytes.size()));
+    WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
 /// A fresh folder, which goes with the test.

@@ -88,7 +88,7 @@ bool ReplaceFile(const std::filesystem::path& target, ImageBytes bytes)
     std::ofstream stream(unfinished, std::ios::binary | std::ios::trunc);
     if (!stream.is_open())
         return false;
-    stream.write(reinterpret_cast<const char*>(bytes.data()), // NOLINT(*-reinterpret-cast)
+    stream.write(reinterpret_cast<const char*>(bytes.data()),
                  static_cast<std::streamsize>(bytes.size()));
     stream.close();
     std::error_code error;

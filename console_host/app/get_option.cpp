@@ -47,7 +47,7 @@ int CKelvoGetOption::AddCommandOptionList(const CKelvoCommandOptionName& name, i
 int CKelvoGetOption::AddCommandOptionToggle(const CKelvoCommandOptionName& name,
                                             const CKelvoCommandOptionValue& offValue,
                                             const CKelvoCommandOptionValue& onValue, bool current,
-                                            bool* value) // NOLINT(readability-non-const-parameter)
+                                            bool* value) // NOLINT(*-non-const-*): written to later
 {
     m_prompt->items.push_back({name, {offValue, onValue}, current ? 1 : 0, value});
     return static_cast<int>(m_prompt->items.size());

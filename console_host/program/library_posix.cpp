@@ -7,7 +7,7 @@ Library::Library(const std::filesystem::path& path) : m_handle(dlopen(path.c_str
 {
     if (m_handle != nullptr)
         return;
-    std::string reason = dlerror(); // NOLINT(concurrency-mt-unsafe)
+    std::string reason = dlerror();
     if (const std::string start = path.native() + ": "; reason.rfind(start, 0) == 0)
         reason.erase(0, start.size());
     throw ProgramError("cannot load the module " + path.native() + ": " + reason);

@@ -9,7 +9,7 @@ std::vector<std::string> ProgramArguments(int count, char** arguments)
 
 StandardStreams::StandardStreams()
 {
-    std::signal(SIGPIPE, SIG_IGN); // NOLINT(cert-err33-c)
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 StandardStreams::~StandardStreams() = default;

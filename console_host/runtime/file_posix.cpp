@@ -37,7 +37,8 @@ bool IsPlainFile(int descriptor)
 
 } // namespace
 
-std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode) // NOLINT(*-reserved-identifier)
+// NOLINTNEXTLINE(*-reserved-identifier): the name that it has on Windows
+std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode)
 {
     if (path == nullptr || mode == nullptr)
         return nullptr;

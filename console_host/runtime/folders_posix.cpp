@@ -7,7 +7,7 @@ namespace {
 
 std::filesystem::path EnvironmentPath(const char* variable)
 {
-    const char* value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe)
+    const char* value = std::getenv(variable);
     return value != nullptr ? value : "";
 }
 

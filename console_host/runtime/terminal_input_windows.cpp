@@ -13,7 +13,7 @@ constexpr wchar_t EndOfInputKey = 0x1A; // Ctrl+Z
 
 HANDLE ConsoleOf(std::FILE* stream)
 {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the platform gives handles as integers
     const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) != 0 ? handle : nullptr;

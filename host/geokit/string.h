@@ -9,7 +9,10 @@ class GK_String
 {
 public:
     GK_String() = default;
-    GK_String(const char* text) : m_text(text != nullptr ? text : "") {} // NOLINT(*-explicit-*)
+    GK_String(const char* text) // NOLINT(*-explicit-*): a literal is a text
+        : m_text(text != nullptr ? text : "")
+    {
+    }
     explicit GK_String(std::string_view text) : m_text(text) {}
 
     [[nodiscard]] int Length() const { return static_cast<int>(m_text.size()); }

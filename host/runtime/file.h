@@ -9,5 +9,6 @@
 #ifdef _WIN32
 #include <cwchar>
 #else
-std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode); // NOLINT(*-identifier*)
+// NOLINTNEXTLINE(*-identifier*): the name that it has on Windows
+std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode);
 #endif

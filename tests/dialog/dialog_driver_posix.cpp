@@ -49,7 +49,7 @@ pid_t StartProgram(const std::vector<std::string>& command, int output = -1)
 /// The standard output of a command; empty also when the command failed.
 std::string Output(const std::string& command)
 {
-    std::FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r"); // NOLINT(cert-env33-c)
+    std::FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
     std::string text;
     std::array<char, 256> part{};
     while (std::fgets(part.data(), static_cast<int>(part.size()), pipe) != nullptr)
@@ -81,8 +81,8 @@ public:
         close(ends[0]);
         if (number.empty())
             throw std::runtime_error("Xvfb does not start");
-        setenv("DISPLAY", (":" + number).c_str(), 1); // NOLINT(concurrency-mt-unsafe)
-        setenv("LSAN_OPTIONS", LeakOptions, 1);       // NOLINT(concurrency-mt-unsafe)
+        setenv("DISPLAY", (":" + number).c_str(), 1);
+        setenv("LSAN_OPTIONS", LeakOptions, 1);
     }
     TestScreen(const TestScreen&) = delete;
     TestScreen& operator=(const TestScreen&) = delete;
@@ -203,7 +203,7 @@ private:
 
     static void Tool(const std::string& arguments)
     {
-        if (std::system(("xdotool " + arguments).c_str()) != 0) // NOLINT
+        if (std::system(("xdotool " + arguments).c_str()) != 0)
             throw std::runtime_error("xdotool failed: " + arguments);
     }
 

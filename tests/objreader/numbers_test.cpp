@@ -132,7 +132,7 @@ TEST(Numbers, RealsComeBackAsTheyWereWritten)
         const auto real = std::bit_cast<double>(bits);
         char text[64];
         for (const char* const format : {"%.17g", "%.7g", "%a", "%.16e"}) {
-            std::snprintf(text, sizeof text, format, real); // NOLINT(*-vararg)
+            std::snprintf(text, sizeof text, format, real);
             CompareReal(text);
         }
         std::snprintf(text, sizeof text, "%.6f",

@@ -112,7 +112,7 @@ TEST_F(PromptOnATerminal, AsksOnStandardErrorAndReadsAnyStandardInput)
         command << " '" << word << "'";
     command << " > '" << (m_folder / "out").string() << "' 2> '" << (m_folder / "err").string()
             << "'";
-    EXPECT_EQ(std::system(command.str().c_str()), 0); // NOLINT(*-command-processor)
+    EXPECT_EQ(std::system(command.str().c_str()), 0);
     EXPECT_EQ(TextOf("out").substr(0, 1), "{");
     EXPECT_EQ(TextOf("err"), "\"what\" is not one of the options.\n");
     EXPECT_THAT(TextOf("settings.ini"), HasSubstr("ZUp=true"));

@@ -79,7 +79,7 @@ TEST(Hostile, NoFileToRead)
 
 TEST(Hostile, BytesThatAreNoText)
 {
-    std::mt19937 random(1); // NOLINT(*-msc51-cpp): the same bytes in every run
+    std::mt19937 random(1); // the same bytes in every run
     for (int round = 0; round < 50; ++round) {
         std::string bytes(20000, '\0');
         for (char& byte : bytes)

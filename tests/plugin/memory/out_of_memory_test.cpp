@@ -24,7 +24,7 @@ void* AllocateOrFail(std::size_t size)
 {
     if (allocationsToFailure > 0 && --allocationsToFailure == 0)
         throw std::bad_alloc();
-    void* block = std::malloc(size > 0 ? size : 1); // NOLINT(*-no-malloc)
+    void* block = std::malloc(size > 0 ? size : 1);
     if (block == nullptr)
         throw std::bad_alloc();
     ++liveAllocations;
@@ -34,7 +34,7 @@ void* AllocateOrFail(std::size_t size)
 void Release(void* block) noexcept
 {
     liveAllocations -= block != nullptr ? 1 : 0;
-    std::free(block); // NOLINT(*-no-malloc)
+    std::free(block);
 }
 
 } // namespace
