@@ -38,9 +38,10 @@ public:
     [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
 
     /// Writes a file of the folder, with folders on the way, and gives its path.
+    // NOLINTNEXTLINE(modernize-use-nodiscard): what is wanted is often only the file
     std::filesystem::path Write(const std::filesystem::path& name, std::string_view contents) const
     {
-        const std::filesystem::path path = m_path / name;
+        std::filesystem::path path = m_path / name;
         std::filesystem::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary) << contents;
         return path;

@@ -39,11 +39,10 @@ void OptionSwitches::AddTo(CLI::App& commandLine)
             ->option_text("none|groups|layers|names")
             ->group(Heading);
     for (const Switch& one : Switches) {
-        const std::string name(one.name);
+        const std::string names =
+            std::string("--").append(one.name).append(",!--no-").append(one.name);
         m_options[one.entry] =
-            commandLine
-                .add_flag("--" + name + ",!--no-" + name, m_flags[one.entry], one.description)
-                ->group(Heading);
+            commandLine.add_flag(names, m_flags[one.entry], one.description)->group(Heading);
     }
 }
 

@@ -14,7 +14,7 @@ public:
     StandardStreams();
     StandardStreams(const StandardStreams&) = delete;
     StandardStreams& operator=(const StandardStreams&) = delete;
-    ~StandardStreams();
+    ~StandardStreams(); // NOLINT(*-trivially-destructible): not so on Windows
 
 private:
     unsigned int m_before = 0;

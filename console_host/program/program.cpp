@@ -84,7 +84,7 @@ void CheckFiles(const CommandLine& commandLine)
         if (why.empty() && !CanBeHandedOver(path))
             why = "a name with '\\' or with bytes that are no UTF-8 cannot be given to the plug-in";
         if (!why.empty())
-            throw ProgramError("cannot read " + file + ": " + why);
+            throw ProgramError(std::string("cannot read ").append(file).append(": ").append(why));
         std::error_code error;
         if (std::filesystem::equivalent(path, PathFromUtf8(commandLine.json), error))
             throw ProgramError("the JSON would replace the input " + file);

@@ -125,7 +125,7 @@ TEST(ProfileStore, MayBeMadeToFailAWrite)
     testing::internal::CaptureStderr();
     for (const wchar_t* entry : {L"A", L"B", L"C"})
         store.WriteInt(Section, entry, 1);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("B"), std::string::npos);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find('B'), std::string::npos);
     EXPECT_EQ(ReadInt(store, L"A"), 1);
     EXPECT_EQ(ReadInt(store, L"B"), -99);
     EXPECT_EQ(ReadInt(store, L"C"), 1);

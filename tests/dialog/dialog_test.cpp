@@ -33,7 +33,7 @@ const std::map<int, std::string> Boxes = {{IDC_OBJECT_NAMES, "UseONames"},
 /// Runs the program with a settings file of the test's own.
 class OptionsDialog : public testing::Test
 {
-protected:
+public:
     OptionsDialog()
     {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
@@ -43,6 +43,7 @@ protected:
     }
     ~OptionsDialog() override { std::filesystem::remove(m_settings); }
 
+protected:
     std::unique_ptr<DialogDriver> Start(std::vector<std::string> arguments)
     {
         arguments.insert(arguments.end(), {"--settings", m_settings.string()});
@@ -63,7 +64,7 @@ protected:
                                   << entries;
     }
 
-    std::string Stored() const
+    [[nodiscard]] std::string Stored() const
     {
         std::ifstream file(m_settings);
         return {std::istreambuf_iterator<char>(file), {}};

@@ -25,8 +25,9 @@ inline GK_NurbsCurve MakeCurve(int dimension, bool rational, int order,
                                const std::vector<double>& points, const std::vector<double>& knots)
 {
     GK_NurbsCurve curve;
-    const int stride = dimension + (rational ? 1 : 0);
-    curve.Create(dimension, rational, order, static_cast<int>(points.size()) / stride);
+    const std::ptrdiff_t stride = dimension + (rational ? 1 : 0);
+    const auto count = static_cast<std::ptrdiff_t>(points.size()) / stride;
+    curve.Create(dimension, rational, order, static_cast<int>(count));
     for (int i = 0; i < curve.controlPointCount; ++i)
         curve.SetCV(i, rational ? GK::euclidean_rational : GK::not_rational,
                     points.data() + i * stride);

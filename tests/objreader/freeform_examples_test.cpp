@@ -35,7 +35,7 @@ TEST(FreeformExamples, LoopsOfBrepsAreSound)
         EXPECT_TRUE(file.parsed);
         EXPECT_TRUE(file.reader->Build());
         ASSERT_EQ(file.doc.ObjectCount(), 1);
-        const GK_Brep& brep = file.Object<GK_Brep>(0);
+        const auto& brep = file.Object<GK_Brep>(0);
         EXPECT_EQ(brep.EdgeCount(), c.edges);
         EXPECT_EQ(brep.VertexCount(), c.vertices);
         EXPECT_EQ(brep.LoopCount(), c.loops);

@@ -151,7 +151,7 @@ TEST(FreeformSurfaces, BuildBreps)
         {"a part of a curve and a hole", "TRIM 0 2 1 2 0 2\nHole 0 4 3\n", 3, 3, {1, 2}, ""},
         {"a hole only", "hole 4 0 3\n", 5, 5, {1, 2}, ""},
         {"an empty loop", "hole\n", 4, 4, {1}, "loop: inner loop 1 of the brep has no trims\n"},
-        {"more faces", Knots.c_str(), 4, 4, {1}, ""},
+        {"more faces", Knots, 4, 4, {1}, ""},
         {"a gap",
          "trim 0 2 1 2 1 2\n",
          -1,
@@ -175,7 +175,7 @@ TEST(FreeformSurfaces, BuildBreps)
         ASSERT_EQ(file.doc.ObjectCount(), c.edges >= 0 ? 1 : 0);
         if (c.edges < 0)
             continue;
-        const GK_Brep& brep = file.Object<GK_Brep>(0);
+        const auto& brep = file.Object<GK_Brep>(0);
         EXPECT_EQ(brep.FaceCount(), 1);
         EXPECT_EQ(brep.EdgeCount(), c.edges);
         EXPECT_EQ(brep.VertexCount(), c.vertices);

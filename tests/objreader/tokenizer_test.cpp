@@ -29,7 +29,7 @@ class Tokenizer : public testing::Test
 protected:
     std::FILE* Open(const char* mode) const { return std::fopen(m_path.string().c_str(), mode); }
 
-    Lines ReadFile(std::size_t blockSize) const
+    [[nodiscard]] Lines ReadFile(std::size_t blockSize) const
     {
         CObjLineTokenizer tokenizer(Open("rb"), blockSize);
         Lines lines;
@@ -169,10 +169,10 @@ TEST_F(Tokenizer, CutsWhereLinesAreAboutAsLongAsABlock)
 
 TEST_F(Tokenizer, ReadsLinesAndTokensOfAnyLength)
 {
-    constexpr int Million = 1000000;
+    constexpr std::size_t Million = 1000000;
     const std::string longText(10 * Million, 'x');
     std::string manyTokens;
-    for (int i = 0; i < Million; ++i)
+    for (std::size_t i = 0; i < Million; ++i)
         manyTokens += i % 10 == 9 ? "12 \\\n" : "12 ";
     WriteFile(m_path, longText + "\n#" + longText + "\n" + manyTokens + "\nC:\\" + longText);
     const Lines lines = ReadFile(CObjLineTokenizer::DefaultBlockSize);

@@ -160,7 +160,7 @@ TEST(LocalizedTexts, TheEnglishTableHoldsWhatTheImporterSays)
     Texts said;
     SourceScanner(sources, said).Scan();
     for (const auto& [id, text] : said)
-        EXPECT_EQ(english.count(id) == 0 ? "" : english.at(id), text) << id;
+        EXPECT_EQ(english.contains(id) ? english.at(id) : "", text) << id;
 }
 
 TEST(LocalizedTexts, TheGermanTableReplacesEveryText)

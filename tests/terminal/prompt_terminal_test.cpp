@@ -29,9 +29,9 @@ protected:
 
     [[nodiscard]] std::vector<std::string> Command(std::vector<std::string> more = {}) const
     {
-        std::vector<std::string> command = {BUILD_FOLDER "/bin/objimport", "--settings",
-                                            (m_folder / "settings.ini").string(), "--prompt",
-                                            (m_folder / "scene.obj").string()};
+        std::vector<std::string> command = {std::string(BUILD_FOLDER) + "/bin/objimport",
+                                            "--settings", (m_folder / "settings.ini").string(),
+                                            "--prompt", (m_folder / "scene.obj").string()};
         command.insert(command.end(), more.begin(), more.end());
         return command;
     }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <numeric>
 #include <string>
 
 namespace {
@@ -129,9 +130,8 @@ TEST(Pushup, EndsOnAwkwardInput)
 
     // A zigzag across many knots: more pieces than there may be.
     std::vector<double> strip;
-    std::vector<double> many;
-    for (int i = 0; i < 2000; ++i)
-        many.push_back(i);
+    std::vector<double> many(2000);
+    std::iota(many.begin(), many.end(), 0.0);
     for (int j = 0; j < 2; ++j)
         for (int i = 0; i < 2000; ++i)
             strip.insert(strip.end(), {1.0 * i, 1.0 * j, 1.0 * (i % 3)});

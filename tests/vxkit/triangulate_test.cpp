@@ -282,8 +282,8 @@ TEST(Triangulate, AvoidsNarrowTriangles)
         const double x = 4.0 * i;
         wall.insert(wall.end(), {{x, 0}, {x + 1, 0}, {x + 1, 5}, {x + 3, 5}, {x + 3, 0}});
     }
-    for (double x = 40.0; x >= 0.0; x -= 1.0)
-        wall.push_back({x, 15.0});
+    for (int x = 40; x >= 0; --x)
+        wall.push_back({1.0 * x, 15.0});
     std::vector<Triangle> triangles;
     ASSERT_TRUE(Triangulate(wall, Plane::Tilted, triangles));
     for (const Triangle& triangle : triangles) {

@@ -8,6 +8,8 @@
 #define EXPORTED __attribute__((visibility("default")))
 #endif
 
+// Each module includes this once, and an inline function would not be exported.
+// NOLINTBEGIN(misc-definitions-in-headers)
 extern "C" {
 EXPORTED const wchar_t* KelvoPlugInDeveloperOrganization()
 {
@@ -50,3 +52,4 @@ EXPORTED int KelvoPlugInSdkServiceRelease()
     return 202001012;
 }
 }
+// NOLINTEND(misc-definitions-in-headers)
