@@ -12,13 +12,13 @@ namespace {
 struct Sheet
 {
     long long side;
-
-    [[nodiscard]] double Height(long long row, long long column) const
-    {
-        return 3.0 * std::sin(static_cast<double>(row) * 0.013) *
-               std::cos(static_cast<double>(column) * 0.017);
-    }
 };
+
+double Height(long long row, long long column)
+{
+    return 3.0 * std::sin(static_cast<double>(row) * 0.013) *
+           std::cos(static_cast<double>(column) * 0.017);
+}
 
 /// The largest sheet whose file stays within `bytes` when a grid point takes `bytesPerPoint`.
 Sheet SheetFor(std::size_t bytes, double bytesPerPoint)
@@ -27,17 +27,17 @@ Sheet SheetFor(std::size_t bytes, double bytesPerPoint)
     return {std::max(2LL, static_cast<long long>(std::sqrt(points)))};
 }
 
-void WritePosition(TextSink& sink, const Sheet& sheet, long long row, long long column)
+void WritePosition(TextSink& sink, long long row, long long column)
 {
     sink << "v " << static_cast<double>(column) * 0.05 << " " << static_cast<double>(row) * 0.05
-         << " " << sheet.Height(row, column) << "\n";
+         << " " << Height(row, column) << "\n";
 }
 
 void WritePositions(TextSink& sink, const Sheet& sheet)
 {
     for (long long row = 0; row < sheet.side; ++row)
         for (long long column = 0; column < sheet.side; ++column)
-            WritePosition(sink, sheet, row, column);
+            WritePosition(sink, row, column);
 }
 
 void WriteTextureCoordinatesAndNormals(TextSink& sink, const Sheet& sheet)
@@ -140,8 +140,10 @@ void WritePolygons(const std::string& path, std::size_t bytes)
     long long vertex = 1;
     for (long long polygon = 0; sink.Written() < bytes; ++polygon) {
         const long long corners = 5 + polygon % 12;
-        WriteRing(sink, corners, static_cast<double>(polygon % 1000) * 2.5,
-                  static_cast<double>(polygon / 1000) * 2.5, 1.0);
+        const long long column = polygon % 1000;
+        const long long row = polygon / 1000;
+        WriteRing(sink, corners, static_cast<double>(column) * 2.5, static_cast<double>(row) * 2.5,
+                  1.0);
         WriteFaceOverRange(sink, vertex, corners);
         vertex += corners;
     }
@@ -152,8 +154,10 @@ void WriteNegative(const std::string& path, std::size_t bytes)
 {
     TextSink sink(path);
     for (long long quad = 0; sink.Written() < bytes; ++quad) {
-        const double x = static_cast<double>(quad % 1000);
-        const double y = static_cast<double>(quad / 1000);
+        const long long column = quad % 1000;
+        const long long row = quad / 1000;
+        const auto x = static_cast<double>(column);
+        const auto y = static_cast<double>(row);
         for (const auto& [dx, dy] : {std::pair{0.1, 0.1}, {0.9, 0.1}, {0.9, 0.9}, {0.1, 0.9}})
             sink << "v " << x + dx << " " << y + dy << " 0.000000\nvt " << dx << " " << dy << "\n";
         sink << "f -4/-4 -3/-3 -2/-2 -1/-1\n";

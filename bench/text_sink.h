@@ -38,7 +38,7 @@ public:
     TextSink& operator<<(long long number)
     {
         char digits[32];
-        const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
         return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
     }
 
@@ -46,7 +46,7 @@ public:
     TextSink& operator<<(double number)
     {
         char digits[64];
-        const auto end =
+        const char* const end =
             std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, 6).ptr;
         return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
     }
