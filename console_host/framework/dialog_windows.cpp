@@ -41,8 +41,9 @@ int TextWidth(HWND control)
     wchar_t text[256];
     const int length = GetWindowTextW(control, text, 256);
     HDC device = GetDC(control);
-    HGDIOBJ before =
-        SelectObject(device, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages answer with integers
+    auto* font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+    HGDIOBJ before = SelectObject(device, font);
     SIZE size = {};
     GetTextExtentPoint32W(device, text, length, &size);
     SelectObject(device, before);
@@ -68,6 +69,7 @@ BOOL CALLBACK MakeRoom(HWND control, LPARAM dialogHandle)
                  place.bottom - place.top, onlySize);
 
     constexpr int Margin = 8;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry integers
     HWND dialog = reinterpret_cast<HWND>(dialogHandle);
     RECT frame = {};
     GetWindowRect(dialog, &frame);
@@ -112,9 +114,11 @@ private:
     {
         if (message == WM_INITDIALOG) {
             SetWindowLongPtrW(window, GWLP_USERDATA, lParam);
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry integers
             reinterpret_cast<ResourceDialog*>(lParam)->Open(window);
             return TRUE;
         }
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): kept as one
         auto* dialog = reinterpret_cast<ResourceDialog*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         return dialog != nullptr && dialog->Handle(message, wParam) ? TRUE : FALSE;
     }

@@ -63,6 +63,7 @@ INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 {
     switch (message) {
     case WM_INITDIALOG:
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry integers
         Open(window, *reinterpret_cast<const TextWindow*>(lParam));
         return FALSE;
     case WM_SIZE:

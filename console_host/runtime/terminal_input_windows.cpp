@@ -14,7 +14,7 @@ constexpr wchar_t EndOfInputKey = 0x1A; // Ctrl+Z
 HANDLE ConsoleOf(std::FILE* stream)
 {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the platform gives handles as integers
-    const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+    auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) != 0 ? handle : nullptr;
 }
@@ -60,7 +60,7 @@ bool IsTerminal(std::FILE* stream)
 
 ByteReader MakeByteReader(std::FILE* stream)
 {
-    if (const HANDLE console = ConsoleOf(stream); console != nullptr)
+    if (HANDLE console = ConsoleOf(stream); console != nullptr)
         return ConsoleReader(console);
     return [stream] { return std::fgetc(stream); };
 }

@@ -88,6 +88,7 @@ struct WindowSearch
 /// Titles are compared with case, unlike FindWindow does it.
 BOOL CALLBACK IsTheWindow(HWND window, LPARAM searchAddress)
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry integers
     auto& search = *reinterpret_cast<WindowSearch*>(searchAddress);
     wchar_t title[256];
     const int length = GetWindowTextW(window, title, 256);
