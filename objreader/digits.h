@@ -28,18 +28,18 @@ inline std::uint64_t LoadDigits(const char* text)
 }
 
 /// How many of eight loaded bytes are digits before the first that is none, in bits: 0, 8, to 64.
-inline std::size_t DigitBits(std::uint64_t digits)
+inline unsigned DigitBits(std::uint64_t digits)
 {
     // A digit's high half is 0 and stays so with 6 added to the low half.
     const std::uint64_t others = ((digits + 0x7676767676767676) | digits) & 0x8080808080808080;
-    return static_cast<std::size_t>(std::countr_zero(others)) & ~std::size_t{7};
+    return static_cast<unsigned>(std::countr_zero(others)) & ~7U;
 }
 
 /// The value of the first so many bits of digits, 8 at least.
-inline std::uint32_t DigitsValue(std::uint64_t digits, std::size_t digitBits)
+inline std::uint32_t DigitsValue(std::uint64_t digits, unsigned digitBits)
 {
     // The digits move up behind leading zeros; then neighbours join: 2, 4, 8 digits.
-    digits <<= 64 - digitBits;
+    digits <<= -digitBits % 64;
     digits = digits * 10 + (digits >> 8);
     constexpr std::uint64_t Pairs = 0x000000FF000000FF;
     digits = ((digits & Pairs) * (100 + (std::uint64_t{1000000} << 32)) +
@@ -52,7 +52,7 @@ inline std::uint32_t DigitsValue(std::uint64_t digits, std::size_t digitBits)
 inline DigitRun ReadDigits(const char* text)
 {
     const std::uint64_t digits = LoadDigits(text);
-    const std::size_t digitBits = DigitBits(digits);
+    const unsigned digitBits = DigitBits(digits);
     if (digitBits == 0)
         return {};
     return {DigitsValue(digits, digitBits), static_cast<int>(digitBits / 8)};

@@ -83,7 +83,7 @@ struct ParsedCorner
     CReadOBJ::BadField badField = CReadOBJ::BadFieldNone;
 };
 
-[[gnu::noinline]] ParsedCorner ParseAnyCorner(CReadOBJ& reader, const char* token)
+ParsedCorner ParseFields(CReadOBJ& reader, const char* token)
 {
     const CornerFields fields = CutCorner(token);
     ParsedCorner parsed;
@@ -94,56 +94,11 @@ struct ParsedCorner
     return parsed;
 }
 
-/// Reads a field of a few digits that names an element of a list, and steps to its end. False for
-/// all others.
-[[gnu::always_inline]] inline bool ReadPlainField(const char*& text, int listLength, int& index)
-{
-    const std::uint64_t digits = LoadDigits(text);
-    const std::size_t digitBits = DigitBits(digits);
-    if (digitBits == 0)
-        return false;
-    text += digitBits / 8;
-    index = static_cast<int>(DigitsValue(digits, digitBits)) - 1;
-    return index >= 0 && index < listLength;
-}
-
-/// Parses what nearly all corners are: "v", "v/vt", "v/vt/vn" or "v//vn", each a few digits that
-/// name an element. False for all others.
-[[gnu::always_inline]] inline bool ParsePlainCorner(const CReadOBJ& reader, const char* token,
-                                                    ParsedCorner& parsed)
-{
-    parsed.hasVertex = true;
-    parsed.fieldCount = 1;
-    if (!ReadPlainField(token, reader.vertices.Count(), parsed.indices.vi))
-        return false;
-    if (*token == '\0')
-        return true;
-    if (*token != '/')
-        return false;
-    parsed.fieldCount = 2;
-    if (*++token != '/') {
-        if (!ReadPlainField(token, reader.texCoords.Count(), parsed.indices.ti))
-            return false;
-        if (*token == '\0')
-            return true;
-        if (*token != '/')
-            return false;
-    }
-    parsed.fieldCount = 3;
-    return ReadPlainField(++token, reader.normals.Count(), parsed.indices.ni) && *token == '\0';
-}
-
-[[gnu::always_inline]] inline ParsedCorner ReadFields(CReadOBJ& reader, const char* token)
-{
-    ParsedCorner parsed;
-    return ParsePlainCorner(reader, token, parsed) ? parsed : ParseAnyCorner(reader, token);
-}
-
 } // namespace
 
 int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad_field)
 {
-    const ParsedCorner parsed = ReadFields(*this, token);
+    const ParsedCorner parsed = ParseFields(*this, token);
     vi = parsed.indices.vi;
     ti = parsed.indices.ti;
     ni = parsed.indices.ni;
@@ -164,10 +119,10 @@ bool CReadOBJ::NewGroupMesh()
 
 /// Reads a corner of a face. `fieldCount` is that of the face, 0 until a corner has set it; a
 /// corner whose fields do not agree with it is no part of the face, and false.
-inline bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner)
+bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner)
 {
     corner = {};
-    ParsedCorner parsed = ReadFields(*this, token);
+    ParsedCorner parsed = ParseFields(*this, token);
     if (parsed.fieldCount > MostFields)
         return false;
     if (parsed.hasVertex) {
@@ -206,4 +161,72 @@ bool CReadOBJ::ReadFace()
         ++face.cornerCount;
     }
     return true;
+}
+
+namespace {
+
+/// Takes an index of eight digits at most that names an element of a list. False for all others.
+[[gnu::always_inline]] inline bool TakePlainIndex(const char*& text, int listLength, int& index)
+{
+    const bool negative = *text == '-';
+    text += static_cast<int>(negative);
+    const std::uint64_t digits = LoadDigits(text);
+    const unsigned digitBits = DigitBits(digits);
+    if (digitBits == 0)
+        return false;
+    text += digitBits / 8;
+    const auto number = static_cast<int>(DigitsValue(digits, digitBits));
+    index = negative ? listLength - number : number - 1;
+    return index >= 0 && index < listLength;
+}
+
+/// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and gives how many fields that is; 0
+/// for all others.
+[[gnu::always_inline]] inline int TakePlainCorner(const CReadOBJ& reader, const char*& text,
+                                                  V_TN_IDX& corner)
+{
+    if (!TakePlainIndex(text, reader.vertices.Count(), corner.vi))
+        return 0;
+    if (*text != '/')
+        return 1;
+    ++text;
+    if (*text != '/' && !TakePlainIndex(text, reader.texCoords.Count(), corner.ti))
+        return 0;
+    if (*text != '/')
+        return 2;
+    ++text;
+    return TakePlainIndex(text, reader.normals.Count(), corner.ni) ? 3 : 0;
+}
+
+/// Takes plain corners, all of as many fields, up to the line end. False for all others.
+bool TakePlainCorners(const CReadOBJ& reader, const char*& text, GK_SimpleArray<V_TN_IDX>& corners)
+{
+    int fieldCount = 0;
+    while (SkipSpaces(text)) {
+        V_TN_IDX corner;
+        const int count = TakePlainCorner(reader, text, corner);
+        if (count == 0 || (count != fieldCount && fieldCount != 0) || !EndsNumber(*text))
+            return false;
+        fieldCount = count;
+        corners.Append(corner);
+    }
+    return true;
+}
+
+} // namespace
+
+bool CReadOBJ::ReadPlainFace(const char* text)
+{
+    if (ImportAsMorphTarget)
+        return false;
+    Geometry& geometry = currentGroup->GeometryToFill();
+    const int firstCorner = geometry.corners.Count();
+    const bool plain = TakePlainCorners(*this, text, geometry.corners);
+    const int cornerCount = geometry.corners.Count() - firstCorner;
+    if (!plain || cornerCount < 3 || !tokenizer.SkipLine(text)) {
+        geometry.corners.SetCount(firstCorner);
+        return false;
+    }
+    geometry.faces.Append({firstCorner, cornerCount});
+    return geometry.mesh || NewGroupMesh();
 }

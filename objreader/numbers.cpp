@@ -92,7 +92,7 @@ double ConvertExactly(std::string_view mantissa, const char* end, int exponent,
     return large ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-bool ReadDecimal(const char* text, double& value)
+bool TakeDecimal(const char*& text, double& value)
 {
     const char* p = text;
     std::uint64_t mantissa = 0;
@@ -119,6 +119,7 @@ bool ReadDecimal(const char* text, double& value)
     } else {
         value = static_cast<double>(mantissa) * ExactPowersOfTen[static_cast<std::size_t>(scale)];
     }
+    text = p;
     return true;
 }
 
@@ -127,13 +128,19 @@ bool IsHexDigit(char c)
     return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f');
 }
 
-/// Reads a number behind its "0x". False when no hexadecimal digit follows.
-bool ReadHexadecimal(const char* text, double& value)
+bool BeginsHexadecimal(const char* text)
 {
-    const char* p = text;
+    return text[0] == '0' && Lower(text[1]) == 'x';
+}
+
+/// False when no hexadecimal digit follows the "0x" that begins the number.
+bool TakeHexadecimal(const char*& text, double& value)
+{
+    const char* const start = text + 2;
+    const char* p = start;
     while (IsHexDigit(*p))
         ++p;
-    std::ptrdiff_t digits = p - text;
+    std::ptrdiff_t digits = p - start;
     if (*p == '.') {
         const char* const point = p++;
         while (IsHexDigit(*p))
@@ -142,23 +149,29 @@ bool ReadHexadecimal(const char* text, double& value)
     }
     if (digits == 0)
         return false;
-    const std::string_view mantissa(text, static_cast<std::size_t>(p - text));
+    const std::string_view mantissa(start, static_cast<std::size_t>(p - start));
     const int exponent = TakeExponent(p, 'p');
     value = ConvertExactly(mantissa, p, exponent, std::chars_format::hex);
+    text = p;
     return true;
 }
 
-bool BeginsWith(const char* text, std::string_view lowerCaseWord)
+bool TakeWord(const char*& text, std::string_view lowerCaseWord)
 {
-    const auto same = [&text](char c) { return Lower(*text++) == c; };
-    return std::all_of(lowerCaseWord.begin(), lowerCaseWord.end(), same);
+    const char* p = text;
+    const auto same = [&p](char c) { return Lower(*p++) == c; };
+    if (!std::all_of(lowerCaseWord.begin(), lowerCaseWord.end(), same))
+        return false;
+    text = p;
+    return true;
 }
 
-bool ReadWord(const char* text, double& value)
+/// What stands behind the three letters says nothing more about the value, and is left.
+bool TakeNoNumber(const char*& text, double& value)
 {
-    if (BeginsWith(text, "inf"))
+    if (TakeWord(text, "inf"))
         value = std::numeric_limits<double>::infinity();
-    else if (BeginsWith(text, "nan"))
+    else if (TakeWord(text, "nan"))
         value = std::numeric_limits<double>::quiet_NaN();
     else
         return false;
@@ -174,15 +187,16 @@ const char* SkipBlanks(const char* text)
 
 } // namespace
 
-bool ReadAnyReal(const char* text, double& value)
+bool TakeAnyReal(const char*& text, double& value)
 {
-    const char* const p = text + static_cast<int>(*text == '-' || *text == '+');
-    const bool hexadecimal = p[0] == '0' && Lower(p[1]) == 'x';
+    const bool negative = *text == '-';
+    const char* p = text + static_cast<int>(negative || *text == '+');
     double magnitude = 0.0;
-    if (!(hexadecimal && ReadHexadecimal(p + 2, magnitude)) && !ReadDecimal(p, magnitude) &&
-        !ReadWord(p, magnitude))
+    if (!(BeginsHexadecimal(p) && TakeHexadecimal(p, magnitude)) && !TakeDecimal(p, magnitude) &&
+        !TakeNoNumber(p, magnitude))
         return false;
-    value = *text == '-' ? -magnitude : magnitude;
+    text = p;
+    value = negative ? -magnitude : magnitude;
     return true;
 }
 

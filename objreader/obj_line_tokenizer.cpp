@@ -1,15 +1,25 @@
 #include "objreader/obj_line_tokenizer.h"
 
-#include "objreader/byte_classes.h"
-
 #include "host/runtime/file.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
-// Lines without a backslash are cut many at a time, 64 bytes in one step: that is where the speed
-// comes from. A line with a backslash is cut byte by byte, by the full rules.
+namespace {
+
+/// Printable ASCII without the space: what tokens are made of.
+constexpr bool IsPrintable(char byte)
+{
+    return byte > 0x20 && byte < 0x7F;
+}
+
+/// LF, CR or a zero byte.
+constexpr bool IsLineEnd(char byte)
+{
+    return byte == '\n' || byte == '\r' || byte == '\0';
+}
+
+} // namespace
 
 CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path) : CObjLineTokenizer(_wfopen(path, L"rb"))
 {
@@ -25,166 +35,51 @@ CObjLineTokenizer::CObjLineTokenizer(std::FILE* stream, std::size_t blockSize)
 
 CObjLineTokenizer::~CObjLineTokenizer() = default;
 
-/// Reads the next line when all lines cut so far have been served.
-bool CObjLineTokenizer::ReadMoreLines()
+bool CObjLineTokenizer::ReadLine()
 {
     if (!m_stream)
         return false;
     if (m_atEnd)
         return true;
-    if (!m_needsRules) {
-        ForgetLines();
+    m_tokens.Empty();
+    CutState state;
+    do {
         if (m_cursor == m_completeEnd)
-            Refill(m_cursor);
-        CutPlainLines();
-    }
-    if (m_linesServed < m_lineEnds.Count())
-        ServePlainLine();
-    else
-        CutByRules();
+            Refill(m_tokens.IsEmpty() ? m_cursor : m_buffer.get() + (m_tokens[0] - m_buffer.get()));
+        EndPhysicalLine(CutPhysicalLine(state));
+    } while (state.continued && !m_atEnd);
     return true;
 }
 
-void CObjLineTokenizer::ForgetLines()
+/// Cuts the physical line at the cursor into tokens; gives where it ends.
+char* CObjLineTokenizer::CutPhysicalLine(CutState& state)
 {
-    m_tokens.Empty();
-    m_lineEnds.Empty();
-    m_linesServed = m_tokensServed = 0;
-}
-
-/// Cuts all whole lines from the cursor on, up to the first block of bytes that holds a backslash.
-/// The line that reaches into that block is left as far as it has been cut.
-void CObjLineTokenizer::CutPlainLines()
-{
-    m_state = {};
-    m_state.insideComment = *m_cursor == '#';
-    while (m_cursor < m_completeEnd) {
-        const ByteBlock block(m_cursor);
-        if (block.anyBackslash) {
-            if (m_state.lineFeedFollows)
-                ++m_cursor;
-            m_state.lineFeedFollows = false;
-            m_needsRules = m_cursor < m_completeEnd;
-            return;
-        }
-        const std::ptrdiff_t left = m_completeEnd - m_cursor;
-        if (left >= ByteBlock::Size) {
-            CutBlock(block, ~std::uint64_t{0});
-            block.StorePrintable(m_cursor);
-            m_cursor += ByteBlock::Size;
-        } else {
-            CutBlock(block, (std::uint64_t{1} << left) - 1);
-            std::replace_if(
-                m_cursor, m_completeEnd, [](char byte) { return !IsPrintable(byte); }, '\0');
-            m_cursor = m_completeEnd;
-        }
+    state.insideToken = state.continued = false;
+    char* byte = m_cursor;
+    const bool comment = *byte == '#';
+    for (; !IsLineEnd(*byte); ++byte) {
+        if (!comment)
+            CutByte(byte, state);
     }
+    return byte;
 }
 
-namespace {
-
-/// Puts down the places of the bytes whose bits are set; gives the place behind the last.
-const char** PutTokens(const char** token, const char* bytes, std::uint64_t starts)
+inline void CObjLineTokenizer::CutByte(char* byte, CutState& state)
 {
-    for (; starts != 0; starts &= starts - 1)
-        *token++ = bytes + std::countr_zero(starts);
-    return token;
-}
-
-} // namespace
-
-/// Notes what follows a line end: the LF of a CR LF, a comment.
-inline void CObjLineTokenizer::EndPlainLine(const char* end)
-{
-    const char* next = end + 1;
-    if (*end == '\r') {
-        m_skipLineFeed = next == m_dataEnd;
-        m_state.lineFeedFollows = *next == '\n';
-        if (m_state.lineFeedFollows)
-            ++next;
-    }
-    m_state.insideComment = *next == '#';
-}
-
-/// Cuts the `valid` bytes of the block at the cursor.
-void CObjLineTokenizer::CutBlock(const ByteBlock& block, std::uint64_t valid)
-{
-    const std::uint64_t printable = block.printable & valid;
-    const std::uint64_t follows = printable << 1 | (m_state.insideToken ? 1U : 0U);
-    std::uint64_t starts = printable & ~follows;
-    std::uint64_t lineEnds = block.lineEnds & valid;
-    if (m_state.lineFeedFollows)
-        lineEnds &= ~std::uint64_t{1};
-    m_state.lineFeedFollows = false;
-
-    const char* const bytes = m_cursor;
-    const char** token = m_tokens.AppendUnset(ByteBlock::Size);
-    const char* const* const tokens = m_tokens.Array();
-    int* lineEnd = m_lineEnds.AppendUnset(ByteBlock::Size);
-    while (lineEnds != 0) {
-        const int place = std::countr_zero(lineEnds);
-        const std::uint64_t before = lineEnds ^ (lineEnds - 1);
-        lineEnds &= ~before;
-        if (!IsLineEnd(bytes[place]))
-            continue;
-        if (!m_state.insideComment)
-            token = PutTokens(token, bytes, starts & before);
-        starts &= ~before;
-        *lineEnd++ = static_cast<int>(token - tokens);
-        EndPlainLine(bytes + place);
-        if (m_state.lineFeedFollows && place < ByteBlock::Size - 1) {
-            lineEnds &= lineEnds - 1;
-            m_state.lineFeedFollows = false;
-        }
-    }
-    if (!m_state.insideComment)
-        token = PutTokens(token, bytes, starts);
-    m_tokens.SetCount(static_cast<int>(token - tokens));
-    m_lineEnds.SetCount(static_cast<int>(lineEnd - m_lineEnds.Array()));
-    m_state.insideToken = (printable >> (ByteBlock::Size - 1)) != 0;
-}
-
-/// Cuts the rest of the line at the cursor, and all physical lines that are joined to it.
-void CObjLineTokenizer::CutByRules()
-{
-    m_tokens.RemoveFirst(m_tokensServed);
-    for (;;) {
-        char* byte = m_cursor;
-        for (; !IsLineEnd(*byte); ++byte)
-            CutByte(byte);
-        EndPhysicalLine(byte);
-        if (!m_state.continued || m_atEnd)
-            break;
-        if (m_cursor == m_completeEnd)
-            Refill(m_tokens.IsEmpty() ? m_cursor : m_buffer.get() + (m_tokens[0] - m_buffer.get()));
-        m_state.insideComment = *m_cursor == '#';
-        m_state.insideToken = m_state.continued = false;
-    }
-    m_lineTokens = m_tokens.Array();
-    m_tokenCount = m_tokens.Count();
-    m_lineEnds.Empty();
-    m_linesServed = 0;
-    m_needsRules = false;
-}
-
-void CObjLineTokenizer::CutByte(char* byte)
-{
-    if (m_state.insideComment)
-        return;
     if (*byte == '\\') {
         if (!IsPrintable(byte[1])) {
-            m_state.continued = true;
+            state.continued = true;
             *byte = '\0';
             return;
         }
-        m_state.pathMode = true;
+        state.pathMode = true;
     }
     if (IsPrintable(*byte)) {
-        if (!m_state.insideToken)
+        if (!state.insideToken)
             m_tokens.Append(byte);
-        m_state.insideToken = true;
-    } else if (*byte != ' ' || !m_state.pathMode) {
-        m_state.insideToken = false;
+        state.insideToken = true;
+    } else if (*byte != ' ' || !state.pathMode) {
+        state.insideToken = false;
         *byte = '\0';
     }
 }
@@ -196,9 +91,12 @@ void CObjLineTokenizer::EndPhysicalLine(char* end)
         m_atEnd = true;
         return;
     }
-    EndPlainLine(end);
-    m_cursor = end + (m_state.lineFeedFollows ? 2 : 1);
-    m_state.lineFeedFollows = false;
+    m_cursor = end + 1;
+    if (*end == '\r') {
+        m_skipLineFeed = m_cursor == m_dataEnd;
+        if (*m_cursor == '\n')
+            ++m_cursor;
+    }
     *end = '\0';
 }
 

@@ -3,11 +3,8 @@
 #include "host/geokit/simple_array.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <memory>
-
-class ByteBlock;
 
 /// Reads a text file one logical line at a time and cuts the line into tokens.
 ///
@@ -15,8 +12,7 @@ class ByteBlock;
 /// - A backslash that ends a line, or stands before a byte that is not printable ASCII, joins the
 ///   next physical line to this one.
 /// - Once a logical line holds a backslash before a printable byte, as in a path, spaces in the
-/// rest
-///   of it no longer separate tokens.
+///   rest of it no longer separate tokens.
 ///
 /// LF, CR, CR LF and a zero byte each end a physical line. Lines and tokens may have any length.
 class CObjLineTokenizer
@@ -25,7 +21,7 @@ public:
     /// Bytes asked of the stream at a time.
     static constexpr std::size_t DefaultBlockSize = 65536;
 
-    /// Readable bytes behind every token's terminating zero, so that numbers may be read eight
+    /// Readable bytes behind the end of every token and line, so that numbers may be read eight
     /// bytes at a time.
     static constexpr std::size_t Padding = 64;
 
@@ -41,11 +37,22 @@ public:
 
     /// Reads the next logical line. False only without a stream. The line that meets the end of the
     /// file is still to be handled; after it nothing changes any more.
-    bool ReadLine()
+    bool ReadLine();
+
+    /// The text of the next physical line, as far as it has been read from the stream: behind it
+    /// stands a line end, or a zero byte where it is not whole. For those who can do without
+    /// tokens. Null before anything was read.
+    [[nodiscard]] const char* NextLine() const { return m_cursor; }
+
+    /// Steps over the next line, whose text ends at `end`. False, and nothing done, when no line
+    /// end stands there.
+    bool SkipLine(const char* end)
     {
-        if (m_linesServed == m_lineEnds.Count())
-            return ReadMoreLines();
-        ServePlainLine();
+        const bool isReturn = *end == '\r' && end + 1 != m_dataEnd;
+        if (*end != '\n' && !isReturn)
+            return false;
+        const bool isPair = isReturn && end[1] == '\n';
+        m_cursor += end - m_cursor + (isPair ? 2 : 1);
         return true;
     }
 
@@ -55,17 +62,17 @@ public:
     /// Reading broke off with an error of the stream, which counts as the end of the file.
     [[nodiscard]] bool ReadFailed() const { return m_readFailed; }
 
-    [[nodiscard]] int TokenCount() const { return m_tokenCount; }
+    [[nodiscard]] int TokenCount() const { return m_tokens.Count(); }
 
     /// A token of the current line: not empty, zero-terminated, valid until the next ReadLine. Null
     /// when there is no such token.
     [[nodiscard]] const char* Token(int index) const
     {
-        return index >= 0 && index < m_tokenCount ? m_lineTokens[index] : nullptr;
+        return index >= 0 && index < TokenCount() ? m_tokens[index] : nullptr;
     }
 
     /// All tokens of the current line, for those who know how many there are.
-    [[nodiscard]] const char* const* Tokens() const { return m_lineTokens; }
+    [[nodiscard]] const char* const* Tokens() const { return m_tokens.Array(); }
 
 private:
     struct CloseFile
@@ -77,30 +84,12 @@ private:
     struct CutState
     {
         bool insideToken = false;
-        bool insideComment = false;
         bool pathMode = false;
         bool continued = false;
-        bool lineFeedFollows = false; ///< the LF of a CR LF is the next byte
     };
 
-    /// Serves the next of the lines cut together.
-    void ServePlainLine()
-    {
-        const int tokensEnd = m_lineEnds[m_linesServed++];
-        m_lineTokens = m_tokens.Array() + m_tokensServed;
-        m_tokenCount = tokensEnd - m_tokensServed;
-        m_tokensServed = tokensEnd;
-        // Behind the last line of an ended stream stands its zero byte, which was cut with it.
-        m_atEnd = m_cursor > m_dataEnd && m_linesServed == m_lineEnds.Count();
-    }
-
-    bool ReadMoreLines();
-    void ForgetLines();
-    void CutPlainLines();
-    void CutBlock(const ByteBlock& block, std::uint64_t valid);
-    inline void EndPlainLine(const char* end);
-    void CutByRules();
-    void CutByte(char* byte);
+    char* CutPhysicalLine(CutState& state);
+    inline void CutByte(char* byte, CutState& state);
     void EndPhysicalLine(char* end);
 
     void Refill(char* keepFrom);
@@ -111,15 +100,7 @@ private:
     std::unique_ptr<std::FILE, CloseFile> m_stream;
     std::size_t m_blockSize;
 
-    const char* const* m_lineTokens = nullptr; ///< of the current line
-    int m_tokenCount = 0;
-
-    GK_SimpleArray<const char*> m_tokens; ///< of the lines cut together, end to end
-    GK_SimpleArray<int> m_lineEnds; ///< for each of these lines the count of tokens up to its end
-    int m_linesServed = 0;
-    int m_tokensServed = 0;
-    CutState m_state;          ///< of the line behind these lines, as far as it has been cut
-    bool m_needsRules = false; ///< that line holds a backslash
+    GK_SimpleArray<const char*> m_tokens; ///< of the current line
 
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_capacity = 0;

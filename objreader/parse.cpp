@@ -82,12 +82,32 @@ bool CReadOBJ::Parse()
     const CWaitCursor waitCursor;
     bool result = true;
     while (result && !tokenizer.AtEnd()) {
+        if (ReadPlainStatement())
+            continue;
         if (!tokenizer.ReadLine())
             return false;
         if (tokenizer.TokenCount() > 0)
             result = HandleStatement();
     }
     return result && !tokenizer.ReadFailed();
+}
+
+/// Reads the next line when it is one of those that files consist of, and a plain one. False, and
+/// nothing done, for all others.
+bool CReadOBJ::ReadPlainStatement()
+{
+    const char* const line = tokenizer.NextLine();
+    if (line == nullptr)
+        return false;
+    if (line[0] == 'f' && line[1] == ' ')
+        return ReadPlainFace(line + 2);
+    if (line[0] != 'v')
+        return false;
+    if (line[1] == ' ')
+        return ReadPlainVertex(line + 2);
+    if (line[1] == 't' && line[2] == ' ')
+        return ReadPlainTexCoord(line + 3);
+    return line[1] == 'n' && line[2] == ' ' && ReadPlainNormal(line + 3);
 }
 
 /// Hands the current line to its handler. False ends the parse.

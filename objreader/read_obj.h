@@ -16,6 +16,7 @@
 #include "host/vxkit/nurbs_curve.h"
 #include "host/vxkit/nurbs_surface.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <set>
@@ -228,13 +229,25 @@ private:
     static const Statement* FindStatement(const char* keyword);
     bool HandleStatement();
 
+    // Lines of numbers or corners with spaces between them, as nearly all are, are read in place,
+    // without being cut into tokens. Any other line, also a faulty one, these leave as it is for
+    // the handlers, and give false.
+
+    bool ReadPlainStatement();
+    bool ReadPlainVertex(const char* text);
+    bool ReadPlainTexCoord(const char* text);
+    bool ReadPlainNormal(const char* text);
+    bool ReadPlainFace(const char* text);
+
     bool ReadVertex();
+    using VertexValues = std::array<double, 6>;
+    void AddVertex(const VertexValues& values, int count);
     bool ReadParamVertex();
     bool ReadTexCoord();
     bool ReadNormal();
 
     bool ReadFace();
-    inline bool ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner);
+    bool ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner);
     bool NewGroupMesh();
     bool ReadPoint();
     bool ReadPointCloud(Geometry& geometry);

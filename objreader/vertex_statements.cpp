@@ -5,19 +5,34 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <span>
 
 namespace {
 
-/// Reads `N` tokens from the given one on as reals. False when one of them is no number.
-template <std::size_t N>
-bool ReadReals(const CObjLineTokenizer& tokenizer, int firstToken, std::array<double, N>& values)
+// How many numbers a statement may give, and what they are.
+constexpr int PositionAndWeight = 4;
+constexpr int PositionAndColor = 6;
+constexpr int ParamPointAndWeight = 3;
+
+/// Reads the first values of a statement, as many as are asked for. False when one is no number.
+bool ReadReals(const CObjLineTokenizer& tokenizer, std::span<double> values)
 {
-    const char* const* token = tokenizer.Tokens() + firstToken;
-    for (double& value : values) {
-        if (!ReadReal(*token++, value))
-            return false;
+    const char* const* token = tokenizer.Tokens();
+    return std::all_of(values.begin(), values.end(),
+                       [&token](double& value) { return ReadReal(*++token, value); });
+}
+
+/// Takes the numbers of a line up to its end and gives how many there are; 0 when there are more
+/// than N, or when something else stands there.
+template <std::size_t N>
+[[gnu::always_inline]] inline int TakeReals(const char*& text, std::array<double, N>& values)
+{
+    std::size_t count = 0;
+    for (; SkipSpaces(text); ++count) {
+        if (count == N || !TakeReal(text, values[count]) || !EndsNumber(*text))
+            return 0;
     }
-    return true;
+    return static_cast<int>(count);
 }
 
 double RoundToSingle(double value)
@@ -45,63 +60,92 @@ GK_Color MakeColor(const std::array<double, 3>& rgb)
     return color;
 }
 
+GK_3fVector MakeNormal(const std::array<double, 3>& values)
+{
+    return {static_cast<float>(values[0]), static_cast<float>(values[1]),
+            static_cast<float>(values[2])};
+}
+
 } // namespace
 
 bool CReadOBJ::ReadVertex()
 {
-    constexpr int WithWeight = 5;
-    constexpr int WithColor = 7;
-    const int tokenCount = tokenizer.TokenCount();
-    std::array<double, 3> position{};
-    std::array<double, 1> weight{1.0};
-    std::array<double, 3> rgb{};
-    if (tokenCount < 4 || !ReadReals(tokenizer, 1, position))
+    const int count = tokenizer.TokenCount() - 1;
+    const int needed = count == PositionAndWeight || count == PositionAndColor ? count : 3;
+    VertexValues values;
+    if (count < needed ||
+        !ReadReals(tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
         return false;
-    if (tokenCount == WithWeight && !ReadReals(tokenizer, 4, weight))
-        return false;
-    if (tokenCount == WithColor && !ReadReals(tokenizer, 4, rgb))
-        return false;
-
-    if (tokenCount == WithColor) {
-        hasVertexColors = true;
-        vertexColors.Append(MakeColor(rgb));
-    }
-    vertices.Append(
-        {RoundToSingle(position[0]), RoundToSingle(position[1]), RoundToSingle(position[2])});
-    vertexWeights.Append(weight[0]);
+    AddVertex(values, count);
     return true;
+}
+
+bool CReadOBJ::ReadPlainVertex(const char* text)
+{
+    VertexValues values;
+    const int count = TakeReals(text, values);
+    if (count < 3 || !tokenizer.SkipLine(text))
+        return false;
+    AddVertex(values, count);
+    return true;
+}
+
+/// Adds a position with a weight, a colour or neither: that depends on how many values there were.
+void CReadOBJ::AddVertex(const VertexValues& values, int count)
+{
+    if (count == PositionAndColor) {
+        hasVertexColors = true;
+        vertexColors.Append(MakeColor({values[3], values[4], values[5]}));
+    }
+    vertices.Append({RoundToSingle(values[0]), RoundToSingle(values[1]), RoundToSingle(values[2])});
+    vertexWeights.Append(count == PositionAndWeight ? values[3] : 1.0);
 }
 
 bool CReadOBJ::ReadParamVertex()
 {
-    constexpr int WithWeight = 4;
-    const int tokenCount = tokenizer.TokenCount();
-    std::array<double, 2> point{};
-    std::array<double, 1> weight{1.0};
-    if (tokenCount < 3 || !ReadReals(tokenizer, 1, point))
+    const int count = tokenizer.TokenCount() - 1;
+    const int needed = count == ParamPointAndWeight ? count : 2;
+    std::array<double, ParamPointAndWeight> values;
+    if (count < needed ||
+        !ReadReals(tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
         return false;
-    if (tokenCount == WithWeight && !ReadReals(tokenizer, 3, weight))
-        return false;
-    paramPoints.Append({point[0], point[1]});
-    paramWeights.Append(weight[0]);
+    paramPoints.Append({values[0], values[1]});
+    paramWeights.Append(count == ParamPointAndWeight ? values[2] : 1.0);
     return true;
 }
 
 bool CReadOBJ::ReadTexCoord()
 {
-    std::array<double, 2> point{};
-    if (tokenizer.TokenCount() < 3 || !ReadReals(tokenizer, 1, point))
+    std::array<double, 2> values;
+    if (tokenizer.TokenCount() < 3 || !ReadReals(tokenizer, values))
         return false;
-    texCoords.Append({static_cast<float>(point[0]), static_cast<float>(point[1])});
+    texCoords.Append({static_cast<float>(values[0]), static_cast<float>(values[1])});
+    return true;
+}
+
+bool CReadOBJ::ReadPlainTexCoord(const char* text)
+{
+    std::array<double, 3> values;
+    if (TakeReals(text, values) < 2 || !tokenizer.SkipLine(text))
+        return false;
+    texCoords.Append({static_cast<float>(values[0]), static_cast<float>(values[1])});
     return true;
 }
 
 bool CReadOBJ::ReadNormal()
 {
-    std::array<double, 3> normal{};
-    if (tokenizer.TokenCount() < 4 || !ReadReals(tokenizer, 1, normal))
+    std::array<double, 3> values;
+    if (tokenizer.TokenCount() < 4 || !ReadReals(tokenizer, values))
         return false;
-    normals.Append({static_cast<float>(normal[0]), static_cast<float>(normal[1]),
-                    static_cast<float>(normal[2])});
+    normals.Append(MakeNormal(values));
+    return true;
+}
+
+bool CReadOBJ::ReadPlainNormal(const char* text)
+{
+    std::array<double, 3> values;
+    if (TakeReals(text, values) < 3 || !tokenizer.SkipLine(text))
+        return false;
+    normals.Append(MakeNormal(values));
     return true;
 }
