@@ -19,7 +19,7 @@ struct Arguments
 {
     std::string filter;
     double megabytes = 0.0;
-    int repetitions = 5;
+    int repetitions = 7;
 };
 
 /// A folder for the scenes, removed at the end.
@@ -149,7 +149,7 @@ int Run(int argc, char** argv)
     app.add_option("--filter", arguments.filter, "Only the scenes with this in their names");
     app.add_option("--megabytes", arguments.megabytes, "Size of each scene's file")
         ->check(CLI::PositiveNumber);
-    app.add_option("--repetitions", arguments.repetitions, "The best of so many counts (5)")
+    app.add_option("--repetitions", arguments.repetitions, "The best of so many counts (7)")
         ->check(CLI::PositiveNumber);
     CLI11_PARSE(app, argc, argv);
     InitializeBenchmark(argv[0]);

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <sys/mman.h>
 
-// NOLINTBEGIN(*-no-int-to-ptr, *-cstyle-cast): MAP_FAILED
+// NOLINTBEGIN(performance-no-int-to-ptr): MAP_FAILED is made so
 
 namespace {
 
@@ -51,4 +51,4 @@ void UnmapLargePages(void* pages, std::size_t size) noexcept
     munmap(pages, size);
 }
 
-// NOLINTEND(*-no-int-to-ptr, *-cstyle-cast)
+// NOLINTEND(performance-no-int-to-ptr)

@@ -40,7 +40,7 @@ protected:
     }
 
     /// The same, of a text without backslashes, where the lines that can be skipped are.
-    Lines SkipThroughFile(std::size_t blockSize) const
+    [[nodiscard]] Lines SkipThroughFile(std::size_t blockSize) const
     {
         CObjLineTokenizer tokenizer(Open("rb"), blockSize);
         Lines lines;
