@@ -1,13 +1,9 @@
 #include "plugin/resource.h"
 #include "tests/dialog/dialog_driver.h"
+#include "tests/temporary_folder.h"
 
-#include "host/geokit/string.h"
-
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -33,20 +29,10 @@ const std::map<int, std::string> Boxes = {{IDC_OBJECT_NAMES, "UseONames"},
 /// Runs the program with a settings file of the test's own.
 class OptionsDialog : public testing::Test
 {
-public:
-    OptionsDialog()
-    {
-        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        m_settings = std::filesystem::temp_directory_path() /
-                     (std::string("objimport_dialog_") + info->name() + ".ini");
-        std::filesystem::remove(m_settings);
-    }
-    ~OptionsDialog() override { std::filesystem::remove(m_settings); }
-
 protected:
     std::unique_ptr<DialogDriver> Start(std::vector<std::string> arguments)
     {
-        arguments.insert(arguments.end(), {"--settings", m_settings.string()});
+        arguments.insert(arguments.end(), {"--settings", Utf8(m_folder.Path() / "s.ini")});
         return DialogDriver::Start(arguments);
     }
 
@@ -60,15 +46,11 @@ protected:
 
     void Store(const std::string& entries)
     {
-        std::ofstream(m_settings) << "[Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings]\n"
-                                  << entries;
+        m_folder.Write("s.ini",
+                       "[Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings]\n" + entries);
     }
 
-    [[nodiscard]] std::string Stored() const
-    {
-        std::ifstream file(m_settings);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    [[nodiscard]] std::string Stored() const { return m_folder.Read("s.ini"); }
 
     /// Clicks where a person closes a warning.
     static void Acknowledge(DialogDriver& driver, const char* title)
@@ -77,7 +59,7 @@ protected:
         driver.Press({Key::Enter});
     }
 
-    std::filesystem::path m_settings;
+    TemporaryFolder m_folder;
 };
 
 TEST_F(OptionsDialog, OpensWithTheDefaultsAndKeepsThem)
@@ -98,7 +80,7 @@ TEST_F(OptionsDialog, OpensWithTheDefaultsAndKeepsThem)
 TEST_F(OptionsDialog, EachBoxSetsItsOwnOption)
 {
     for (unsigned int run = 0; run < 3; ++run) {
-        std::filesystem::remove(m_settings);
+        Store("");
         auto dialog = Open();
         unsigned int number = 0;
         for (const auto& [id, name] : Boxes) {

@@ -1,11 +1,10 @@
 #include "console_host/app/string_table.h"
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -29,70 +28,6 @@ std::string FileText(const fs::path& path)
 /// Texts by localization id, in the escaped form of a string table.
 using Texts = std::map<int, std::string>;
 
-/// Finds what looks like `L"text", 12345`, the text in one or more literals: the arguments of a
-/// localizing call, or a row of a table for one.
-class SourceScanner
-{
-public:
-    SourceScanner(std::string_view source, Texts& texts) : m_rest(source), m_texts(texts) {}
-
-    void Scan()
-    {
-        for (std::size_t at = m_rest.find("L\""); at != std::string_view::npos;
-             at = m_rest.find("L\"")) {
-            m_rest.remove_prefix(at);
-            std::string text;
-            while (TakeLiteral(text))
-                SkipBlanks();
-            if (Take(","))
-                TakeId(text);
-        }
-    }
-
-private:
-    bool Take(std::string_view what)
-    {
-        if (m_rest.substr(0, what.size()) != what)
-            return false;
-        m_rest.remove_prefix(what.size());
-        return true;
-    }
-
-    void SkipBlanks()
-    {
-        while (!m_rest.empty() && std::isspace(static_cast<unsigned char>(m_rest.front())) != 0)
-            m_rest.remove_prefix(1);
-    }
-
-    bool TakeLiteral(std::string& text)
-    {
-        if (!Take("L\"") && !Take("\""))
-            return false;
-        while (!m_rest.empty() && !Take("\"")) {
-            const bool quote = Take("\\\"");
-            const std::size_t length = quote ? 0 : m_rest.front() == '\\' ? 2 : 1;
-            text += quote ? "\"" : std::string(m_rest.substr(0, length));
-            m_rest.remove_prefix(std::min(length, m_rest.size()));
-        }
-        return true;
-    }
-
-    /// Localization ids have five digits; dialog controls have fewer.
-    void TakeId(const std::string& text)
-    {
-        SkipBlanks();
-        const std::size_t digits = std::min(m_rest.find_first_not_of("0123456789"), m_rest.size());
-        if (digits != 5)
-            return;
-        const int id = std::stoi(std::string(m_rest.substr(0, digits)));
-        const auto [place, isNew] = m_texts.emplace(id, text);
-        EXPECT_TRUE(isNew || place->second == text) << id << " stands for two texts";
-    }
-
-    std::string_view m_rest;
-    Texts& m_texts;
-};
-
 /// The importer's sources, one after the other.
 std::string ImporterSources()
 {
@@ -104,19 +39,31 @@ std::string ImporterSources()
     return sources;
 }
 
+/// What looks like `L"text", 12345`, the text in one or more literals: the arguments of a
+/// localizing call, or a row of a table for one. Localization ids have five digits; dialog controls
+/// have fewer.
+Texts TextsOfSources(const std::string& sources)
+{
+    const std::string joined = std::regex_replace(sources, std::regex(R"("\s+L?")"), "");
+    static const std::regex TextAndId(R"lit(L"((?:[^"\\]|\\.)*)",\s*(\d{5})\b)lit");
+    Texts texts;
+    for (std::sregex_iterator found(joined.begin(), joined.end(), TextAndId), end; found != end;
+         ++found) {
+        const std::string text = std::regex_replace(found->str(1), std::regex(R"(\\")"), "\"");
+        const auto [place, isNew] = texts.emplace(std::stoi(found->str(2)), text);
+        EXPECT_TRUE(isNew || place->second == text) << place->first << " stands for two texts";
+    }
+    return texts;
+}
+
 /// Every five-digit number of the sources that can be an id, some of which go through a variable.
 std::set<int> IdsOfSources(const std::string& sources)
 {
+    static const std::regex FiveDigits(R"(\b\d{5}\b)");
     std::set<int> ids;
-    const auto isPart = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
-    for (std::size_t i = 0; i < sources.size(); ++i) {
-        const std::size_t begin = i;
-        while (i < sources.size() && isPart(sources[i]))
-            ++i;
-        const std::string word = sources.substr(begin, i - begin);
-        if (word.size() != 5 || word.find_first_not_of("0123456789") != std::string::npos)
-            continue;
-        const int number = std::stoi(word);
+    for (std::sregex_iterator found(sources.begin(), sources.end(), FiveDigits), end; found != end;
+         ++found) {
+        const int number = std::stoi(found->str());
         const bool isSize = (number & (number - 1)) == 0;
         if (number > 12000 && !isSize)
             ids.insert(number);
@@ -157,9 +104,7 @@ TEST(LocalizedTexts, TheEnglishTableHoldsWhatTheImporterSays)
         ids.insert(id);
     EXPECT_EQ(IdsOfSources(sources), ids);
 
-    Texts said;
-    SourceScanner(sources, said).Scan();
-    for (const auto& [id, text] : said)
+    for (const auto& [id, text] : TextsOfSources(sources))
         EXPECT_EQ(english.contains(id) ? english.at(id) : "", text) << id;
 }
 

@@ -137,21 +137,6 @@ TEST(Prompt, NotesSayWhatWasNotUnderstood)
                             L"DoNotImportOBJGroups, AsGroups, AsLayers or AsObjectNames."));
 }
 
-TEST(Prompt, TheNextQuestionStartsFromTheLastAnswer)
-{
-    CImportOBJPlugIn plugIn;
-    {
-        const ScriptedAnswers answers({L"importobjg=aslay rev", L""});
-        ASSERT_EQ(plugIn.AskImportOptions(false, false), 0);
-    }
-    const ScriptedAnswers answers({L"rev cancel"});
-    ASSERT_EQ(plugIn.AskImportOptions(false, false), 1);
-    EXPECT_EQ(Summary(plugIn.Options()), "2or");
-    EXPECT_THAT(answers.Shown().questions.front(),
-                HasSubstr(L"ImportOBJGroups         = AsLayers"));
-    EXPECT_THAT(answers.Shown().notes, IsEmpty());
-}
-
 TEST(Prompt, LeavesWhatItDoesNotOfferAsItWas)
 {
     constexpr const wchar_t* Section = L"Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings";

@@ -3,13 +3,12 @@
 #include "console_host/framework/work_note.h"
 #include "plugin/import_obj_plugin.h"
 #include "tests/plugin/scripted_answers.h"
+#include "tests/temporary_folder.h"
 
 #include "host/app/file_type.h"
 #include "host/geokit/string.h"
 
 #include <cctype>
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -77,7 +76,6 @@ protected:
     {
         EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "the wait cursor was not ended";
         ConsoleApp::Instance().TakeJournal();
-        std::filesystem::remove(m_path);
     }
 
     bool Import(const std::string& contents, std::initializer_list<int> modes)
@@ -88,17 +86,12 @@ protected:
     bool ImportInto(CKelvoDoc& target, const std::string& contents,
                     std::initializer_list<int> modes)
     {
-        std::ofstream(m_path, std::ios::binary) << contents;
-        return ImportPath(target, modes);
-    }
-
-    bool ImportPath(CKelvoDoc& target, std::initializer_list<int> modes)
-    {
+        const std::filesystem::path path = m_folder.Write("a.obj", contents);
         ConsoleApp::Instance().TakeJournal();
         CKelvoFileReadOptions options;
         for (const int mode : modes)
             options.SetMode(mode, true);
-        return plugIn.ReadFile(m_path.wstring().c_str(), 0, target, options);
+        return plugIn.ReadFile(path.wstring().c_str(), 0, target, options);
     }
 
     static const ImportJournal& Journal() { return ConsoleApp::Instance().Journal(); }
@@ -107,81 +100,8 @@ protected:
     ConsoleDoc doc{0.001};
 
 private:
-    std::filesystem::path m_path =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("read_file_") + testing::UnitTest::GetInstance()->current_test_info()->name() +
-         ".obj");
+    TemporaryFolder m_folder;
 };
-
-struct ReadCase
-{
-    const char* what;
-    std::string contents;
-    bool result;
-    int objects;
-    std::vector<std::string> prints;
-};
-
-const std::string Incomplete = "Errors occurred reading this file, may be incomplete.\n";
-
-TEST_F(ReadFile, SaysHowItWent)
-{
-    const ReadCase cases[] = {
-        {"nothing in it", "", true, 0, {}},
-        {"one face", Triangle, true, 1, {}},
-        {"a statement that ends the reading",
-         Triangle + "p\nv 0 0 1\nf 1 2 4\n",
-         true,
-         1,
-         {Incomplete}},
-        {"reading ends before anything", "p\n", true, 0, {Incomplete}},
-        {"indices of nothing",
-         Triangle + "f 1 2 3 7 8\n",
-         true,
-         1,
-         {"Encountered mesh face with bogus vertex index (count is 3). Search for \"7\" in your "
-          "file.\n",
-          "Encountered mesh face with bogus vertex index (count is 3). Search for \"8\" in your "
-          "file.\n",
-          "File had 2 bogus indexes in it.\n"}},
-        {"both",
-         Triangle + "f 1 2 3 7\np\n",
-         true,
-         1,
-         {"Encountered mesh face with bogus vertex index (count is 3). Search for \"7\" in your "
-          "file.\n",
-          Incomplete, "File had 1 bogus indexes in it.\n"}},
-        {"the only mesh is empty", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 1 1\n", false, 0, {}},
-    };
-    for (const ReadCase& read : cases) {
-        SCOPED_TRACE(read.what);
-        const int before = doc.ObjectCount();
-        EXPECT_EQ(Import(read.contents, {ReadModeAskOnCommandLine}), read.result);
-        EXPECT_EQ(doc.ObjectCount() - before, read.objects);
-        EXPECT_EQ(Journal().prints, read.prints);
-        EXPECT_TRUE(Journal().redrawn);
-        EXPECT_FALSE(Journal().zoomed);
-    }
-}
-
-TEST_F(ReadFile, NumbersOfManyDigitsKeepAllOfThem)
-{
-    ASSERT_TRUE(Import("v 12345678 0.12345678 1.123456789012\nv 1 0 0\nv 0 1 0\n"
-                       "f 1 00000002 0000000000000003\n",
-                       {ReadModeAskOnCommandLine}));
-    ASSERT_EQ(doc.ObjectCount(), 1);
-    const GK_Mesh* mesh = std::get<const GK_Mesh*>(doc.Object(0).geometry);
-    const GK_3dPoint& point = mesh->DoublePrecisionVertices()[0];
-    EXPECT_EQ(point.x, 12345678.0);
-    EXPECT_FLOAT_EQ(static_cast<float>(point.y), 0.12345678F);
-    EXPECT_FLOAT_EQ(static_cast<float>(point.z), 1.123456789012F);
-}
-
-TEST_F(ReadFile, AFileThatIsNotThereIsAnErrorWhileReading)
-{
-    EXPECT_TRUE(ImportPath(doc, {ReadModeAskOnCommandLine}));
-    EXPECT_THAT(Journal().prints, ElementsAre(Incomplete));
-}
 
 TEST_F(ReadFile, ZoomsWhenAskedWhateverTheResult)
 {
@@ -217,20 +137,6 @@ TEST_F(ReadFile, ACancelLeavesEverythingAsItWas)
     EXPECT_THAT(Journal().prints, IsEmpty());
     EXPECT_EQ(doc.ObjectCount(), 0);
     EXPECT_FALSE(plugIn.Options().ReverseGroupOrder);
-}
-
-TEST_F(ReadFile, TheAnswersShapeTheImportAndStay)
-{
-    const ScriptedAnswers answers({L"ImportOBJGroups=AsLayers rev", L""});
-    EXPECT_TRUE(Import("g a b\n" + Triangle, {ReadModeAskOnCommandLine}));
-    ASSERT_EQ(doc.Layers().Count(), 3);
-    EXPECT_EQ(plugIn.Options().HowToAddGs, 2);
-
-    plugIn.OnUnload();
-    CImportOBJPlugIn next;
-    EXPECT_EQ(next.OnLoad(), 1);
-    EXPECT_EQ(next.Options().HowToAddGs, 2);
-    EXPECT_TRUE(next.Options().ReverseGroupOrder);
 }
 
 TEST_F(ReadFile, AsksNothingWhenTheDialogIsSwitchedOff)

@@ -1,7 +1,6 @@
+#include "tests/temporary_folder.h"
 #include "tests/terminal/pseudo_terminal.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -18,34 +17,18 @@ constexpr const char* EndOfInput = "\x04";
 class PromptOnATerminal : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        std::filesystem::remove_all(m_folder);
-        std::filesystem::create_directories(m_folder);
-        std::ofstream(m_folder / "scene.obj") << "g wall\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
-    }
-
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
-
     [[nodiscard]] std::vector<std::string> Command(std::vector<std::string> more = {}) const
     {
-        std::vector<std::string> command = {std::string(BUILD_FOLDER) + "/bin/objimport",
-                                            "--settings", (m_folder / "settings.ini").string(),
-                                            "--prompt", (m_folder / "scene.obj").string()};
+        std::vector<std::string> command = {BUILD_FOLDER "/bin/objimport", "--settings",
+                                            Utf8(m_folder.Path() / "settings.ini"), "--prompt",
+                                            Utf8(m_scene)};
         command.insert(command.end(), more.begin(), more.end());
         return command;
     }
 
-    [[nodiscard]] std::string TextOf(const char* name) const
-    {
-        std::ostringstream text;
-        text << std::ifstream(m_folder / name).rdbuf();
-        return text.str();
-    }
-
-    std::filesystem::path m_folder =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("prompt_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    TemporaryFolder m_folder;
+    std::filesystem::path m_scene =
+        m_folder.Write("scene.obj", "g wall\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
 };
 
 TEST_F(PromptOnATerminal, ShowsWhatTheAnswersChangeAndStartsFromThemNextTime)
@@ -90,7 +73,7 @@ TEST_F(PromptOnATerminal, ACancelChangesNothing)
         terminal.ShownUpTo("");
         ASSERT_EQ(terminal.ExitStatus(), 0);
     }
-    const std::string settings = TextOf("settings.ini");
+    const std::string settings = m_folder.Read("settings.ini");
     ASSERT_THAT(settings, HasSubstr("ReverseGroupOrder=true"));
     for (const char* end : {"cancel\n", EndOfInput}) {
         PseudoTerminal terminal(Command());
@@ -100,7 +83,7 @@ TEST_F(PromptOnATerminal, ACancelChangesNothing)
         terminal.Type(end);
         EXPECT_THAT(terminal.ShownUpTo(""), HasSubstr("0 objects"));
         EXPECT_EQ(terminal.ExitStatus(), 1);
-        EXPECT_EQ(TextOf("settings.ini"), settings);
+        EXPECT_EQ(m_folder.Read("settings.ini"), settings);
     }
 }
 
@@ -110,12 +93,12 @@ TEST_F(PromptOnATerminal, AsksOnStandardErrorAndReadsAnyStandardInput)
     command << "printf 'map what\\n\\n' |";
     for (const std::string& word : Command({"--json", "-", "--quiet"}))
         command << " '" << word << "'";
-    command << " > '" << (m_folder / "out").string() << "' 2> '" << (m_folder / "err").string()
+    command << " > '" << Utf8(m_folder.Path() / "out") << "' 2> '" << Utf8(m_folder.Path() / "err")
             << "'";
     EXPECT_EQ(std::system(command.str().c_str()), 0);
-    EXPECT_EQ(TextOf("out").substr(0, 1), "{");
-    EXPECT_EQ(TextOf("err"), "\"what\" is not one of the options.\n");
-    EXPECT_THAT(TextOf("settings.ini"), HasSubstr("ZUp=true"));
+    EXPECT_EQ(m_folder.Read("out").substr(0, 1), "{");
+    EXPECT_EQ(m_folder.Read("err"), "\"what\" is not one of the options.\n");
+    EXPECT_THAT(m_folder.Read("settings.ini"), HasSubstr("ZUp=true"));
 }
 
 } // namespace
