@@ -99,15 +99,4 @@ TEST(Dib, OnlyImageFilesAreRead)
     }
 }
 
-TEST(Dib, NamesFromWindowsAreFound)
-{
-    const TestFolder folder;
-    fs::create_directories(folder / "Maps");
-    ASSERT_TRUE(WriteDib(Pattern(3, 2, 32), folder / "Maps" / "Wood.png"));
-    CKelvoDib image;
-    const std::wstring path = WidePath(folder / "") + L"maps\\WOOD.PNG";
-    EXPECT_NE(image.ReadFromFile(path.c_str()), 0);
-    EXPECT_EQ(image.Width(), 3);
-}
-
 } // namespace

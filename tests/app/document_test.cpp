@@ -1,8 +1,6 @@
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
 
-#include "host/geokit/nurbs_curve.h"
-
 #include <chrono>
 #include <cmath>
 #include <gmock/gmock.h>
@@ -82,16 +80,6 @@ TEST_F(Document, RefusesWhatIsNotSoundAndSaysWhy)
     EXPECT_FALSE(doc.AddPointObject({Infinite, 0, 0}, attributes, nullptr, false));
     EXPECT_EQ(Refused(), "point: the point is not finite\n");
 
-    auto curve = std::make_unique<CKelvoCurveObject>(attributes);
-    curve->SetCurve(std::make_unique<GK_NurbsCurve>());
-    EXPECT_FALSE(doc.AddObject(std::move(curve), false, false));
-    EXPECT_THAT(Refused(), HasSubstr("curve: the curve"));
-
-    auto brep = std::make_unique<CKelvoBrepObject>(attributes);
-    brep->SetBrep(std::make_unique<GK_Brep>());
-    EXPECT_FALSE(doc.AddObject(std::move(brep), false, false));
-    EXPECT_EQ(Refused(), "brep: the brep has no face\n");
-
     EXPECT_EQ(doc.ObjectCount(), 1);
 }
 
@@ -126,33 +114,6 @@ TEST_F(Document, NotesFaultsOfItsGuest)
         EXPECT_THAT(notes, HasSubstr(std::string("AddPointObject: a ") + kind + " index"));
     EXPECT_EQ(CurrentJournal().kernelErrors.size(), 5U);
     EXPECT_EQ(CurrentJournal().kernelErrors[0].source, "host");
-}
-
-TEST_F(Document, KeepsPointsWithTheirAttributes)
-{
-    attributes.name = L"a";
-    EXPECT_TRUE(doc.AddPointObject({1, 0, 0}, attributes, nullptr, false));
-    EXPECT_TRUE(doc.AddPointObject({2, 0, 0}, attributes, nullptr, false));
-    attributes.name = L"b";
-    EXPECT_TRUE(doc.AddPointObject({3, 0, 0}, attributes, nullptr, false));
-    std::wstring names;
-    double sum = 0;
-    for (int i = 0; i < doc.ObjectCount(); ++i) {
-        names += doc.Object(i).attributes->name.View();
-        sum = sum * 10 + std::get<const GK_3dPoint*>(doc.Object(i).geometry)->x;
-    }
-    EXPECT_EQ(names, L"aab");
-    EXPECT_EQ(sum, 123);
-}
-
-TEST_F(Document, MayBeMadeToFailAnAdd)
-{
-    doc.FailAddObject(2);
-    EXPECT_TRUE(AddMesh(Triangle()));
-    EXPECT_FALSE(AddMesh(Triangle()));
-    EXPECT_TRUE(AddMesh(Triangle()));
-    EXPECT_EQ(doc.ObjectCount(), 2);
-    EXPECT_EQ(Refused(), "mesh: it was made to fail\n");
 }
 
 TEST_F(Document, FindsNamesExactlyAndTheLowestIndex)

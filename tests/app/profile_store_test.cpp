@@ -118,17 +118,4 @@ TEST(ProfileStore, ReportsAFailedSave)
     EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot read"), std::string::npos);
 }
 
-TEST(ProfileStore, MayBeMadeToFailAWrite)
-{
-    ProfileStore store;
-    store.FailWrite(2);
-    testing::internal::CaptureStderr();
-    for (const wchar_t* entry : {L"A", L"B", L"C"})
-        store.WriteInt(Section, entry, 1);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find('B'), std::string::npos);
-    EXPECT_EQ(ReadInt(store, L"A"), 1);
-    EXPECT_EQ(ReadInt(store, L"B"), -99);
-    EXPECT_EQ(ReadInt(store, L"C"), 1);
-}
-
 } // namespace

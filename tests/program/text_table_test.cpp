@@ -1,4 +1,3 @@
-#include "console_host/program/object_tables.h"
 #include "console_host/program/text_table.h"
 
 #include <gtest/gtest.h>
@@ -27,14 +26,6 @@ TEST(TextTable, ShortensBetweenCharacters)
     EXPECT_EQ(Shortened("abcdefg", 6), "abc...");
     EXPECT_EQ(Shortened("\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4", 4), "\xC3\xA4...");
     EXPECT_EQ(DisplayWidth("e\xCC\x81\xE6\x9C\xA8"), 3);
-}
-
-TEST(Number, ReadsInGroupsOfThree)
-{
-    EXPECT_EQ(Number(0), "0");
-    EXPECT_EQ(Number(999), "999");
-    EXPECT_EQ(Counted(1, "mesh", "meshes"), "1 mesh");
-    EXPECT_EQ(Counted(1234567, "mesh", "meshes"), "1,234,567 meshes");
 }
 
 } // namespace
