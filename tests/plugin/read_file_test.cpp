@@ -18,7 +18,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const wchar_t* Section = L"Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings";
 const std::string Triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
 
 /// Hands on to another document and notes each step of an import, with the number of wait cursors
@@ -139,40 +138,20 @@ TEST_F(ReadFile, ACancelLeavesEverythingAsItWas)
     EXPECT_FALSE(plugIn.Options().ReverseGroupOrder);
 }
 
-TEST_F(ReadFile, AsksNothingWhenTheDialogIsSwitchedOff)
+TEST(PlugIn, SaysWhoItIsAndWhatItReads)
 {
-    ConsoleApp::Instance().Profile().WriteBool(Section, L"DontShowDialog", true);
-    ConsoleApp::Instance().Profile().WriteInt(Section, L"HowToAddGs", 3);
-    plugIn.OnLoad();
-    const ScriptedAnswers answers({});
-    EXPECT_TRUE(Import("g wall\n" + Triangle, {}));
-    EXPECT_THAT(answers.Shown().questions, IsEmpty());
-    ASSERT_EQ(doc.ObjectCount(), 1);
-    EXPECT_EQ(doc.Object(0).attributes->name.View(), L"wall");
-}
-
-TEST(PlugIn, SaysWhoItIs)
-{
-    const CImportOBJPlugIn plugIn;
-    EXPECT_EQ(GK_UuidToString(plugIn.PlugInId()), "9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413");
-    EXPECT_STREQ(plugIn.PlugInName(), L"WaveFront OBJ Import");
+    CImportOBJPlugIn plugIn;
     std::string form = GK_wString(plugIn.PlugInVersion()).Utf8();
     for (char& c : form)
         c = std::isdigit(static_cast<unsigned char>(c)) != 0 ? '0' : c;
     EXPECT_THAT(form.substr(3), testing::AnyOf(" 00 0000 00:00:00", "  0 0000 00:00:00"));
-    EXPECT_EQ(plugIn.PlugInVersion(), plugIn.PlugInVersion());
-}
 
-TEST(PlugIn, ReadsOneKindOfFile)
-{
-    CImportOBJPlugIn plugIn;
     CKelvoFileTypeList types;
     plugIn.AddFileTypes(types, CKelvoFileReadOptions());
     ASSERT_EQ(types.Types().Count(), 1);
-    const CKelvoFileType& type = types.Types()[0];
-    EXPECT_EQ(type.plugInId, plugIn.PlugInId());
-    EXPECT_EQ(type.description.View(), L"OBJ (*.obj)");
-    EXPECT_EQ(type.extension.View(), L"obj");
+    EXPECT_EQ(types.Types()[0].plugInId, plugIn.PlugInId());
+    EXPECT_EQ(types.Types()[0].description.View(), L"OBJ (*.obj)");
+    EXPECT_EQ(types.Types()[0].extension.View(), L"obj");
 }
 
 } // namespace

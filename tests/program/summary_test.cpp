@@ -1,4 +1,5 @@
 #include "console_host/program/summary.h"
+#include "console_host/program/text_table.h"
 #include "tests/program/sample_document.h"
 
 #include <gmock/gmock.h>
@@ -73,6 +74,25 @@ TEST(Summary, CutsLongLists)
     EXPECT_THAT(text, HasSubstr("0, 1, 2 + 17"));
     EXPECT_THAT(text, HasSubstr("18, 19 ... and 4,980 more\n"));
     EXPECT_LT(text.size(), 3000U);
+}
+
+TEST(TextTable, AlignsByWhatATerminalShows)
+{
+    TextTable table({{"#", TextTable::Align::Right}, {"name"}, {"last"}});
+    table.AddRow({"9", "\xC3\xA4pfel", "x"});
+    table.AddRow({"10", "\xE6\x9C\xA8", "y"});
+    EXPECT_EQ(Written([&](TextOutput& output) { table.Write(output); }),
+              "   #  name   last\n"
+              "   9  \xC3\xA4pfel  x\n"
+              "  10  \xE6\x9C\xA8     y\n");
+}
+
+TEST(TextTable, ShortensBetweenCharacters)
+{
+    EXPECT_EQ(Shortened("abcdef", 6), "abcdef");
+    EXPECT_EQ(Shortened("abcdefg", 6), "abc...");
+    EXPECT_EQ(Shortened("\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4", 4), "\xC3\xA4...");
+    EXPECT_EQ(DisplayWidth("e\xCC\x81\xE6\x9C\xA8"), 3);
 }
 
 } // namespace

@@ -27,11 +27,11 @@ std::string ContentsOf(std::FILE* stream)
     return contents;
 }
 
-std::vector<std::wstring> AnswersIn(const std::string& input, std::string& shown, bool ask)
+std::vector<std::wstring> AnswersIn(const std::string& input, std::string& shown)
 {
     const Stream in = StreamOf(input);
     const Stream out = StreamOf("");
-    InputAnswers answers(in.get(), out.get(), ask);
+    InputAnswers answers(in.get(), out.get(), false);
     std::vector<std::wstring> lines;
     while (const auto line = answers.Answer(L"what? ", true))
         lines.push_back(*line);
@@ -44,12 +44,12 @@ TEST(InputAnswers, GivesTheLinesOfTheInput)
     const std::string longest(4096, 'x');
     const std::string zero("a\0b", 3);
     std::string shown;
-    EXPECT_THAT(AnswersIn("", shown, false), ElementsAre());
-    EXPECT_THAT(AnswersIn("\n", shown, false), ElementsAre(L""));
-    EXPECT_THAT(AnswersIn("a b\n\nc", shown, false), ElementsAre(L"a b", L"", L"c"));
-    EXPECT_THAT(AnswersIn(zero + "\n", shown, false), ElementsAre(std::wstring(L"a\0b", 3)));
-    EXPECT_THAT(AnswersIn("\xC3\x9C\xFF\n", shown, false), ElementsAre(L"\u00DC\uFFFD"));
-    EXPECT_THAT(AnswersIn(longest, shown, false), ElementsAre(std::wstring(4096, L'x')));
+    EXPECT_THAT(AnswersIn("", shown), ElementsAre());
+    EXPECT_THAT(AnswersIn("\n", shown), ElementsAre(L""));
+    EXPECT_THAT(AnswersIn("a b\n\nc", shown), ElementsAre(L"a b", L"", L"c"));
+    EXPECT_THAT(AnswersIn(zero + "\n", shown), ElementsAre(std::wstring(L"a\0b", 3)));
+    EXPECT_THAT(AnswersIn("\xC3\x9C\xFF\n", shown), ElementsAre(L"\u00DC\uFFFD"));
+    EXPECT_THAT(AnswersIn(longest, shown), ElementsAre(std::wstring(4096, L'x')));
     EXPECT_EQ(shown, "");
 }
 
@@ -57,17 +57,9 @@ TEST(InputAnswers, RefusesALineThatNobodyTypes)
 {
     const std::string tooLong(1'000'000, 'x');
     std::string shown;
-    EXPECT_THAT(AnswersIn("a\n" + tooLong + "\nb\n" + tooLong, shown, false),
-                ElementsAre(L"a", L"b"));
+    EXPECT_THAT(AnswersIn("a\n" + tooLong + "\nb\n" + tooLong, shown), ElementsAre(L"a", L"b"));
     const std::string note = "That line is too long and was not taken.\n";
     EXPECT_EQ(shown, note + note);
-}
-
-TEST(InputAnswers, PutsTheQuestionWhenSomebodyIsThere)
-{
-    std::string shown;
-    AnswersIn("a\nb\n", shown, true);
-    EXPECT_EQ(shown, "what? what? what? \n");
 }
 
 } // namespace
