@@ -45,24 +45,6 @@ std::string Joined(std::span<const int> numbers)
     return joined;
 }
 
-std::string ShownFaces(const GK_Mesh& mesh)
-{
-    std::string shown;
-    for (const GK_MeshFace& face : mesh.faces)
-        shown += (shown.empty() ? "" : " ") + Joined(face.vi);
-    return shown;
-}
-
-std::string ShownNgons(const GK_Mesh& mesh)
-{
-    std::string shown;
-    for (int i = 0; mesh.NgonList() != nullptr && i < mesh.NgonList()->Count(); ++i) {
-        const GK_MeshConstNgon ngon = mesh.NgonList()->Ngon(i);
-        shown += (shown.empty() ? "" : " ") + Joined(ngon.vi) + ':' + Joined(ngon.fi);
-    }
-    return shown;
-}
-
 class BuildMesh : public ReaderTest
 {
 protected:
@@ -86,113 +68,6 @@ protected:
 };
 
 const std::string BogusVertex = "mesh: Bogus vertex index.\n";
-
-TEST_F(BuildMesh, MakesAVertexForEachDistinctCornerAndAFaceForEachFace)
-{
-    const struct
-    {
-        const char* what;
-        const char* statements;
-        const char* vertices;
-        const char* faces;
-        std::vector<std::string> errors = {};
-    } cases[] = {
-        {"two triangles share vertices", "f 1/1/1 2/2/1 3/3/1\nf 1/1/1 3/3/1 4/4/1",
-         "0/0/0 1/1/0 2/2/0 3/3/0", "0,1,2,2 0,2,3,3"},
-        {"a position with two texture coordinates", "f 1/1 2/2 3/3\nf 1/4 3/3 2/2",
-         "0/0/ 0/3/ 1/1/ 2/2/", "0,2,3,3 1,3,2,2"},
-        {"sorted by position, normal, texture coordinate",
-         "f 9/1/1 2/3/1 2/1/3\nf 2/2/2 2/3/2 1/1/1", "0/0/0 1/2/0 1/1/1 1/2/1 1/0/2 8/0/0",
-         "5,1,4,4 2,3,0,0"},
-        {"triangles and quads", "f 4 3 2 1\nf 5 6 7", "0// 1// 2// 3// 4// 5// 6//",
-         "3,2,1,0 4,5,6,6"},
-        {"unused positions", "f 8 3 5", "2// 4// 7//", "2,0,1,1"},
-        {"some corners without normals", "f 1//1 2//1 3//1\nf 1 2 3", "0// 0// 1// 1// 2// 2//",
-         "1,3,5,5 0,2,4,4"},
-        {"a corner of nothing leaves its face",
-         "f 1 99 2 3\nf 1 2 99\nf 1 2 99 98",
-         "0// 1// 2//",
-         "0,1,2,2",
-         {BogusVertex}},
-        {"corners of nothing are told once each",
-         "f 0/1 2/1 3/1 4/1\nf /2 2/1 3/1 4/1",
-         "1/0/ 2/0/ 3/0/",
-         "0,1,2,2 0,1,2,2",
-         {BogusVertex, BogusVertex}},
-        {"no usable face", "f 1 2 99", "0// 1//", "", {BogusVertex}},
-        {"a rejected face keeps the corners before its fault",
-         "f 1 2 3 4/4 5",
-         "0// 1// 2//",
-         "0,1,2,2",
-         {BogusVertex}},
-        {"repaired or not, faces stay", "f 1 1 2 3\nf 1 2 3 1\nf 4 4 4\nf 1 2 1 2",
-         "0// 1// 2// 3//", "0,1,2,2 0,1,2,2 3,3,3,3 0,1,0,1"},
-    };
-    for (const auto& [what, statements, vertices, faces, errors] : cases) {
-        SCOPED_TRACE(what);
-        const GK_Mesh& mesh = Build(Parsed(Lists(10) + statements));
-        EXPECT_EQ(ShownVertices(mesh), vertices);
-        EXPECT_EQ(ShownFaces(mesh), faces);
-        EXPECT_EQ(ShownNgons(mesh), "");
-        EXPECT_EQ(KernelErrors(), errors);
-    }
-}
-
-TEST_F(BuildMesh, PolygonsBecomeTrianglesAndAreKeptAsNgons)
-{
-    const GK_Mesh& mesh = Build(Parsed(Lists(10) + "f 9 1 2\nf 2 4 6 8 10\nf 7 8 99 9 10\n"
-                                                   "f 1 99 3 5 7 9\nf 1 2 3"));
-    EXPECT_EQ(ShownVertices(mesh), "0// 1// 2// 3// 4// 5// 6// 7// 8// 9//");
-    EXPECT_EQ(ShownNgons(mesh), "1,3,5,7,9:1,2,3 0,2,4,6,8:5,6,7");
-    ASSERT_EQ(mesh.FaceCount(), 9);
-    const auto isFace = [&mesh](int index, GK_MeshFace face) { return mesh.faces[index] == face; };
-    EXPECT_TRUE(isFace(0, {{8, 0, 1, 1}}) && isFace(4, {{6, 7, 8, 9}}) &&
-                isFace(8, {{0, 1, 2, 2}}));
-    for (const int face : {1, 2, 3, 5, 6, 7}) {
-        EXPECT_TRUE(mesh.faces[face].IsTriangle());
-        EXPECT_TRUE(mesh.faces[face].IsValid(mesh.VertexCount(), mesh.vertices.Array()));
-        for (const int vertex : mesh.faces[face].vi)
-            EXPECT_EQ(vertex % 2, face < 4 ? 1 : 0) << "a triangle of the polygon's own corners";
-    }
-}
-
-TEST_F(BuildMesh, APolygonThatCannotBeTriangulatedBecomesAFan)
-{
-    const GK_Mesh& mesh = Build(Parsed(Lists(4) + "v nan 0 0\nf 1 5 4 3 2"));
-    EXPECT_EQ(ShownFaces(mesh), "0,4,3,3 0,3,2,2 0,2,1,1");
-    EXPECT_EQ(ShownNgons(mesh), "0,4,3,2,1:0,1,2");
-}
-
-TEST_F(BuildMesh, WithoutCornersThereIsNoMesh)
-{
-    for (const char* const statements : {"f 1 2", "p 1", "", "g a"}) {
-        CReadOBJ& reader = Parsed(Lists(3) + statements);
-        EXPECT_FALSE(reader.BuildMesh(*reader.currentGroup)) << statements;
-    }
-}
-
-TEST_F(BuildMesh, ColoursComeFromTheirPositions)
-{
-    const struct
-    {
-        const char* text;
-        std::vector<int> reds;
-        std::size_t errors;
-    } cases[] = {
-        {"v 0 0 0 2 0 0\nv 1 0 0 3 0 0\nv 0 1 0 4 0 0\nv 1 1 0 5 0 0\nf 4 3 2", {3, 4, 5}, 0},
-        // Not every position has a colour: what there is goes by its place in the list.
-        {"v 0 0 0 2 0 0\nv 1 0 0\nv 0 1 0 4 0 0\nf 1 2 3", {2, 4}, 1},
-        {"v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3", {}, 0},
-    };
-    for (const auto& [text, reds, errors] : cases) {
-        const GK_Mesh& mesh = Build(Parsed(text));
-        std::vector<int> meshReds;
-        for (const GK_Color& color : mesh.colors)
-            meshReds.push_back(color.Red());
-        EXPECT_EQ(meshReds, reds) << text;
-        EXPECT_EQ(KernelErrors(), std::vector<std::string>(errors, "mesh: Bogus color index.\n"));
-    }
-}
 
 TEST_F(BuildMesh, ListsThatDoNotFitAreTold)
 {

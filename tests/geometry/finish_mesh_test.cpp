@@ -7,7 +7,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr GK_3fVector Up{0, 0, 1};
@@ -109,44 +108,6 @@ TEST_F(FinishMesh, DropsListsThatAreNotCompleteAndWhatIsOfNoUse)
     EXPECT_THAT(ListOf(mesh.colors), IsEmpty());
     ASSERT_EQ(mesh.normals.Count(), 4);
     EXPECT_LT(mesh.normals[0].x, -0.5F) << "computed instead";
-}
-
-TEST_F(FinishMesh, KeepsCompleteListsInStep)
-{
-    for (int i = 0; i < 5; ++i) {
-        mesh.textureCoordinates.Append({static_cast<float>(i), 0});
-        mesh.normals.Append({static_cast<float>(i), 0, 0});
-    }
-    mesh.faces = {{{1, 2, 4, 4}}};
-    EXPECT_TRUE(Open("").FinishMesh(&mesh));
-    EXPECT_THAT(ListOf(mesh.textureCoordinates),
-                ElementsAre(GK_2fPoint{1, 0}, GK_2fPoint{2, 0}, GK_2fPoint{4, 0}));
-    EXPECT_THAT(ListOf(mesh.normals), testing::Each(GK_3fVector{1, 0, 0}))
-        << "those of the file, unit";
-    EXPECT_EQ(mesh.faces[0], (GK_MeshFace{{0, 1, 2, 2}}));
-}
-
-TEST_F(FinishMesh, TurnsClosedMeshesOutward)
-{
-    const GK_MeshFace outward = mesh.faces[3];
-    const GK_MeshFace inward{{1, 3, 2, 2}};
-    const auto turn = [this] {
-        for (GK_MeshFace& face : mesh.faces)
-            face = {{face.vi[0], face.vi[2], face.vi[1], face.vi[1]}};
-        mesh.normals.Destroy();
-    };
-    const CReadOBJ& reader = Open("");
-    EXPECT_TRUE(reader.FinishMesh(&mesh));
-    EXPECT_EQ(mesh.faces[3], outward);
-    turn();
-    EXPECT_TRUE(reader.FinishMesh(&mesh));
-    EXPECT_EQ(mesh.faces[3], outward);
-    EXPECT_LT(mesh.normals[0].x, 0) << "the normals face outward too";
-
-    turn();
-    mesh.faces = {mesh.faces[0], mesh.faces[1], mesh.faces[3]};
-    EXPECT_TRUE(reader.FinishMesh(&mesh));
-    EXPECT_EQ(mesh.faces[2], inward) << "an open mesh stays as it is";
 }
 
 TEST_F(FinishMesh, AMorphTargetHasComputedNormals)
