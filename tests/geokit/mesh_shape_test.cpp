@@ -3,7 +3,6 @@
 #include <cmath>
 #include <gmock/gmock.h>
 #include <limits>
-#include <numbers>
 #include <random>
 
 namespace {
@@ -68,22 +67,6 @@ GK_Mesh Unwelded(const GK_Mesh& mesh)
         apart.faces.Append(face);
     }
     return apart;
-}
-
-GK_Mesh Torus(int count)
-{
-    GK_Mesh mesh;
-    const auto at = [count](int i, int j) { return (i % count) * count + j % count; };
-    for (int i = 0; i < count; ++i)
-        for (int j = 0; j < count; ++j) {
-            const double u = 2.0 * std::numbers::pi * i / count;
-            const double v = 2.0 * std::numbers::pi * j / count;
-            mesh.vertices.Append(
-                GK_3fPoint(GK_3dPoint{(3.0 + std::cos(v)) * std::cos(u),
-                                      (3.0 + std::cos(v)) * std::sin(u), std::sin(v)}));
-            mesh.faces.Append({{at(i, j), at(i + 1, j), at(i + 1, j + 1), at(i, j + 1)}});
-        }
-    return mesh;
 }
 
 } // namespace
@@ -173,7 +156,6 @@ TEST(Mesh, IsClosed)
         {"a cube twice", std::move(doubled), false},
         {"an index out of range", std::move(outOfRange), false},
         {"a corner that is not a number", std::move(withNotANumber), false},
-        {"torus", Torus(40), true},
     };
     for (Case& c : cases) {
         SCOPED_TRACE(c.name);

@@ -27,28 +27,6 @@ std::span<const T> AsSpan(const GK_SimpleArray<T>& array)
     return {array.begin(), array.end()};
 }
 
-struct MeshData
-{
-    std::vector<GK_3fPoint> points;
-    std::vector<GK_MeshFace> faces;
-};
-
-GK_Mesh MakeMesh(const MeshData& data)
-{
-    GK_Mesh mesh;
-    mesh.vertices.Append(static_cast<int>(data.points.size()), data.points.data());
-    mesh.faces.Append(static_cast<int>(data.faces.size()), data.faces.data());
-    return mesh;
-}
-
-MeshData Cube()
-{
-    return {
-        {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}},
-        {Face(3, 2, 1, 0), Face(4, 5, 6, 7), Face(0, 1, 5, 4), Face(1, 2, 6, 5), Face(2, 3, 7, 6),
-         Face(3, 0, 4, 7)}};
-}
-
 } // namespace
 
 TEST(MeshFace, IsValidAndRepair)
@@ -86,16 +64,6 @@ TEST(MeshFace, IsValidAndRepair)
         EXPECT_EQ(face.Repair(6, positions), c.repaired);
         EXPECT_THAT(face.vi, ElementsAreArray(c.after.vi));
     }
-}
-
-TEST(Mesh, CompactTouchesNothingOfASoundMesh)
-{
-    GK_Mesh mesh = MakeMesh(Cube());
-    mesh.colors.SetCount(3);
-    mesh.Compact();
-    EXPECT_THAT(AsSpan(mesh.faces), ElementsAreArray(Cube().faces));
-    EXPECT_EQ(mesh.VertexCount(), 8);
-    EXPECT_TRUE(mesh.colors.IsEmpty());
 }
 
 TEST(Mesh, CompactKeepsListsAndPolygonsInStep)
@@ -143,14 +111,4 @@ TEST(Mesh, CompactKeepsListsAndPolygonsInStep)
         EXPECT_EQ(mesh.surfaceParameters[i].x, x);
         EXPECT_EQ(mesh.colors[i].Red(), kept[i]);
     }
-}
-
-TEST(Mesh, VolumeTurnsWithTheFaces)
-{
-    GK_Mesh mesh = MakeMesh(Cube());
-    EXPECT_TRUE(mesh.IsClosed());
-    EXPECT_DOUBLE_EQ(mesh.Volume(GK_origin, nullptr), 1.0);
-    mesh.Flip();
-    EXPECT_DOUBLE_EQ(mesh.Volume(GK_origin, nullptr), -1.0);
-    EXPECT_TRUE(mesh.IsClosed());
 }

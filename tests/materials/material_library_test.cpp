@@ -174,29 +174,22 @@ TEST_F(MaterialLibrary, MaterialsEnterTheTableOneByOne)
     EXPECT_EQ(MaterialNames().back(), std::string(10000, 'x'));
 }
 
-TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderFirst)
+TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderAndThenBesideTheObjFile)
 {
     const fs::path before = fs::current_path();
-    fs::create_directories(m_folder / "current");
-    fs::current_path(m_folder / "current");
-    WriteFile(m_folder / "current" / "library.mtl", "newmtl current\n");
+    fs::create_directories(m_folder / "Current");
+    fs::current_path(m_folder / "Current");
+    WriteFile(m_folder / "Current" / "library.mtl", "newmtl current\n");
     WriteFile(m_folder / "library.mtl", "newmtl beside\n");
-    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
-    fs::remove(m_folder / "current" / "library.mtl");
+    WriteFile(m_folder / "absolute.mtl", "newmtl absolute\n");
+    WriteFile(m_folder / "Current" / "Two Words.mtl", "newmtl two words\n");
     EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
     fs::current_path(before);
-    EXPECT_THAT(MaterialNames(), ElementsAre("current", "beside"));
-}
-
-TEST_F(MaterialLibrary, IsFoundBesideTheObjFile)
-{
-    fs::create_directories(m_folder / "Library");
-    WriteFile(m_folder / "Library" / "Two Words.mtl", "newmtl beside\n");
-    WriteFile(m_folder / "absolute.mtl", "newmtl absolute\n");
-    EXPECT_THAT(ParseObj("mtllib library\\two words.MTL\nusemtl beside\n"), IsEmpty());
-    EXPECT_THAT(ParseObj("mtllib Library/Two Words.mtl\n"), IsEmpty());
+    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
+    EXPECT_THAT(ParseObj("mtllib current\\two words.MTL\nusemtl two words\n"), IsEmpty());
+    EXPECT_THAT(ParseObj("mtllib Current/Two Words.mtl\n"), IsEmpty());
     EXPECT_THAT(ParseObj("mtllib " + (m_folder / "absolute.mtl").string() + "\n"), IsEmpty());
-    EXPECT_THAT(MaterialNames(), ElementsAre("beside", "absolute"));
+    EXPECT_THAT(MaterialNames(), ElementsAre("current", "beside", "two words", "absolute"));
 }
 
 TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportGoesOn)

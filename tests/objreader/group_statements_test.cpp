@@ -1,10 +1,8 @@
 #include "tests/objreader/reader_test.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace {
-
-using testing::ElementsAre;
 
 using Names = std::vector<std::string>;
 
@@ -31,36 +29,7 @@ Names Records(const CReadOBJ& reader)
     return records;
 }
 
-class GroupStatements : public ReaderTest
-{
-};
-
-TEST_F(GroupStatements, EachCombinationOfNamesHasOneRecord)
-{
-    const struct
-    {
-        const char* statement;
-        const char* current;
-    } steps[] = {
-        {"v 0 0 0", ",,"},
-        {"g wall exterior", "wall,, (wall exterior)"},
-        {"usemtl brick", "wall,,brick (wall exterior)"},
-        {"o house", "wall,house,brick (wall exterior)"},
-        {"g roof", "roof,house,brick (roof)"},
-        {"usemtl tile", "roof,house,tile (roof)"},
-        {"g wall", "wall,house,tile (wall)"},
-        {"usemtl brick", "wall,house,brick (wall exterior)"},
-    };
-    std::string text;
-    for (const auto& [statement, current] : steps) {
-        text += std::string(statement) + '\n';
-        EXPECT_EQ(Shown(*Parsed(text).currentGroup), current) << text;
-    }
-    EXPECT_THAT(Records(Parsed(text)),
-                ElementsAre(",,", "roof,house,brick (roof)", "roof,house,tile (roof)",
-                            "wall,, (wall exterior)", "wall,,brick (wall exterior)",
-                            "wall,house,brick (wall exterior)", "wall,house,tile (wall)"));
-}
+using GroupStatements = ReaderTest;
 
 TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
 {
@@ -77,7 +46,6 @@ TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
         Names records;
         Options options = {};
     } cases[] = {
-        {"nothing", "", {",,"}},
         {"order of names, not of the file",
          "g b\ng a\ng c\ng aa",
          {",,", "a,, (a)", "aa,, (aa)", "b,, (b)", "c,, (c)"}},
@@ -87,8 +55,6 @@ TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
         {"order of objects before materials",
          "o b\nusemtl m\no a\nusemtl n",
          {",,", ",a,m", ",a,n", ",b,", ",b,m"}},
-        {"case counts", "g Wall\ng wall", {",,", "Wall,, (Wall)", "wall,, (wall)"}},
-        {"group is another word for g", "GROUP a b\nG c", {",,", "a,, (a b)", "c,, (c)"}},
         {"the last name is the key", "g a b c", {",,", "c,, (a b c)"}, {.reverse = true}},
         {"no group name", "g a\nusemtl m\ng", {",,", ",,m", "a,, (a)", "a,,m (a)"}},
         {"no group name, reversed",
@@ -120,23 +86,6 @@ TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
         EXPECT_EQ(Records(reader), records);
         EXPECT_EQ(static_cast<std::size_t>(reader.GroupObjectCount()), records.size());
     }
-}
-
-TEST_F(GroupStatements, GeometryGoesToTheRecordOfItsNames)
-{
-    const CReadOBJ& reader = Parsed("v 0 0 0\nv 1 0 0\nf 1 2 1\ng b\nf 1 1 2\nf 1 2 2\n"
-                                    "g a\np 1\ng b\nf 2 2 1\ng c\n");
-    Names contents;
-    for (const auto& record : reader.groupObjects) {
-        const CReadOBJ::Geometry* const geometry = record->geometry.get();
-        contents.push_back(Shown(*record) + ": " +
-                           (geometry == nullptr
-                                ? "nothing"
-                                : std::to_string(geometry->faces.Count()) + " faces, " +
-                                      std::to_string(geometry->points.Count()) + " points"));
-    }
-    EXPECT_THAT(contents, ElementsAre(",,: 1 faces, 0 points", "a,, (a): 0 faces, 1 points",
-                                      "b,, (b): 3 faces, 0 points", "c,, (c): nothing"));
 }
 
 } // namespace

@@ -211,16 +211,6 @@ TEST_F(Tokenizer, KeepsTheLastLineAfterTheEnd)
     EXPECT_FALSE(tokenizer.ReadFailed());
 }
 
-TEST_F(Tokenizer, WithoutAFileThereIsNeverALine)
-{
-    for (const char* const path : {"missing.obj", "."}) {
-        CObjLineTokenizer tokenizer((m_folder / path).wstring().c_str());
-        EXPECT_FALSE(tokenizer.ReadLine());
-        EXPECT_FALSE(tokenizer.AtEnd());
-        EXPECT_EQ(tokenizer.TokenCount(), 0);
-    }
-}
-
 TEST_F(Tokenizer, AStreamThatFailsEndsAndSaysSo)
 {
     WriteFile(m_path, "a b");

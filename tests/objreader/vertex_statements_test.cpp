@@ -11,9 +11,7 @@ using testing::ElementsAre;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-class VertexStatements : public ReaderTest
-{
-};
+using VertexStatements = ReaderTest;
 
 TEST_F(VertexStatements, PositionsWithWeightsAndColours)
 {
@@ -24,12 +22,8 @@ TEST_F(VertexStatements, PositionsWithWeightsAndColours)
         double weight = 1.0;
         std::optional<GK_Color> color = std::nullopt;
     } cases[] = {
-        {"v 1 2 3", {1, 2, 3}},
-        {"v 1 2 3 0.5", {1, 2, 3}, 0.5},
         {"v 1 2 3 0.1", {1, 2, 3}, 0.1},
         {"v 1 2 3 -2", {1, 2, 3}, -2},
-        {"v 1 2 3 0.5 0.25 1", {1, 2, 3}, 1, GK_Color(128, 64, 255)},
-        {"v 1 2 3 255 128 0", {1, 2, 3}, 1, GK_Color(255, 128, 0)},
         {"v 1 2 3 1 200 0.5", {1, 2, 3}, 1, GK_Color(255, 255, 128)},
         {"v 1 2 3 1.9 1.9 0.9", {1, 2, 3}, 1, GK_Color(1, 1, 0)},
         {"v 1 2 3 1e99 -1e99 nan", {1, 2, 3}, 1, GK_Color(255, 0, 0)},
@@ -50,14 +44,6 @@ TEST_F(VertexStatements, PositionsWithWeightsAndColours)
         ASSERT_EQ(reader.vertexColors.Count(), color ? 1 : 0);
         EXPECT_EQ(color.value_or(GK_Color()), color ? reader.vertexColors[0] : GK_Color());
     }
-}
-
-TEST_F(VertexStatements, ColoursOfSomePositionsStandWithoutGaps)
-{
-    const CReadOBJ& reader = Parsed("v 0 0 0\nv 1 0 0 2 3 4\nv 2 0 0\nv 3 0 0 5 6 7\n");
-    EXPECT_EQ(reader.vertices.Count(), 4);
-    EXPECT_THAT(ListOf(reader.vertexColors), ElementsAre(GK_Color(2, 3, 4), GK_Color(5, 6, 7)));
-    EXPECT_TRUE(reader.hasVertexColors);
 }
 
 TEST_F(VertexStatements, ParameterPointsTextureCoordinatesAndNormals)

@@ -55,27 +55,7 @@ std::string RunCase(const std::string& objPath, const std::string& switches)
     return WithoutFolder(session.ReportText(), objPath);
 }
 
-/// The first line in which two texts differ, as each has it; empty when they are equal.
-std::string FirstDifference(const std::string& report, const std::string& expected)
-{
-    std::istringstream reportLines(report);
-    std::istringstream expectedLines(expected);
-    for (int number = 1;; ++number) {
-        std::string line = "(end)";
-        std::string expectedLine = line;
-        const bool more = std::getline(reportLines, line).good();
-        const bool moreExpected = std::getline(expectedLines, expectedLine).good();
-        if (line != expectedLine || more != moreExpected)
-            return "line " + std::to_string(number) + "\n  is       " + line + "\n  expected " +
-                   expectedLine + "\n";
-        if (!more)
-            return {};
-    }
-}
-
-class Cases : public testing::TestWithParam<std::string>
-{
-};
+using Cases = testing::TestWithParam<std::string>;
 
 TEST_P(Cases, DocumentIsAsExpected)
 {
@@ -90,7 +70,7 @@ TEST_P(Cases, DocumentIsAsExpected)
         std::ofstream(expectedPath, std::ios::binary) << report;
         return;
     }
-    EXPECT_EQ(FirstDifference(report, ReadBytes(expectedPath)), "") << expectedPath;
+    EXPECT_EQ(report, ReadBytes(expectedPath)) << expectedPath;
 }
 
 std::string CaseName(const testing::TestParamInfo<std::string>& info)
