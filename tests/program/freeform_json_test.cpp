@@ -167,18 +167,4 @@ TEST(FreeformJson, ShapesAreTheOnesPromised)
     EXPECT_LT(Distance(CurvePoint(wave, 1.0), {4, 0, 0}), 1e-12);
 }
 
-TEST(FreeformJson, WhatIsRefusedOrUnsupportedSaysWhy)
-{
-    const json refused = Imported("unfinished_surface.obj")["imports"].at(0)["refused"];
-    ASSERT_EQ(refused.size(), 3U);
-    EXPECT_EQ(refused[0], json::parse(R"({"type": "curve", "reason": "the curve has no knots"})"));
-    EXPECT_EQ(refused[1]["type"], "brep");
-    EXPECT_NE(refused[2]["reason"].get<std::string>().find("does not close"), std::string::npos);
-
-    const json boxes = Imported("unsupported_surface.obj")["imports"].at(0)["boxes"];
-    ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0]["caption"], "OBJ Import Error");
-    EXPECT_EQ(boxes[0]["text"].get<std::string>().find("This file contains a bmatrix surface"), 0U);
-}
-
 } // namespace
