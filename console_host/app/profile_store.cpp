@@ -145,10 +145,6 @@ void ProfileStore::WriteBool(const wchar_t* section, const wchar_t* entry, bool 
 
 void ProfileStore::Write(const wchar_t* section, const wchar_t* entry, std::string value)
 {
-    if (m_writesToFailure > 0 && --m_writesToFailure == 0) {
-        Report("cannot write to the settings", m_path, GK_wString(entry).Utf8());
-        return;
-    }
     std::string& kept = m_sections[GK_wString(section).Utf8()][GK_wString(entry).Utf8()];
     if (kept == value)
         return;

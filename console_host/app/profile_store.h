@@ -31,9 +31,6 @@ public:
     /// standard error and gives false; the file is then as it was.
     bool Save();
 
-    /// For tests: the `nth` write from now on fails (1: the next) and changes nothing.
-    void FailWrite(int nth) { m_writesToFailure = nth; }
-
 private:
     using Section = std::map<std::string, std::string>;
 
@@ -47,5 +44,4 @@ private:
     std::map<std::string, Section> m_sections;
     bool m_changed = false;
     bool m_unreadable = false;
-    int m_writesToFailure = 0;
 };
