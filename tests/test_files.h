@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/temporary_folder.h"
+
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -29,37 +31,18 @@ inline void WriteFile(const std::filesystem::path& path, const Bytes& bytes)
     WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
-/// A fresh folder, which goes with the test.
-class TestFolder
+/// A folder of a test's own, with paths into it.
+class TestFolder : public TemporaryFolder
 {
 public:
-    TestFolder()
-    {
-        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        m_path = std::filesystem::path(testing::TempDir()) /
-                 (std::string("importobj_") + test->test_suite_name() + "_" + test->name());
-        std::filesystem::remove_all(m_path);
-        std::filesystem::create_directories(m_path);
-    }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-    ~TestFolder()
-    {
-        std::error_code error;
-        std::filesystem::remove_all(m_path, error);
-    }
-
     [[nodiscard]] std::filesystem::path operator/(const std::filesystem::path& name) const
     {
-        return m_path / name;
+        return Path() / name;
     }
 
     [[nodiscard]] std::size_t FileCount() const
     {
         return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(m_path), {}));
+            std::distance(std::filesystem::directory_iterator(Path()), {}));
     }
-
-private:
-    std::filesystem::path m_path;
 };
