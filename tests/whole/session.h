@@ -28,10 +28,6 @@ public:
     bool ImportBytes(std::string_view bytes);
 
     [[nodiscard]] const ConsoleDoc& Doc() const { return m_doc; }
-    ConsoleDoc& Doc() { return m_doc; }
-
-    /// What the imports said, in their order. Files go without their folders.
-    [[nodiscard]] const std::vector<ImportRecord>& Records() const { return m_records; }
 
     /// All lines that the imports printed.
     [[nodiscard]] std::vector<std::string> Prints() const;
