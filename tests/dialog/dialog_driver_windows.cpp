@@ -61,7 +61,9 @@ void PressKey(WORD code, WORD held = 0)
         SendKey(held, KEYEVENTF_KEYUP);
 }
 
-/// Clicks at a place of the screen.
+/// Clicks at a place of the screen. Press and release say the place again: a pointer that the
+/// system itself moves meanwhile, as when a window comes up below it, does not take the click
+/// elsewhere.
 void ClickAt(POINT place)
 {
     constexpr LONG Whole = 65536; // an absolute place is a fraction of the screen
@@ -71,9 +73,8 @@ void ClickAt(POINT place)
     const LONG height = GetSystemMetrics(SM_CYSCREEN);
     input.mi.dx = (place.x * Whole + Whole / 2) / width;
     input.mi.dy = (place.y * Whole + Whole / 2) / height;
-    for (const DWORD action :
-         {DWORD{MOUSEEVENTF_MOVE}, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
-        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | action;
+    for (const DWORD action : {DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
+        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | action;
         SendInput(1, &input, sizeof(input));
     }
 }
