@@ -14,6 +14,14 @@ inline std::string Utf8(const std::filesystem::path& path)
     return {text.begin(), text.end()};
 }
 
+/// What stands in a file; a test that asks for one that cannot be read fails.
+inline std::string ReadBytes(const std::filesystem::path& path)
+{
+    std::ifstream stream(path, std::ios::binary);
+    EXPECT_TRUE(stream) << path << " cannot be read";
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 /// A folder of a test's own, removed with the object.
 class TemporaryFolder
 {

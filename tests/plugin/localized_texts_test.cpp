@@ -1,7 +1,7 @@
 #include "console_host/app/string_table.h"
+#include "tests/temporary_folder.h"
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>
@@ -16,15 +16,6 @@ namespace fs = std::filesystem;
 
 const fs::path Project = PROJECT_FOLDER;
 
-std::string FileText(const fs::path& path)
-{
-    std::ifstream stream(path, std::ios::binary);
-    EXPECT_TRUE(stream) << path;
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
 /// Texts by localization id, in the escaped form of a string table.
 using Texts = std::map<int, std::string>;
 
@@ -35,7 +26,7 @@ std::string ImporterSources()
     for (const char* folder : {"plugin", "objreader", "geometry", "materials"})
         for (const auto& file : fs::recursive_directory_iterator(Project / folder))
             if (file.path().extension() == ".cpp" || file.path().extension() == ".h")
-                sources += FileText(file.path());
+                sources += ReadBytes(file.path());
     return sources;
 }
 
@@ -74,7 +65,7 @@ std::set<int> IdsOfSources(const std::string& sources)
 Texts TextsOfTable(const char* name)
 {
     Texts texts;
-    std::istringstream lines(FileText(Project / "examples" / name));
+    std::istringstream lines(ReadBytes(Project / "examples" / name));
     for (std::string line; std::getline(lines, line);) {
         const std::size_t tab = line.find('\t');
         if (tab == std::string::npos || line.find_first_not_of("0123456789") != tab)

@@ -7,6 +7,7 @@
 // runs is expected to be as in cases/NAME.expected. To write these files anew, run this program
 // with RENEW_CASES=1 in the environment, and look at what has changed.
 
+#include "tests/temporary_folder.h"
 #include "tests/whole/session.h"
 
 #include <cstdlib>

@@ -2,6 +2,7 @@
 // hang, none may leave the wait cursor on (Session::Import sees to that), and what is sound is
 // kept.
 
+#include "tests/temporary_folder.h"
 #include "tests/whole/session.h"
 
 #include <cstring>
@@ -63,11 +64,12 @@ TEST(Hostile, AllLineEndsGiveTheSame)
 
 TEST(Hostile, NoFileToRead)
 {
-    const auto folder = std::filesystem::temp_directory_path().string();
-    const ScratchFile unreadable("v 0 0 0\n");
-    std::filesystem::permissions(unreadable.Path(), std::filesystem::perms::none);
+    const TemporaryFolder own;
+    const auto folder = Utf8(own.Path());
+    const auto unreadable = Utf8(own.Write("unreadable.obj", "v 0 0 0\n"));
+    std::filesystem::permissions(unreadable, std::filesystem::perms::none);
     for (const std::string& path : {folder, folder + "/no such file.obj", std::string(),
-                                    folder + "/no such folder/file.obj", unreadable.Path()}) {
+                                    folder + "/no such folder/file.obj", unreadable}) {
         SCOPED_TRACE(path);
         Session session;
         const bool readable = std::ifstream(path).get() != EOF;

@@ -5,13 +5,11 @@
 #include "console_host/program/document_json.h"
 #include "console_host/program/option_switches.h"
 #include "console_host/program/plugin_module.h"
+#include "tests/temporary_folder.h"
 #include "tests/whole/report.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <stdexcept>
 
 namespace {
@@ -105,10 +103,8 @@ bool Session::Import(const std::string& path)
 
 bool Session::ImportBytes(std::string_view bytes)
 {
-    const ScratchFile file(bytes);
-    const bool result = Import(file.Path());
-    m_records.back().file = "bytes";
-    return result;
+    const TemporaryFolder folder;
+    return Import(Utf8(folder.Write("bytes", bytes)));
 }
 
 std::vector<std::string> Session::Prints() const
@@ -130,32 +126,6 @@ std::string Session::ReportText() const
         throw std::runtime_error(why);
     std::rewind(stream.get());
     return Report(nlohmann::json::parse(stream.get()));
-}
-
-ScratchFile::ScratchFile(std::string_view bytes)
-    : m_path((std::filesystem::temp_directory_path() /
-              ("importobj-test-" + std::to_string(std::random_device()()) + ".obj"))
-                 .string())
-{
-    std::ofstream file(m_path, std::ios::binary);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file)
-        throw std::runtime_error(m_path + " cannot be written");
-}
-
-ScratchFile::~ScratchFile()
-{
-    std::error_code ignored;
-    std::filesystem::remove(m_path, ignored);
-}
-
-std::string ReadBytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw std::runtime_error(path + " cannot be read");
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& extension)

@@ -41,24 +41,6 @@ private:
     bool m_zoom = false;
 };
 
-/// A file for tests to write, removed with the object.
-class ScratchFile
-{
-public:
-    explicit ScratchFile(std::string_view bytes);
-    ScratchFile(const ScratchFile&) = delete;
-    ScratchFile& operator=(const ScratchFile&) = delete;
-    ~ScratchFile();
-
-    [[nodiscard]] const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
-/// The bytes of a file; throws std::runtime_error when it cannot be read.
-[[nodiscard]] std::string ReadBytes(const std::string& path);
-
 /// The files of a folder with this extension, by name.
 [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder,
                                                const std::string& extension);
