@@ -60,6 +60,11 @@ GK_Color MakeColor(const std::array<double, 3>& rgb)
     return color;
 }
 
+GK_2fPoint MakeTexCoord(double u, double v)
+{
+    return {static_cast<float>(u), static_cast<float>(v)};
+}
+
 GK_3fVector MakeNormal(const std::array<double, 3>& values)
 {
     return {static_cast<float>(values[0]), static_cast<float>(values[1]),
@@ -119,7 +124,7 @@ bool CReadOBJ::ReadTexCoord()
     std::array<double, 2> values;
     if (tokenizer.TokenCount() < 3 || !ReadReals(tokenizer, values))
         return false;
-    texCoords.Append({static_cast<float>(values[0]), static_cast<float>(values[1])});
+    texCoords.Append(MakeTexCoord(values[0], values[1]));
     return true;
 }
 
@@ -128,7 +133,7 @@ bool CReadOBJ::ReadPlainTexCoord(const char* text)
     std::array<double, 3> values;
     if (TakeReals(text, values) < 2 || !tokenizer.SkipLine(text))
         return false;
-    texCoords.Append({static_cast<float>(values[0]), static_cast<float>(values[1])});
+    texCoords.Append(MakeTexCoord(values[0], values[1]));
     return true;
 }
 
