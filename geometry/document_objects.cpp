@@ -2,17 +2,18 @@
 #include "objreader/read_obj.h"
 
 #include <new>
+#include <type_traits>
 
 namespace {
 
 /// Adds an object of this geometry, which `setGeometry` gives it; gives the outcome. Want of memory
-/// for the object costs this object only.
-template <class Object, class Taken, class Geometry>
-bool AddObjectOf(Geometry&& geometry, void (Object::*setGeometry)(Taken), CKelvoDoc& doc,
-                 const GK_MdxObjectAttributes& attributes)
+/// for the object costs this object only, with the geometry that it would have taken over.
+template <class Object, class Taken>
+bool AddObjectOf(std::type_identity_t<Taken> geometry, void (Object::*setGeometry)(Taken),
+                 CKelvoDoc& doc, const GK_MdxObjectAttributes& attributes)
 try {
     auto object = std::make_unique<Object>(attributes);
-    ((*object).*setGeometry)(std::forward<Geometry>(geometry));
+    ((*object).*setGeometry)(std::forward<Taken>(geometry));
     return doc.AddObject(std::move(object), CReadOBJ::AddAsReference, false);
 } catch (const std::bad_alloc&) {
     return false;

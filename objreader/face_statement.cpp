@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -108,7 +109,9 @@ int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad
 
 bool CReadOBJ::NewGroupMesh()
 {
-    auto mesh = std::make_unique<GK_Mesh>();
+    std::unique_ptr<GK_Mesh> mesh(new (std::nothrow) GK_Mesh);
+    if (mesh == nullptr)
+        return false;
     for (const int direction : {0, 1}) {
         mesh->SetSurfaceParameterDomain(direction, GK_Interval(0.0, 1.0));
         mesh->SetPackedTextureDomain(direction, GK_Interval(0.0, 1.0));
@@ -223,10 +226,11 @@ bool CReadOBJ::ReadPlainFace(const char* text)
     const int firstCorner = geometry.corners.Count();
     const bool plain = TakePlainCorners(*this, text, geometry.corners);
     const int cornerCount = geometry.corners.Count() - firstCorner;
-    if (!plain || cornerCount < 3 || !tokenizer.SkipLine(text)) {
+    if (!plain || cornerCount < 3 || (!geometry.mesh && !NewGroupMesh()) ||
+        !tokenizer.SkipLine(text)) {
         geometry.corners.SetCount(firstCorner);
         return false;
     }
     geometry.faces.Append({firstCorner, cornerCount});
-    return geometry.mesh || NewGroupMesh();
+    return true;
 }
