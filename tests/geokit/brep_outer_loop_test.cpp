@@ -12,16 +12,6 @@ struct Shape
     int trimsWithoutEdge;
 };
 
-// A ring: closed in both directions.
-std::unique_ptr<VX_NurbsSurface> MakeTorus()
-{
-    const GK_NurbsCurve circle = MakeCircle2d(3.0, 0.0, 1.0);
-    std::vector<std::array<double, 3>> profile;
-    for (int i = 0; i < circle.controlPointCount; ++i)
-        profile.push_back({circle.ControlPoint(i).x, circle.ControlPoint(i).y, circle.Weight(i)});
-    return Revolve(profile, 3, {0, 0, 1, 1, 2, 2, 3, 3, 4, 4});
-}
-
 TEST(NewOuterLoop, FollowsTheBoundary)
 {
     const Shape shapes[] = {
@@ -29,12 +19,8 @@ TEST(NewOuterLoop, FollowsTheBoundary)
         {"hill", [] { return MakeHill(true); }, 4, 4, 0},
         {"cylinder", MakeCylinder, 2, 3, 0},
         {"sphere", MakeSphere, 2, 1, 2},
-        {"cone",
-         [] {
-             return Revolve({{1, 0, 1}, {0, 2, 1}}, 2, {0, 1});
-         },
-         2, 2, 1},
-        {"torus", MakeTorus, 1, 2, 0},
+        {"cone", [] { return Revolve(MakeLine(1, 0, 0, 2)); }, 2, 2, 1},
+        {"torus", [] { return Revolve(MakeCircle2d(3, 0, 1)); }, 1, 2, 0},
         {"triangle",
          [] {
              return MakeSurface(false, 2, 2, {0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 1, 0}, {0, 1}, {0, 1});

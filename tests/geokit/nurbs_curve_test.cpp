@@ -1,14 +1,12 @@
-#include "console_host/geokit/bspline_basis.h"
 #include "nurbs_shapes.h"
 
 #include "host/geokit/nurbs_curve.h"
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <numeric>
 
 namespace {
-
-constexpr double Relative = 1e-12;
 
 TEST(NurbsCurve, CircleStaysAtTheRadiusAndTurnsAtRightAngles)
 {
@@ -18,52 +16,29 @@ TEST(NurbsCurve, CircleStaysAtTheRadiusAndTurnsAtRightAngles)
     for (int i = 0; i <= 1000; ++i) {
         const auto [point, derivative] = circle.Evaluate(4.0 * i / 1000);
         const GK_3dVector arm = point - GK_3dPoint{3.0, -2.0, 0.0};
-        EXPECT_NEAR(arm.Length(), 5.0, 5.0 * Relative);
+        EXPECT_NEAR(arm.Length(), 5.0, 5e-12);
         EXPECT_NEAR(GK_DotProduct(arm, derivative), 0.0, 1e-11);
     }
 }
 
-TEST(NurbsCurve, BezierCurveAgreesWithBernsteinPolynomials)
+// Control points at the means of their knots make a straight line, passed at an even speed.
+TEST(NurbsCurve, GivesALineFromTheMeansOfItsKnots)
 {
+    const std::vector<double> inner{2.5, 3, 3, 4.75};
     for (const int degree : {1, 2, 3, 7, 20}) {
-        std::vector<double> points;
-        for (int i = 0; i <= degree; ++i)
-            points.insert(points.end(), {1.0 + i, std::sin(i), std::cos(2.0 * i)});
-        std::vector<double> knots(static_cast<std::size_t>(degree), 2.0);
+        std::vector<double> knots{0.5};
+        knots.resize(static_cast<std::size_t>(degree), 2.0);
+        knots.insert(knots.end(), inner.begin() + (degree == 1 ? 2 : 0), inner.end());
         knots.insert(knots.end(), static_cast<std::size_t>(degree), 5.0);
-        const GK_NurbsCurve curve = MakeCurve(3, false, degree + 1, points, knots);
-        for (int k = 0; k <= 50; ++k) {
-            const double s = k / 50.0;
-            double y = 0.0;
-            double binomial = 1.0;
-            for (int i = 0; i <= degree; ++i) {
-                y += binomial * std::pow(s, i) * std::pow(1.0 - s, degree - i) * std::sin(i);
-                binomial = binomial * (degree - i) / (i + 1);
-            }
-            const GK_3dPoint point = curve.PointAt(2.0 + 3.0 * s);
-            EXPECT_NEAR(point.y, y, Relative) << degree << " at " << s;
-            EXPECT_NEAR(point.x, 1.0 + degree * s, (1.0 + degree) * Relative);
+        std::vector<double> points;
+        for (auto first = knots.begin(); knots.end() - first >= degree; ++first)
+            points.insert(points.end(), {std::accumulate(first, first + degree, 0.0) / degree, 7});
+        const GK_NurbsCurve curve = MakeCurve(2, false, degree + 1, points, knots);
+        for (double t = 1.9; t < 5.1; t += 0.01) { // a little past both ends
+            const auto [point, derivative] = curve.Evaluate(t);
+            EXPECT_LT(point.DistanceTo({t, 7, 0}), 1e-10) << degree << " at " << t;
+            EXPECT_LT(Distance(derivative, {1, 0, 0}), 1e-9) << degree << " at " << t;
         }
-    }
-}
-
-TEST(NurbsCurve, BasisFunctionsSumToOneAndTheirDerivativesToNothing)
-{
-    const std::vector<double> knots{-1, -0.5, 0, 0, 1, 1, 1, 1.5, 4, 5, 5, 5, 5};
-    const int order = 5;
-    const int count = static_cast<int>(knots.size()) - order + 2;
-    for (int i = 0; i <= 600; ++i) {
-        const double t = -0.2 + 0.01 * i; // a little past both ends
-        const int span = FindSpan(knots, order, count, t);
-        const BasisFunctions basis(knots.data() + span, order - 1, t);
-        double sum = 0.0;
-        double slope = 0.0;
-        for (int k = 0; k < order; ++k) {
-            sum += basis.Value(k);
-            slope += basis.Derivative(k);
-        }
-        EXPECT_NEAR(sum, 1.0, Relative) << t;
-        EXPECT_NEAR(slope, 0.0, 1e-10) << t;
     }
 }
 
@@ -72,18 +47,10 @@ TEST(NurbsCurve, DerivativeAgreesWithDifferences)
     const GK_NurbsCurve curve =
         MakeCurve(3, true, 4, {0, 0, 0, 1, 1, 2, 0, 2, 3, 1, 1, 0.5, 4, 0, 2, 1, 5, 5, 5, 3},
                   {0, 0, 0, 0.7, 2, 2, 2});
-    ASSERT_TRUE(curve.IsValid());
     constexpr double Step = 1e-5;
-    for (int i = 1; i < 100; ++i) {
-        const double t = 0.02 * i + 0.003;
-        if (t + Step > 2.0)
-            break;
-        const GK_3dVector difference =
-            (0.5 / Step) * (curve.PointAt(t + Step) - curve.PointAt(t - Step));
-        const GK_3dVector derivative = curve.Evaluate(t).derivative;
-        EXPECT_NEAR(derivative.x, difference.x, 1e-6);
-        EXPECT_NEAR(derivative.y, difference.y, 1e-6);
-        EXPECT_NEAR(derivative.z, difference.z, 1e-6);
+    for (double t = 0.003; t < 1.99; t += 0.02) {
+        const GK_3dVector step = curve.PointAt(t + Step) - curve.PointAt(t - Step);
+        EXPECT_LT(Distance(curve.Evaluate(t).derivative, 0.5 / Step * step), 1e-6) << t;
     }
 }
 
@@ -104,8 +71,6 @@ TEST(NurbsCurve, ReversingAndMappingTheDomainKeepTheShape)
 
 TEST(NurbsCurve, IsClosedButForRounding)
 {
-    const GK_NurbsCurve circle = MakeCircle2d(2.0, 0.0, 1.0);
-    EXPECT_TRUE(circle.IsClosed());
     const auto endingAt = [](double x) {
         return MakeCurve(2, false, 2, {3, 0, 4, 1, x, 0}, {0, 1, 2}).IsClosed();
     };

@@ -14,6 +14,11 @@
 constexpr double Pi = 3.14159265358979323846;
 const double HalfRoot2 = std::sqrt(0.5);
 
+inline double Distance(const GK_3dVector& a, const GK_3dVector& b)
+{
+    return (a + -1.0 * b).Length();
+}
+
 inline GK_SimpleArray<double> Doubles(const std::vector<double>& values)
 {
     GK_SimpleArray<double> array;
@@ -35,9 +40,9 @@ inline GK_NurbsCurve MakeCurve(int dimension, bool rational, int order,
     return curve;
 }
 
-inline std::unique_ptr<GK_NurbsCurve> MakeLine(double u0, double v0, double u1, double v1)
+inline GK_NurbsCurve MakeLine(double u0, double v0, double u1, double v1)
 {
-    return std::make_unique<GK_NurbsCurve>(MakeCurve(2, false, 2, {u0, v0, u1, v1}, {0, 1}));
+    return MakeCurve(2, false, 2, {u0, v0, u1, v1}, {0, 1});
 }
 
 // A full circle of degree 2 in four quarters, counter-clockwise from the +x side, over [0, 4].
@@ -80,33 +85,34 @@ inline std::unique_ptr<VX_NurbsSurface> MakePlane(double size)
                        {0, size});
 }
 
-// Turns a profile of (radius, height, weight) about the z axis; u goes once round over [0, 4].
-inline std::unique_ptr<VX_NurbsSurface> Revolve(const std::vector<std::array<double, 3>>& profile,
-                                                int order, const std::vector<double>& knots)
+// Turns a profile, drawn as radius and height, about the z axis; u goes once round over [0, 4].
+inline std::unique_ptr<VX_NurbsSurface> Revolve(const GK_NurbsCurve& profile)
 {
     const GK_NurbsCurve circle = MakeCircle2d(0.0, 0.0, 1.0);
     std::vector<double> points;
-    for (const auto& [radius, height, weight] : profile)
+    for (int j = 0; j < profile.controlPointCount; ++j) {
+        const auto [radius, height, z] = profile.ControlPoint(j);
         for (int i = 0; i < circle.controlPointCount; ++i)
             points.insert(points.end(),
                           {radius * circle.ControlPoint(i).x, radius * circle.ControlPoint(i).y,
-                           height, weight * circle.Weight(i)});
-    const std::vector<double> round(circle.knots.begin(), circle.knots.end());
-    return MakeSurface(true, 3, order, points, round, knots);
+                           height, profile.Weight(j) * circle.Weight(i)});
+    }
+    return MakeSurface(true, 3, profile.order, points, {circle.knots.begin(), circle.knots.end()},
+                       {profile.knots.begin(), profile.knots.end()});
 }
 
 // Radius 1, height 0 to 2 over v [0, 2].
 inline std::unique_ptr<VX_NurbsSurface> MakeCylinder()
 {
-    return Revolve({{1, 0, 1}, {1, 2, 1}}, 2, {0, 2});
+    return Revolve(MakeCurve(2, false, 2, {1, 0, 1, 2}, {0, 2}));
 }
 
 // Radius 1 about the origin; v goes from the south pole to the north pole over [0, 2].
 inline std::unique_ptr<VX_NurbsSurface> MakeSphere()
 {
     const double w = HalfRoot2;
-    return Revolve({{0, -1, 1}, {1, -1, w}, {1, 0, 1}, {1, 1, w}, {0, 1, 1}}, 3,
-                   {0, 0, 1, 1, 2, 2});
+    return Revolve(
+        MakeCurve(2, true, 3, {0, -1, 1, 1, -1, w, 1, 0, 1, 1, 1, w, 0, 1, 1}, {0, 0, 1, 1, 2, 2}));
 }
 
 // A bicubic hill over [0, 4] x [0, 4] with inner knots, one of them a kink in u.

@@ -10,14 +10,10 @@ namespace {
 TEST(NurbsSurface, SphereStaysAtTheRadius)
 {
     const auto sphere = MakeSphere();
-    ASSERT_TRUE(sphere->IsValid());
     for (int i = 0; i <= 80; ++i) {
         for (int j = 0; j <= 40; ++j) {
-            const GK_SurfacePoint at = sphere->Evaluate(0.05 * i, 0.05 * j);
-            const GK_3dVector arm = at.point - GK_origin;
-            EXPECT_NEAR(arm.Length(), 1.0, 1e-12);
-            EXPECT_NEAR(GK_DotProduct(arm, at.du), 0.0, 1e-12);
-            EXPECT_NEAR(GK_DotProduct(arm, at.dv), 0.0, 1e-12);
+            const GK_3dPoint point = sphere->PointAt(0.05 * i, 0.05 * j);
+            EXPECT_NEAR(point.DistanceTo(GK_origin), 1.0, 1e-12);
         }
     }
 }
@@ -27,35 +23,14 @@ TEST(NurbsSurface, DerivativesAgreeWithDifferences)
     constexpr double Step = 1e-5;
     for (const bool rational : {false, true}) {
         const auto hill = MakeHill(rational);
-        for (int i = 0; i < 20; ++i) {
-            for (int j = 0; j < 20; ++j) {
-                const double u = 0.1 + 0.193 * i;
-                const double v = 0.1 + 0.191 * j;
-                const GK_SurfacePoint at = hill->Evaluate(u, v);
-                const auto du =
-                    (0.5 / Step) * (hill->PointAt(u + Step, v) - hill->PointAt(u - Step, v));
-                const auto dv =
-                    (0.5 / Step) * (hill->PointAt(u, v + Step) - hill->PointAt(u, v - Step));
-                EXPECT_NEAR(at.du.z, du.z, 1e-6);
-                EXPECT_NEAR(at.dv.z, dv.z, 1e-6);
-                EXPECT_NEAR(at.du.x, du.x, 1e-6);
-                EXPECT_NEAR(at.dv.y, dv.y, 1e-6);
-            }
-        }
-    }
-}
-
-TEST(NurbsSurface, IsoCurvesLieOnTheSurface)
-{
-    const auto hill = MakeHill(true);
-    for (const double fixed : {0.0, 0.8, 1.5, 4.0}) {
-        const auto alongU = hill->IsoCurve(0, fixed);
-        const auto alongV = hill->IsoCurve(1, fixed);
-        ASSERT_TRUE(alongU->IsValid() && alongV->IsValid());
-        for (int i = 0; i <= 40; ++i) {
-            const double t = 0.1 * i;
-            EXPECT_LT(alongU->PointAt(t).DistanceTo(hill->PointAt(t, fixed)), 1e-12);
-            EXPECT_LT(alongV->PointAt(t).DistanceTo(hill->PointAt(fixed, t)), 1e-12);
+        for (int i = 0; i < 400; ++i) {
+            const double u = 0.1 + 0.193 * (i / 20);
+            const double v = 0.1 + 0.191 * (i % 20);
+            const GK_SurfacePoint at = hill->Evaluate(u, v);
+            const auto inU = hill->PointAt(u + Step, v) - hill->PointAt(u - Step, v);
+            const auto inV = hill->PointAt(u, v + Step) - hill->PointAt(u, v - Step);
+            EXPECT_LT(Distance(at.du, 0.5 / Step * inU), 1e-6);
+            EXPECT_LT(Distance(at.dv, 0.5 / Step * inV), 1e-6);
         }
     }
 }

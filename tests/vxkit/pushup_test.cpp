@@ -28,9 +28,9 @@ struct Shapes
     std::unique_ptr<VX_NurbsSurface> surfaces[5] = {MakePlane(4.0), MakeHill(false), MakeHill(true),
                                                     MakeSphere(), MakeCylinder()};
     GK_NurbsCurve curves[6] = {
-        *MakeLine(0.3, 0.2, 3.7, 1.9), // across knots
-        *MakeLine(3.1, 1.5, 0.2, 1.5), // along a knot, backwards
-        *MakeLine(0.5, 0.0, 0.5, 2.0),
+        MakeLine(0.3, 0.2, 3.7, 1.9), // across knots
+        MakeLine(3.1, 1.5, 0.2, 1.5), // along a knot, backwards
+        MakeLine(0.5, 0.0, 0.5, 2.0),
         MakeCircle2d(1.5, 1.0, 0.9),
         MakeCurve(2, false, 4, {0, 0, 1, 2, 2, -0.5, 3, 1, 2, 2, 3.9, 1.8},
                   {0, 0, 0, 1, 2, 3, 3, 3}),
@@ -72,9 +72,9 @@ TEST(Pushup, KeepsWhatIsExact)
     // A parallel of the cylinder is a rational arc, not an approximation.
     const auto cylinder = MakeCylinder();
     const auto line = MakeLine(3.5, 1.25, 0.25, 1.25);
-    const auto arc = cylinder->Pushup(*line, 1e-3, nullptr);
+    const auto arc = cylinder->Pushup(line, 1e-3, nullptr);
     ASSERT_NE(arc, nullptr);
-    EXPECT_LT(Deviation(*arc, *cylinder, *line, {0, 1}), 1e-14);
+    EXPECT_LT(Deviation(*arc, *cylinder, line, {0, 1}), 1e-14);
     EXPECT_LE(GK_NurbsCurve::Cast(arc.get())->controlPointCount, 9);
 }
 
@@ -86,11 +86,11 @@ TEST(Pushup, GivesNullForWhatIsNotSound)
     const GK_Interval whole(0, 1);
     for (const GK_Interval part : {GK_Interval(0.5, 0.5), GK_Interval(0, 1.5), GK_Interval(-1, 0),
                                    GK_Interval(0, nan), GK_Interval(nan, 1)})
-        EXPECT_EQ(plane->Pushup(*line, 1e-3, &part), nullptr);
+        EXPECT_EQ(plane->Pushup(line, 1e-3, &part), nullptr);
     const GK_Interval rounded(0, 1.0000005);
-    EXPECT_NE(plane->Pushup(*line, 1e-3, &rounded), nullptr);
+    EXPECT_NE(plane->Pushup(line, 1e-3, &rounded), nullptr);
 
-    GK_NurbsCurve knotless = *line;
+    GK_NurbsCurve knotless = line;
     knotless.knots.Empty();
     EXPECT_EQ(plane->Pushup(knotless, 1e-3, &whole), nullptr);
     EXPECT_EQ(plane->Pushup(MakeCurve(3, false, 2, {0, 0, 0, 1, 1, 1}, {0, 1}), 1e-3, &whole),
@@ -98,7 +98,7 @@ TEST(Pushup, GivesNullForWhatIsNotSound)
     const auto bare = MakePlane(1.0);
     bare->SetControlPointCount(0, 3);
     bare->SetControlPointCount(1, 3);
-    EXPECT_EQ(bare->Pushup(*line, 1e-3, &whole), nullptr);
+    EXPECT_EQ(bare->Pushup(line, 1e-3, &whole), nullptr);
 }
 
 // Whatever it is given: an end, and a bounded number of control points.
@@ -107,18 +107,18 @@ TEST(Pushup, EndsOnAwkwardInput)
     const auto hill = MakeHill(true);
     const auto line = MakeLine(0.1, 0.1, 3.9, 3.8);
     for (const double tolerance : {0.0, -1.0, 1e-300, std::nan(""), 1e300}) {
-        const auto image = hill->Pushup(*line, tolerance, nullptr);
+        const auto image = hill->Pushup(line, tolerance, nullptr);
         const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(image.get());
         ASSERT_NE(curve, nullptr) << tolerance;
         EXPECT_LE(curve->controlPointCount, 200000);
     }
-    EXPECT_EQ(hill->Pushup(*MakeLine(0, 0, 1e300, -1e300), 1e-3, nullptr), nullptr);
-    hill->Pushup(*MakeLine(-1e6, 1e6, 3, 5), 1e-3, nullptr);
+    EXPECT_EQ(hill->Pushup(MakeLine(0, 0, 1e300, -1e300), 1e-3, nullptr), nullptr);
+    hill->Pushup(MakeLine(-1e6, 1e6, 3, 5), 1e-3, nullptr);
 
     // Far from the origin double precision is coarser than the tolerance.
     const auto far = MakeSurface(false, 2, 2, {1e15, 0, 0, 1e15 + 4, 0, 1, 1e15, 4, 2, 1e15, 4, 9},
                                  {0, 1}, {0, 1});
-    EXPECT_NE(far->Pushup(*MakeLine(0, 0, 1, 0.7), 1e-6, nullptr), nullptr);
+    EXPECT_NE(far->Pushup(MakeLine(0, 0, 1, 0.7), 1e-6, nullptr), nullptr);
 
     // A degree that makes a single point slow work.
     std::vector<double> points;
