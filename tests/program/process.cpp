@@ -36,19 +36,17 @@ int RunLine(const std::string& line)
 
 } // namespace
 
-ProcessResult RunObjimport(const std::vector<std::string>& arguments, const std::string& outputFile)
+ProcessResult RunObjimport(const std::vector<std::string>& arguments, const std::string& outputFile,
+                           const std::string& before)
 {
     const TemporaryFolder folder;
-    const std::string output = Utf8(folder.Path() / "output");
-    const std::string errors = Utf8(folder.Path() / "errors");
-    std::string line = Quoted(OBJIMPORT);
+    const bool toResult = outputFile.empty();
+    std::string line = before + Quoted(OBJIMPORT);
     for (const std::string& argument : arguments)
         line += ' ' + Quoted(argument);
-    line += " >" + Quoted(outputFile.empty() ? output : outputFile) + " 2>" + Quoted(errors);
+    line += " >" + Quoted(toResult ? Utf8(folder.Path() / "output") : outputFile);
+    line += " 2>" + Quoted(Utf8(folder.Path() / "errors"));
 
-    ProcessResult result;
-    result.status = RunLine(line);
-    result.output = outputFile.empty() ? folder.Read("output") : "";
-    result.errors = folder.Read("errors");
-    return result;
+    const int status = RunLine(line);
+    return {status, toResult ? folder.Read("output") : "", folder.Read("errors")};
 }

@@ -2,7 +2,6 @@
 #include "tests/temporary_folder.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -17,12 +16,13 @@ class Program : public testing::Test
 {
 protected:
     /// Settings are kept in the test's folder unless the arguments name them.
-    ProcessResult Run(std::vector<std::string> arguments, const std::string& outputFile = "")
+    ProcessResult Run(std::vector<std::string> arguments, const std::string& outputFile = "",
+                      const std::string& before = "")
     {
         arguments.insert(arguments.begin(), {"--module", SCRIPTED_MODULE});
         if (std::find(arguments.begin(), arguments.end(), "--settings") == arguments.end())
             arguments.insert(arguments.begin(), {"--settings", Settings()});
-        return RunObjimport(arguments, outputFile);
+        return RunObjimport(arguments, outputFile, before);
     }
 
     [[nodiscard]] std::string Script(const std::string& name, const std::string& words) const
@@ -66,7 +66,7 @@ TEST_F(Program, NamesTheModuleThatIsNone)
     };
     ExpectOneLine(run("absent.so"), "absent.so: no such file");
     ExpectOneLine(run(text), text);
-    ExpectOneLine(run(BARE_MODULE), "lacks the export KelvoPlugIn");
+    ExpectOneLine(run(NO_MODULE), "lacks the export KelvoPlugIn");
     ExpectOneLine(run(UNREGISTERED_MODULE), "brings no import plug-in");
 }
 
@@ -157,42 +157,28 @@ TEST_F(Program, NotesFaultsOfThePlugIn)
 #ifndef _WIN32
 TEST_F(Program, SaysThatThereIsNoDisplayForADialog)
 {
-    const char* const display = std::getenv("DISPLAY");
-    const std::string before = display != nullptr ? display : "";
-    unsetenv("DISPLAY");
-    const std::string house = PROJECT_FOLDER "/examples/house.obj";
-    for (const std::vector<std::string>& words :
-         {std::vector<std::string>{"--dialog", house}, {"--run", "OBJImportOptionsDialog"}}) {
-        std::vector<std::string> arguments = {"--settings", Settings()};
-        arguments.insert(arguments.end(), words.begin(), words.end());
-        ExpectOneLine(RunObjimport(arguments), "--prompt");
+    const std::vector<std::string> runs[] = {{"--dialog", PROJECT_FOLDER "/examples/house.obj"},
+                                             {"--run", "OBJImportOptionsDialog"}};
+    for (std::vector<std::string> arguments : runs) {
+        arguments.insert(arguments.end(), {"--settings", Settings()});
+        ExpectOneLine(RunObjimport(arguments, "", "env -u DISPLAY "), "--prompt");
     }
-    if (!before.empty())
-        setenv("DISPLAY", before.c_str(), 1);
 }
 
 TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
 {
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder.Path());
-    for (const char* name : {"[", "a,b;c", "'a' \"b\"", "a%%b {c}", " a.obj ", "a\xFF"}) {
-        folder.Write(name, "point");
-        EXPECT_THAT(Run({name}).output, HasSubstr("1 object: 1 point\n")) << name;
-    }
+    for (const char* name : {"[", "a,b;c", "'a' \"b\"", "a%%b {c}", " a.obj ", "a\xFF"})
+        EXPECT_THAT(Run({Script(name, "point")}).output, HasSubstr("1 object: 1 point\n")) << name;
     // The plug-in would look for "b" in a folder "a", and find the first of two like names.
     folder.Write("a\xFE", "point");
-    folder.Write("a\\b", "point");
     for (const char* name : {"a\\b", "a\xFF"})
-        ExpectOneLine(Run({name}), "cannot be given to the plug-in");
-    std::filesystem::current_path(before);
+        ExpectOneLine(Run({Script(name, "point")}), "cannot be given to the plug-in");
 }
 
 TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)
 {
     const std::string file = Script("a.txt", "state");
-    setenv("SCRIPTED_MODULE_FAILS", "1", 1);
-    ExpectOneLine(Run({file}), "does not start");
-    unsetenv("SCRIPTED_MODULE_FAILS");
+    ExpectOneLine(Run({file}, "", "SCRIPTED_MODULE_FAILS=1 "), "does not start");
     const std::string settings = "[Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings]\n"
                                  "Stay=false\n";
     folder.Write("s.ini", settings);
@@ -200,24 +186,22 @@ TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)
     EXPECT_EQ(folder.Read("s.ini"), settings);
 }
 
-TEST_F(Program, SaysThatSettingsCannotBeKept)
+TEST_F(Program, KeepsSettingsInTheUsersFolderOrSaysThatItCannot)
 {
-    const std::string file = Script("a.txt", "state");
-    const std::vector<std::string> arguments = {"--module", SCRIPTED_MODULE, file};
-    const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
-    unsetenv("HOME");
-    setenv("XDG_CONFIG_HOME", "not/absolute", 1);
-    const ProcessResult result = RunObjimport(arguments);
-    EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.errors, HasSubstr("the settings are not kept"));
-    setenv("XDG_CONFIG_HOME", folder.Path().string().c_str(), 1);
-    EXPECT_EQ(RunObjimport(arguments).errors, "");
+    const std::string home = folder.Path().string();
+    const std::vector<std::string> arguments = {"--module", SCRIPTED_MODULE,
+                                                Script("a.txt", "state")};
+    const auto errorsWith = [&](const std::string& environment) {
+        const ProcessResult result = RunObjimport(arguments, "", "env -u " + environment + ' ');
+        EXPECT_EQ(result.status, 0);
+        return result.errors;
+    };
+    EXPECT_THAT(errorsWith("HOME XDG_CONFIG_HOME=not/absolute"),
+                HasSubstr("the settings are not kept"));
+    EXPECT_EQ(errorsWith("HOME XDG_CONFIG_HOME=" + home), "");
     EXPECT_THAT(folder.Read("kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
-    unsetenv("XDG_CONFIG_HOME");
-    setenv("HOME", folder.Path().string().c_str(), 1);
-    EXPECT_EQ(RunObjimport(arguments).errors, "");
+    EXPECT_EQ(errorsWith("XDG_CONFIG_HOME HOME=" + home), "");
     EXPECT_THAT(folder.Read(".config/kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
-    setenv("HOME", home.c_str(), 1);
 }
 
 TEST_F(Program, ReportsOutputThatCannotBeWritten)
