@@ -45,6 +45,11 @@ public:
 
     [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
 
+    [[nodiscard]] std::filesystem::path operator/(const std::filesystem::path& name) const
+    {
+        return m_path / name;
+    }
+
     /// Writes a file of the folder, with folders on the way, and gives its path.
     // NOLINTNEXTLINE(modernize-use-nodiscard): what is wanted is often only the file
     std::filesystem::path Write(const std::filesystem::path& name, std::string_view contents) const

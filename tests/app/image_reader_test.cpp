@@ -1,11 +1,12 @@
 #include "console_host/app/image_reader.h"
 #include "console_host/app/library_memory.h"
-#include "tests/test_files.h"
+#include "tests/temporary_folder.h"
 #include "tests/test_images.h"
 
 #include <initializer_list>
 #include <new>
-#include <string_view>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -13,81 +14,40 @@ namespace fs = std::filesystem;
 
 const fs::path Seeds = fs::path(PROJECT_FOLDER) / "fuzz" / "seeds" / "images";
 
-void Append(Bytes& bytes, std::initializer_list<unsigned> more)
+std::string Bytes(std::initializer_list<unsigned> values)
 {
-    for (const unsigned each : more)
-        bytes.push_back(static_cast<unsigned char>(each));
-}
-
-void AppendLittle32(Bytes& bytes, unsigned value)
-{
-    Append(bytes, {value & 255U, value >> 8U & 255U, value >> 16U & 255U, value >> 24U});
-}
-
-void AppendBig32(Bytes& bytes, unsigned value)
-{
-    Append(bytes, {value >> 24U, value >> 16U & 255U, value >> 8U & 255U, value & 255U});
-}
-
-void AppendChunk(Bytes& png, std::string_view name, const Bytes& data)
-{
-    AppendBig32(png, static_cast<unsigned>(data.size()));
-    png.insert(png.end(), name.begin(), name.end());
-    png.insert(png.end(), data.begin(), data.end());
-    AppendBig32(png, 0);
-}
-
-/// A PNG of 8 bits a channel with the given pixel data; color type 0 is grey, 6 colours and alpha.
-Bytes Png(unsigned width, unsigned height, unsigned colorType, const Bytes& data)
-{
-    Bytes png{0x89, 'P', 'N', 'G', 13, 10, 26, 10};
-    Bytes header;
-    AppendBig32(header, width);
-    AppendBig32(header, height);
-    Append(header, {8, colorType, 0, 0, 0});
-    AppendChunk(png, "IHDR", header);
-    AppendChunk(png, "IDAT", data);
-    AppendChunk(png, "IEND", {});
-    return png;
-}
-
-Bytes Bmp(unsigned width, unsigned height, unsigned depth)
-{
-    Bytes bmp{'B', 'M'};
-    for (const unsigned value : {0U, 0U, 54U, 40U, width, height, 1U | depth << 16U})
-        AppendLittle32(bmp, value);
-    bmp.resize(100);
-    return bmp;
-}
-
-Bytes Tga(unsigned type, unsigned width, unsigned height)
-{
-    Bytes tga;
-    Append(tga, {0, 0, type, 0, 0, 0, 0, 0, 0, 0, 0, 0});
-    Append(tga, {width & 255U, width >> 8U, height & 255U, height >> 8U, 32, 0});
-    tga.resize(200);
-    return tga;
+    std::string bytes;
+    for (const unsigned value : values)
+        bytes += static_cast<char>(value);
+    return bytes;
 }
 
 /// A grey JPEG that has a table with `codes` codes of 16 bits, and scans without data.
-Bytes Jpeg(unsigned width, unsigned height, unsigned codes, int scans)
+std::string Jpeg(unsigned width, unsigned height, unsigned codes, int scans)
 {
-    Bytes jpeg{0xFF, 0xD8, 0xFF, 0xC2, 0, 11, 8};
-    Append(jpeg, {height >> 8U, height & 255U, width >> 8U, width & 255U, 1, 1, 0x11, 0});
+    std::string jpeg = Bytes({0xFF, 0xD8, 0xFF, 0xC2, 0, 11, 8});
+    jpeg += Bytes({height >> 8U, height & 255U, width >> 8U, width & 255U, 1, 1, 0x11, 0});
     const unsigned length = 19 + codes;
-    Append(jpeg, {0xFF, 0xC4, length >> 8U, length & 255U, 0});
-    Append(jpeg, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, codes - codes / 2, codes / 2});
+    jpeg += Bytes({0xFF, 0xC4, length >> 8U, length & 255U, 0});
+    jpeg += Bytes({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, codes - codes / 2, codes / 2});
     jpeg.resize(jpeg.size() + codes);
     for (int i = 0; i < scans; ++i)
-        Append(jpeg, {0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0, 0, 0});
-    Append(jpeg, {0xFF, 0xD9});
+        jpeg += Bytes({0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0, 0, 0});
+    jpeg += Bytes({0xFF, 0xD9});
     return jpeg;
 }
 
-bool Reads(const Bytes& file)
+bool Reads(const std::string& file, CKelvoUiDib& image)
+{
+    // A block of exactly this size, so that reading behind its end is noticed.
+    const std::vector<unsigned char> bytes(file.begin(), file.end());
+    return ReadImage(bytes, image);
+}
+
+bool Reads(const std::string& file)
 {
     CKelvoUiDib image;
-    return ReadImage(file, image);
+    return Reads(file, image);
 }
 
 TEST(ImageReader, KindsDepthsAndColors)
@@ -122,7 +82,7 @@ TEST(ImageReader, KindsDepthsAndColors)
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         CKelvoUiDib image;
-        ASSERT_TRUE(ReadImage(FileBytes(Seeds / each.name), image));
+        ASSERT_TRUE(Reads(ReadBytes(Seeds / each.name), image));
         EXPECT_EQ(image.GetDepth(), each.depth);
         ASSERT_EQ(image.Width(), each.width);
         ASSERT_EQ(image.Height(), each.height);
@@ -135,14 +95,12 @@ TEST(ImageReader, EveryBeginningOfAFileIsReadOrRefused)
 {
     int files = 0;
     for (const fs::directory_entry& entry : fs::directory_iterator(Seeds)) {
-        const Bytes whole = FileBytes(entry.path());
+        const std::string whole = ReadBytes(entry.path());
         CKelvoUiDib image;
-        ASSERT_TRUE(ReadImage(whole, image)) << entry.path();
+        ASSERT_TRUE(Reads(whole, image)) << entry.path();
         for (std::size_t size = 0; size < whole.size(); ++size) {
-            // A block of exactly this size, so that reading behind its end is noticed.
-            const Bytes beginning(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
             CKelvoUiDib part;
-            if (ReadImage(beginning, part)) {
+            if (Reads(whole.substr(0, size), part)) {
                 EXPECT_EQ(part.Width(), image.Width()) << entry.path() << size;
             }
         }
@@ -153,43 +111,38 @@ TEST(ImageReader, EveryBeginningOfAFileIsReadOrRefused)
 
 TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
 {
-    const Bytes tiny(60, 0);
-    EXPECT_FALSE(Reads(Png(60000, 60000, 0, tiny)));
-    EXPECT_FALSE(Reads(Png(16384, 16384, 6, tiny)));
-    EXPECT_FALSE(Reads(Png(16385, 1, 0, tiny)));
-    // Enough data for the bare rows, but out of proportion to what they would take in memory.
-    EXPECT_FALSE(Reads(Png(16384, 16000, 0, Bytes(260000, 0))));
-    EXPECT_FALSE(Reads(Bmp(16384, 16384, 24)));
-    EXPECT_FALSE(Reads(Bmp(5, 0x80000000U, 24)));
-    EXPECT_TRUE(Reads(Bmp(3, 3, 24)));
-    EXPECT_FALSE(Reads(Tga(2, 16384, 16384)));
-    EXPECT_FALSE(Reads(Tga(10, 16384, 16384)));
-    EXPECT_TRUE(Reads(Tga(10, 30, 30)));
-    EXPECT_FALSE(Reads(Jpeg(16384, 16384, 2, 1)));
-}
-
-/// A deflate stream of one zero, repeated 258 times for each of the runs.
-Bytes DeflatedZeros(int runs)
-{
-    std::string bits = "11000110000";
-    for (int i = 0; i < runs; ++i)
-        bits += "1100010100000";
-    bits += "0000000";
-    bits.append(32, '0'); // a checksum, which nobody checks
-    Bytes bytes{0x78, 0x5E};
-    for (std::size_t i = 0; i < bits.size(); ++i) {
-        if (i % 8 == 0)
-            bytes.push_back(0);
-        if (bits[i] == '1')
-            bytes.back() = static_cast<unsigned char>(bytes.back() | 1U << (i % 8));
+    struct
+    {
+        const char* name;
+        std::size_t at; ///< where width and height stand
+        std::string size;
+    } const cases[] = {
+        {"grey_transparent.png", 16, Bytes({0, 0, 0xEA, 0x60, 0, 0, 0xEA, 0x60})},
+        {"rgba.png", 16, Bytes({0, 0, 0x40, 0, 0, 0, 0x40, 0})},
+        {"grey1.png", 16, Bytes({0, 0, 0x40, 1, 0, 0, 0, 1})},
+        {"rgb.bmp", 18, Bytes({0, 0x40, 0, 0, 0, 0x40, 0, 0})},
+        {"rgb.bmp", 18, Bytes({5, 0, 0, 0, 0, 0, 0, 0x80})},
+        {"rgb.tga", 12, Bytes({0, 0x40, 0, 0x40})},
+        {"rle.tga", 12, Bytes({0, 0x40, 0, 0x40})},
+    };
+    for (const auto& each : cases) {
+        std::string file = ReadBytes(Seeds / each.name);
+        EXPECT_FALSE(Reads(file.replace(each.at, each.size.size(), each.size))) << each.name;
     }
-    return bytes;
+    EXPECT_FALSE(Reads(Jpeg(16384, 16384, 2, 1)));
+    // Enough bytes for the bare rows, but out of proportion to what they would take in memory.
+    std::string tall = ReadBytes(Seeds / "grey_transparent.png");
+    tall.replace(16, 8, Bytes({0, 0, 0x40, 0, 0, 0, 0x3E, 0x80}));
+    EXPECT_FALSE(Reads(tall.append(260000, '\0')));
 }
 
 TEST(ImageReader, PixelDataBeyondTheClaimIsNotTakenIn)
 {
-    EXPECT_TRUE(Reads(Png(1, 1, 0, DeflatedZeros(1))));
-    EXPECT_FALSE(Reads(Png(1, 1, 0, DeflatedZeros(20000))));
+    const TemporaryFolder folder;
+    ASSERT_TRUE(WriteDib(CKelvoDib(2000, 1000, 24, true), folder / "large.png"));
+    std::string file = ReadBytes(folder / "large.png");
+    EXPECT_TRUE(Reads(file));
+    EXPECT_FALSE(Reads(file.replace(16, 8, Bytes({0, 0, 0, 1, 0, 0, 0, 1}))));
 }
 
 TEST(ImageReader, JpegsThatTheLibraryMishandlesAreRefused)

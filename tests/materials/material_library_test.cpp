@@ -3,7 +3,7 @@
 #include "console_host/runtime/native_path.h"
 #include "materials/mtl_reader.h"
 #include "objreader/read_obj.h"
-#include "tests/test_files.h"
+#include "tests/temporary_folder.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -29,8 +29,7 @@ protected:
     /// Reads a library as one that C:\models\scene.obj names.
     void ReadLibrary(std::string_view text)
     {
-        const fs::path path = m_folder / "library.mtl";
-        WriteFile(path, text);
+        const fs::path path = m_folder.Write("library.mtl", text);
         CReadOBJ reader(L"C:\\models\\scene.obj", m_document, m_options);
         CMtlReader(reader, std::fopen(path.string().c_str(), "rb")).Read();
     }
@@ -55,15 +54,13 @@ protected:
     /// Parses an OBJ file of this text in the test's folder; gives what was printed.
     std::vector<std::string> ParseObj(std::string_view text)
     {
-        const fs::path path = m_folder / "scene.obj";
-        WriteFile(path, text);
-        const std::wstring name = WidePath(path);
+        const std::wstring name = WidePath(m_folder.Write("scene.obj", text));
         CReadOBJ reader(name.c_str(), m_document, m_options);
         EXPECT_TRUE(reader.Parse());
         return ConsoleApp::Instance().TakeJournal().prints;
     }
 
-    TestFolder m_folder;
+    TemporaryFolder m_folder;
     ConsoleDoc m_document{0.001};
     CKelvoFileReadOptions m_options;
 };
@@ -177,12 +174,11 @@ TEST_F(MaterialLibrary, MaterialsEnterTheTableOneByOne)
 TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderAndThenBesideTheObjFile)
 {
     const fs::path before = fs::current_path();
-    fs::create_directories(m_folder / "Current");
+    m_folder.Write("Current/library.mtl", "newmtl current\n");
     fs::current_path(m_folder / "Current");
-    WriteFile(m_folder / "Current" / "library.mtl", "newmtl current\n");
-    WriteFile(m_folder / "library.mtl", "newmtl beside\n");
-    WriteFile(m_folder / "absolute.mtl", "newmtl absolute\n");
-    WriteFile(m_folder / "Current" / "Two Words.mtl", "newmtl two words\n");
+    m_folder.Write("library.mtl", "newmtl beside\n");
+    m_folder.Write("absolute.mtl", "newmtl absolute\n");
+    m_folder.Write("Current/Two Words.mtl", "newmtl two words\n");
     EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
     fs::current_path(before);
     EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
@@ -195,7 +191,7 @@ TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderAndThenBesideTheObjFile)
 TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportGoesOn)
 {
     fs::create_directories(m_folder / "folder.mtl");
-    WriteFile(m_folder / "here.mtl", "newmtl here\n");
+    m_folder.Write("here.mtl", "newmtl here\n");
     const std::vector<std::string> prints =
         ParseObj("mtllib\nmtllib missing one.mtl\nmtllib folder.mtl\n"
                  "mtllib D:\\libraries\\far.mtl\nmtllib here.mtl\n");

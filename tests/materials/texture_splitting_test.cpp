@@ -3,17 +3,17 @@
 #include "materials/mtl_reader.h"
 #include "materials/texture_splitting.h"
 #include "objreader/read_obj.h"
-#include "tests/test_files.h"
+#include "tests/temporary_folder.h"
 #include "tests/test_images.h"
 
 #include "host/geokit/texture.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 namespace fs = std::filesystem;
 
@@ -107,7 +107,7 @@ protected:
     /// The textures that a material of this texture gets, as "type:file".
     std::vector<std::string> Textures(const std::string& file = "wood.png")
     {
-        WriteFile(m_folder / "library.mtl", "newmtl a\nmap_Kd " + file + "\n");
+        m_folder.Write("library.mtl", "newmtl a\nmap_Kd " + file + "\n");
         const std::wstring obj = WidePath(m_folder / "scene.obj");
         ConsoleDoc document(0.001);
         const CKelvoFileReadOptions options;
@@ -126,7 +126,7 @@ protected:
 
     bool Exists(const char* name) { return fs::is_regular_file(m_folder / name); }
 
-    TestFolder m_folder;
+    TemporaryFolder m_folder;
 };
 
 constexpr const char* ColorFile = "wood_kvDiffuse.png";
@@ -134,54 +134,45 @@ constexpr const char* AlphaFile = "wood_kvAlpha.png";
 
 TEST_F(SplitTextures, WhatAMaterialGets)
 {
+    const std::string color = "1:wood_kvDiffuse.png";
+    const std::string alpha = "3:wood_kvAlpha.png";
+    const std::string unsplit = "1:wood.png";
     struct
     {
         const char* what;
         int depth;
         Rgba color;
-        bool colorBlocked, alphaBlocked;
+        std::vector<const char*> blocked;
         std::vector<std::string> textures;
     } const cases[] = {
-        {"transparent",
-         32,
-         BrownGlass,
-         false,
-         false,
-         {"1:wood_kvDiffuse.png", "3:wood_kvAlpha.png"}},
-        {"transparent, no colour file", 32, BrownGlass, true, false, {"3:wood_kvAlpha.png"}},
-        {"transparent, no alpha file", 32, BrownGlass, false, true, {"1:wood_kvDiffuse.png"}},
-        {"transparent, no file", 32, BrownGlass, true, true, {"1:wood.png"}},
-        {"transparent white", 32, RedGlass, false, false, {"3:wood_kvAlpha.png"}},
-        {"transparent white, no alpha file", 32, RedGlass, false, true, {"1:wood.png"}},
-        {"opaque", 32, Brown, false, false, {"1:wood_kvDiffuse.png"}},
-        {"opaque, no colour file", 32, Brown, true, false, {"1:wood.png"}},
-        {"opaque white", 32, PureRed, false, false, {"1:wood.png"}},
-        {"24 bits", 24, Brown, false, false, {"1:wood.png"}},
+        {"transparent", 32, BrownGlass, {}, {color, alpha}},
+        {"transparent, no colour file", 32, BrownGlass, {ColorFile}, {alpha}},
+        {"transparent, no alpha file", 32, BrownGlass, {AlphaFile}, {color}},
+        {"transparent, no file", 32, BrownGlass, {ColorFile, AlphaFile}, {unsplit}},
+        {"transparent white", 32, RedGlass, {}, {alpha}},
+        {"transparent white, no alpha file", 32, RedGlass, {AlphaFile}, {unsplit}},
+        {"opaque", 32, Brown, {}, {color}},
+        {"opaque, no colour file", 32, Brown, {ColorFile}, {unsplit}},
+        {"opaque white", 32, PureRed, {}, {unsplit}},
+        {"24 bits", 24, Brown, {}, {unsplit}},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         fs::remove_all(m_folder / ColorFile);
         fs::remove_all(m_folder / AlphaFile);
         SetSource(each.color, each.depth);
-        if (each.colorBlocked)
-            Block(ColorFile);
-        if (each.alphaBlocked)
-            Block(AlphaFile);
-        EXPECT_THAT(Textures(), ElementsAreArray(each.textures));
-        const auto isUsed = [&each](const char* file) {
-            return std::any_of(
-                each.textures.begin(), each.textures.end(),
-                [file](const std::string& texture) { return texture.ends_with(file); });
-        };
-        EXPECT_EQ(Exists(ColorFile), isUsed(ColorFile));
-        EXPECT_EQ(Exists(AlphaFile), isUsed(AlphaFile));
+        for (const char* file : each.blocked)
+            Block(file);
+        EXPECT_EQ(Textures(), each.textures);
+        EXPECT_EQ(Exists(ColorFile), std::count(each.textures.begin(), each.textures.end(), color));
+        EXPECT_EQ(Exists(AlphaFile), std::count(each.textures.begin(), each.textures.end(), alpha));
     }
 }
 
 TEST_F(SplitTextures, FilesHoldTheColorsAndTheAlpha)
 {
     SetSource(BrownGlass);
-    WriteFile(m_folder / ColorFile, "an older file");
+    m_folder.Write(ColorFile, "an older file");
     Textures();
     CKelvoDib image;
     ASSERT_TRUE(ReadDib(image, m_folder / ColorFile));
@@ -222,7 +213,7 @@ TEST_F(SplitTextures, TheLastDotOfTheWholeNameCounts)
 TEST_F(SplitTextures, WhatCannotBeReadStays)
 {
     Block("folder.png");
-    WriteFile(m_folder / "broken.png", "\x89PNG");
+    m_folder.Write("broken.png", "\x89PNG");
     for (const std::string name : {"missing.png", "folder.png", "broken.png"})
         EXPECT_THAT(Textures(name), ElementsAre("1:" + name));
 

@@ -4,7 +4,7 @@
 #include "console_host/app/document.h"
 #include "objreader/group_object.h"
 #include "objreader/read_obj.h"
-#include "tests/test_files.h"
+#include "tests/temporary_folder.h"
 
 #include <memory>
 #include <vector>
@@ -34,7 +34,7 @@ protected:
     {
         m_reader.reset();
         std::filesystem::remove(m_path);
-        WriteFile(m_path, text);
+        m_folder.Write(m_path, text);
         ConsoleApp::Instance().TakeJournal();
         m_reader = std::make_unique<CReadOBJ>(m_widePath.c_str(), *doc, m_options);
         return *m_reader;
@@ -53,7 +53,7 @@ protected:
     std::unique_ptr<ConsoleDoc> doc = std::make_unique<ConsoleDoc>(0.001);
 
 private:
-    TestFolder m_folder;
+    TemporaryFolder m_folder;
     std::filesystem::path m_path = m_folder / "scene.obj";
     std::wstring m_widePath = m_path.wstring();
     CKelvoFileReadOptions m_options;

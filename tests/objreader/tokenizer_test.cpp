@@ -1,6 +1,6 @@
 #include "objreader/obj_line_tokenizer.h"
 #include "tests/objreader/reference_tokenizer.h"
-#include "tests/test_files.h"
+#include "tests/temporary_folder.h"
 
 #include <chrono>
 #include <gmock/gmock.h>
@@ -62,7 +62,7 @@ protected:
     {
         // Some file systems write out at once what replaces a file.
         std::filesystem::remove(m_path);
-        WriteFile(m_path, text);
+        m_folder.Write(m_path, text);
         const Lines expected = ReferenceTokenizer::Cut(text);
         for (const std::size_t blockSize : BlockSizes) {
             SCOPED_TRACE("blocks of " + std::to_string(blockSize) + ", text " +
@@ -74,7 +74,7 @@ protected:
         }
     }
 
-    TestFolder m_folder;
+    TemporaryFolder m_folder;
     std::filesystem::path m_path = m_folder / "text.obj";
 };
 
@@ -177,7 +177,7 @@ TEST_F(Tokenizer, ReadsLinesAndTokensOfAnyLength)
     std::string manyTokens;
     for (std::size_t i = 0; i < Million; ++i)
         manyTokens += i % 10 == 9 ? "12 \\\n" : "12 ";
-    WriteFile(m_path, longText + "\n#" + longText + "\n" + manyTokens + "\nC:\\" + longText);
+    m_folder.Write(m_path, longText + "\n#" + longText + "\n" + manyTokens + "\nC:\\" + longText);
     const Lines lines = ReadFile(CObjLineTokenizer::DefaultBlockSize);
     ASSERT_EQ(lines.size(), 4U);
     EXPECT_TRUE(lines[0] == std::vector{longText});
@@ -189,7 +189,7 @@ TEST_F(Tokenizer, ReadsLinesAndTokensOfAnyLength)
 /// What has been looked at is not looked at again with each block.
 TEST_F(Tokenizer, ReadsALongLineInTimeThatGrowsWithItsLength)
 {
-    WriteFile(m_path, std::string(4000000, 'x'));
+    m_folder.Write(m_path, std::string(4000000, 'x'));
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(ReadFile(16).size(), 1U);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
@@ -197,7 +197,7 @@ TEST_F(Tokenizer, ReadsALongLineInTimeThatGrowsWithItsLength)
 
 TEST_F(Tokenizer, KeepsTheLastLineAfterTheEnd)
 {
-    WriteFile(m_path, "a\nb c");
+    m_folder.Write(m_path, "a\nb c");
     CObjLineTokenizer tokenizer(m_path.wstring().c_str());
     EXPECT_TRUE(tokenizer.ReadLine());
     EXPECT_FALSE(tokenizer.AtEnd());
@@ -213,7 +213,7 @@ TEST_F(Tokenizer, KeepsTheLastLineAfterTheEnd)
 
 TEST_F(Tokenizer, AStreamThatFailsEndsAndSaysSo)
 {
-    WriteFile(m_path, "a b");
+    m_folder.Write(m_path, "a b");
     std::FILE* const stream = Open("rb");
     close(fileno(stream));
     CObjLineTokenizer tokenizer(stream);
