@@ -1,7 +1,6 @@
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
 
-#include <chrono>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +8,7 @@
 
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr double Infinite = std::numeric_limits<double>::infinity();
@@ -29,18 +29,28 @@ class Document : public testing::Test
 protected:
     Document() { ConsoleApp::Instance().TakeJournal(); }
 
-    bool AddMesh(std::unique_ptr<GK_Mesh> mesh)
+    /// Hands an object over; gives what the document has against it.
+    template <class Object, class Give>
+    std::string Add(Give give)
     {
-        auto object = std::make_unique<CKelvoMeshObject>(attributes);
-        object->SetMesh(std::move(mesh));
-        return doc.AddObject(std::move(object), false, false);
+        auto object = std::make_unique<Object>(attributes);
+        give(*object);
+        const int before = doc.ObjectCount();
+        const bool added = doc.AddObject(std::move(object), false, false);
+        EXPECT_EQ(doc.ObjectCount(), before + (added ? 1 : 0));
+        const std::string refused = Refused();
+        EXPECT_EQ(refused.empty(), added);
+        return refused;
     }
 
-    bool AddCloud(const GK_PointCloud& cloud)
+    std::string AddMesh(std::unique_ptr<GK_Mesh> mesh)
     {
-        auto object = std::make_unique<CKelvoPointCloudObject>(attributes);
-        object->SetPointCloud(cloud);
-        return doc.AddObject(std::move(object), false, false);
+        return Add<CKelvoMeshObject>([&](auto& object) { object.SetMesh(std::move(mesh)); });
+    }
+
+    std::string AddCloud(const GK_PointCloud& cloud)
+    {
+        return Add<CKelvoPointCloudObject>([&](auto& object) { object.SetPointCloud(cloud); });
     }
 
     /// What was refused since the last call, one after the other.
@@ -48,7 +58,7 @@ protected:
     {
         std::string text;
         for (const auto& refusal : ConsoleApp::Instance().TakeJournal().refused)
-            text += refusal.type + ": " + refusal.reason + "\n";
+            text += refusal.type + ": " + refusal.reason;
         return text;
     }
 
@@ -58,42 +68,34 @@ protected:
 
 TEST_F(Document, RefusesWhatIsNotSoundAndSaysWhy)
 {
-    EXPECT_TRUE(AddMesh(Triangle()));
+    EXPECT_EQ(AddMesh(Triangle()), "");
+    auto mesh = Triangle();
+    mesh->faces.Empty();
+    EXPECT_EQ(AddMesh(std::move(mesh)), "mesh: the mesh has no faces");
+    mesh = Triangle();
+    mesh->DoublePrecisionVertices()[2].z = std::nan("");
+    EXPECT_THAT(AddMesh(std::move(mesh)),
+                HasSubstr("mesh: the mesh has a vertex that is not finite"));
 
-    auto noFaces = Triangle();
-    noFaces->faces.Empty();
-    EXPECT_FALSE(AddMesh(std::move(noFaces)));
-    EXPECT_EQ(Refused(), "mesh: the mesh has no faces\n");
-
-    auto infinite = Triangle();
-    infinite->DoublePrecisionVertices()[2].z = std::nan("");
-    EXPECT_FALSE(AddMesh(std::move(infinite)));
-    EXPECT_THAT(Refused(), HasSubstr("mesh: the mesh has a vertex that is not finite"));
-
-    EXPECT_FALSE(AddCloud({}));
-    EXPECT_EQ(Refused(), "point_cloud: the point cloud has no points\n");
     GK_PointCloud cloud;
+    EXPECT_EQ(AddCloud(cloud), "point_cloud: the point cloud has no points");
     cloud.AppendPoint({0, -Infinite, 0});
-    EXPECT_FALSE(AddCloud(cloud));
-    EXPECT_THAT(Refused(), HasSubstr("point_cloud: "));
+    EXPECT_THAT(AddCloud(cloud), HasSubstr("point_cloud: "));
 
     EXPECT_FALSE(doc.AddPointObject({Infinite, 0, 0}, attributes, nullptr, false));
-    EXPECT_EQ(Refused(), "point: the point is not finite\n");
-
-    EXPECT_EQ(doc.ObjectCount(), 1);
+    EXPECT_EQ(Refused(), "point: the point is not finite");
 }
 
 TEST_F(Document, RepairsDirectionsThatAreNotFinite)
 {
     auto mesh = Triangle();
-    const auto infinity = std::numeric_limits<float>::infinity();
+    const auto infinity = static_cast<float>(Infinite);
     mesh->normals = {{1, 0, 0}, {infinity, 0, 0}, {0, std::nanf(""), 0}};
     mesh->textureCoordinates = {{0.5F, 1}, {infinity, 1}, {0, 0}};
-    ASSERT_TRUE(AddMesh(std::move(mesh)));
+    ASSERT_EQ(AddMesh(std::move(mesh)), "");
     const auto* added = std::get<const GK_Mesh*>(doc.Object(0).geometry);
-    EXPECT_EQ(added->normals[0], (GK_3fVector{1, 0, 0}));
-    EXPECT_EQ(added->normals[1], (GK_3fVector{0, 0, 1}));
-    EXPECT_EQ(added->normals[2], (GK_3fVector{0, 0, 1}));
+    EXPECT_THAT(std::vector(added->normals.begin(), added->normals.end()),
+                ElementsAre(GK_3fVector{1, 0, 0}, GK_3fVector{0, 0, 1}, GK_3fVector{0, 0, 1}));
     EXPECT_EQ(added->textureCoordinates[0], (GK_2fPoint{0.5F, 1}));
     EXPECT_EQ(added->textureCoordinates[1], (GK_2fPoint{0, 0}));
 }
@@ -145,19 +147,13 @@ TEST_F(Document, FindsNamesExactlyAndTheLowestIndex)
     EXPECT_EQ(doc.MaterialTable().FindMaterial(L"Brick", true), -1);
 }
 
-TEST_F(Document, FindsNamesFastAmongMany)
+TEST_F(Document, ObjectsAreInAGroupOnce)
 {
-    constexpr int Count = 100000;
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < Count; ++i) {
-        const GK_Group group{GK_wString(std::to_wstring(i))};
-        ASSERT_EQ(doc.GroupTable().FindGroup(group.name, 1), -1);
-        ASSERT_EQ(doc.GroupTable().AddGroup(group, false), i);
-        attributes.AddToGroup(i);
-        attributes.AddToGroup(i / 2);
-    }
-    EXPECT_EQ(attributes.Groups().Count(), Count);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    for (int i = 0; i < 1000; ++i)
+        attributes.AddToGroup(i % 400);
+    ASSERT_EQ(attributes.Groups().Count(), 400);
+    for (int i = 0; i < 400; ++i)
+        EXPECT_EQ(attributes.Groups()[i], i);
 }
 
 TEST_F(Document, ZoomsToWhatItHolds)
@@ -165,7 +161,7 @@ TEST_F(Document, ZoomsToWhatItHolds)
     const GK_BoundingBox empty = KvZoomExtentsBoundingBox(doc);
     EXPECT_GT(empty.min.x, empty.max.x);
     ASSERT_TRUE(doc.AddPointObject({-1, 5, 2}, attributes, nullptr, false));
-    ASSERT_TRUE(AddMesh(Triangle()));
+    ASSERT_EQ(AddMesh(Triangle()), "");
     CKelvoViewList views;
     doc.GetViewList(views, true, true);
     ASSERT_EQ(views.Count(), 1);

@@ -140,16 +140,13 @@ public:
                          [=](const DialogControl& candidate) { return candidate.id == controlId; });
         if (control == dialog.controls.end())
             throw std::runtime_error("the dialog has no such control");
-        int width = 0;
-        int height = 0;
         const std::string size = Output("xdotool getwindowgeometry --shell " + m_window);
         const auto number = [&size](const char* name) {
             return std::stoi(size.substr(size.find(name) + std::string(name).size()));
         };
-        width = number("WIDTH=");
-        height = number("HEIGHT=");
-        const int x = (control->place.x + 5) * width / dialog.width;
-        const int y = (2 * control->place.y + control->place.height) * height / (2 * dialog.height);
+        const int x = (control->place.x + 5) * number("WIDTH=") / dialog.width;
+        const int y = (2 * control->place.y + control->place.height) * number("HEIGHT=") /
+                      (2 * dialog.height);
         Tool("mousemove --window " + m_window + " " + std::to_string(x) + " " + std::to_string(y) +
              " click 1");
     }

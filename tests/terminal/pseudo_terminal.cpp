@@ -1,42 +1,23 @@
 #include "tests/terminal/pseudo_terminal.h"
 
-#include <cstdlib>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-[[noreturn]] void RunIn(const char* terminalName, std::vector<char*>& arguments)
-{
-    setsid();
-    // The first terminal that a new session opens becomes its own.
-    const int terminal = open(terminalName, O_RDWR);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        dup2(terminal, stream);
-    execv(arguments.front(), arguments.data());
-    _exit(127);
-}
-
-} // namespace
-
 PseudoTerminal::PseudoTerminal(std::vector<std::string> command)
-    : m_terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
 {
-    if (m_terminal < 0 || grantpt(m_terminal) != 0 || unlockpt(m_terminal) != 0) {
-        ADD_FAILURE() << "there is no pseudo-terminal";
-        return;
-    }
-    const std::string name = ptsname(m_terminal);
     std::vector<char*> arguments;
     for (std::string& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
-    m_process = fork();
-    if (m_process == 0)
-        RunIn(name.c_str(), arguments);
+    m_process = forkpty(&m_terminal, nullptr, nullptr, nullptr);
+    if (m_process == 0) {
+        execv(arguments.front(), arguments.data());
+        _exit(127);
+    }
+    EXPECT_GT(m_process, 0) << "there is no pseudo-terminal";
 }
 
 PseudoTerminal::~PseudoTerminal()
