@@ -1,5 +1,8 @@
+#include "plugin/developer_information.h"
 #include "tests/program/process.h"
 #include "tests/temporary_folder.h"
+
+#include "host/geokit/string.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -75,10 +78,16 @@ TEST_F(Program, ShowsWhatTheModuleSaysOfItself)
     const ProcessResult about = Run({"--about"});
     EXPECT_EQ(about.status, 0);
     for (const char* text : {"Scripted\n", "1.0\n", "01000000-0000-0000-0000-000000000000\n",
-                             "Script (*.txt), extension txt\n", "organisation\n", "street\n",
-                             "town\n", "country\n", "telephone\n", "fax\n", "e-mail\n",
-                             "web site\n", "updates\n", "202001011\n", "202001012\n"})
+                             "Script (*.txt), extension txt\n"})
         EXPECT_THAT(about.output, HasSubstr(text));
+    using namespace DeveloperInformation;
+    for (const GK_wString text : {Organization, Country, Phone, Fax, Email, Website, UpdateUrl})
+        EXPECT_THAT(about.output, HasSubstr(text.Utf8() + "\n"));
+    std::string address = GK_wString(Address).Utf8();
+    address.replace(address.find("\r\n"), 2, "\n" + std::string(22, ' '));
+    EXPECT_THAT(about.output, HasSubstr(address + "\n"));
+    for (const int version : {SdkVersion, SdkServiceRelease})
+        EXPECT_THAT(about.output, HasSubstr(std::to_string(version) + "\n"));
     const std::string strings = Script("de.txt", "1\tGeskriptet");
     EXPECT_THAT(Run({"--strings", strings, "--about"}).output, HasSubstr("Geskriptet\n"));
     EXPECT_FALSE(std::filesystem::exists(Settings()));

@@ -1,7 +1,5 @@
 // A module whose plug-in does what the words of a file tell it.
 
-#include "tests/program/modules/exports.h"
-
 #include "host/app/app.h"
 #include "host/app/command.h"
 #include "host/app/doc.h"
