@@ -70,16 +70,12 @@ TEST(ProfileStore, TakesWhatDoesNotReadAsItsTypeForMissing)
         ProfileStore store(folder.Write("settings.ini", one.contents));
         EXPECT_EQ(ReadInt(store, L"E"), one.number) << one.contents;
     }
-    const struct
-    {
-        const char* value;
-        bool reads;
-    } booleans[] = {{"true", true}, {"false", true}, {"1", true}, {"0", true},
-                    {"2", false},   {"yes", false},  {"", false}};
-    for (const auto& one : booleans) {
-        ProfileStore store(folder.Write("settings.ini", header + "E=" + one.value));
-        bool value = false;
-        EXPECT_EQ(store.ReadBool(Section, L"E", value), one.reads) << one.value;
+    for (const std::string value : {"true", "false", "1", "0", "2", "yes", ""}) {
+        ProfileStore store(folder.Write("settings.ini", header + "E=" + value));
+        bool read = false;
+        const bool known = value != "2" && value != "yes" && !value.empty();
+        EXPECT_EQ(store.ReadBool(Section, L"E", read), known) << value;
+        EXPECT_EQ(read, value == "true" || value == "1") << value;
     }
 }
 

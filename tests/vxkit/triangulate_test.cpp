@@ -181,18 +181,25 @@ Polygon RandomSimple(std::size_t count, std::mt19937& random)
 
 } // namespace
 
-TEST(Triangulate, SmallShapes)
+TEST(Triangulate, CornersInTheMiddleOfSides)
 {
-    const Polygon shapes[] = {
-        // Corners in the middle of sides.
-        {{0, 0}, {2, 0}, {4, 0}, {4, 4}, {0, 4}},
-        {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {0, 4}},
-        {{0, 0}, {2, 0}, {4, 0}, {4, 2}, {4, 4}, {2, 4}, {0, 4}, {0, 2}},
-        // A slit.
-        {{0, 0}, {8, 0}, {8, 8}, {5, 8}, {4, 1}, {3, 8}, {0, 8}},
-    };
-    for (const Polygon& shape : shapes)
-        ExpectCoveredEverywhere(shape);
+    ExpectCoveredEverywhere({{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {0, 4}});
+    for (const int length : {2, 3, 1000}) {
+        Polygon square;
+        for (int i = 0; i < length; ++i)
+            square.push_back({i + 0.0, 0.0});
+        for (int i = 0; i < length; ++i)
+            square.push_back({length + 0.0, i + 0.0});
+        for (int i = length; i > 0; --i)
+            square.push_back({i + 0.0, length + 0.0});
+        square.push_back({0.0, length + 0.0});
+        ExpectCoveredEverywhere(square);
+    }
+}
+
+TEST(Triangulate, ASlit)
+{
+    ExpectCoveredEverywhere({{0, 0}, {8, 0}, {8, 8}, {5, 8}, {4, 1}, {3, 8}, {0, 8}});
 }
 
 TEST(Triangulate, PolygonsThatTouchThemselves)
@@ -229,19 +236,6 @@ TEST(Triangulate, ManyCorners)
     std::mt19937 random(2);
     for (const Polygon& polygon : {Ring(Count, 1e9, 1.0), Spiral(Count), RandomStar(Count, random)})
         ExpectCovered(polygon, Plane::Xy);
-}
-
-TEST(Triangulate, RunsOfCornersOnALine)
-{
-    Polygon square;
-    for (int i = 0; i < 1000; ++i)
-        square.push_back({i + 0.0, 0.0});
-    for (int i = 0; i < 1000; ++i)
-        square.push_back({1000.0, i + 0.0});
-    for (int i = 0; i < 1000; ++i)
-        square.push_back({1000.0 - i, 1000.0});
-    square.push_back({0.0, 1000.0});
-    ExpectCoveredEverywhere(square);
 }
 
 TEST(Triangulate, AvoidsNarrowTriangles)
