@@ -41,6 +41,18 @@ inline void SetColor(CKelvoUiDib& image, int x, int y, const Rgba& color)
         pixel[3] = static_cast<unsigned char>(color.alpha);
 }
 
+/// An image with the colour that `colorAt` gives for each x and y.
+template <class GiveColor>
+CKelvoDib MakeImage(int width, int height, int depth, GiveColor colorAt)
+{
+    CKelvoDib image(width, height, depth, true);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            SetColor(image, x, y, colorAt(x, y));
+    }
+    return image;
+}
+
 inline bool ReadDib(CKelvoDib& image, const std::filesystem::path& path)
 {
     return image.ReadFromFile(WidePath(path).c_str()) != 0;

@@ -10,12 +10,9 @@ namespace fs = std::filesystem;
 /// An image whose pixels all differ.
 CKelvoDib Pattern(int width, int height, int depth)
 {
-    CKelvoDib image(width, height, depth, true);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            SetColor(image, x, y, {(x * 16) & 255, (y * 8) & 255, (x + y) & 255, (x * y) & 255});
-    }
-    return image;
+    return MakeImage(width, height, depth, [](int x, int y) -> Rgba {
+        return {x * 16, y * 8, x + y, x * y};
+    });
 }
 
 std::ptrdiff_t FileCount(const TemporaryFolder& folder)

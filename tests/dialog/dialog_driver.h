@@ -1,8 +1,23 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
+
+/// Throws std::runtime_error when something does not come about within a minute.
+inline void WaitUntil(const std::function<bool()>& condition, const std::string& what)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            throw std::runtime_error("this does not come about: " + what);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
 
 /// A key that a person presses.
 enum class Key

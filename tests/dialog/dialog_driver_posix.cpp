@@ -5,7 +5,6 @@
 #include <X11/Xlib.h>
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -14,16 +13,12 @@
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 /// The dialogs of the module, as its resource script has them.
 std::span<const DialogTemplate> ImportOBJDialogs();
 
 namespace {
-
-constexpr auto Patience = std::chrono::seconds(30);
-constexpr auto Step = std::chrono::milliseconds(20);
 
 /// Starts a program, with the write end of a pipe as its standard output when one is given. It ends
 /// with this one, however that ends.
@@ -128,7 +123,14 @@ public:
 
     void WaitForWindow(const std::string& title) override
     {
-        m_window = FindWindow(title);
+        const std::string search = "xdotool search --onlyvisible --name '^" + title + "$'";
+        WaitUntil(
+            [&] {
+                m_window = Output(search);
+                return !m_window.empty();
+            },
+            "window " + title);
+        m_window.resize(m_window.find('\n'));
         Tool("windowfocus " + m_window);
     }
 
@@ -174,30 +176,14 @@ public:
 
     int Wait() override
     {
-        const auto end = std::chrono::steady_clock::now() + Patience;
         int status = 0;
-        while (waitpid(m_program, &status, WNOHANG) == 0) {
-            if (std::chrono::steady_clock::now() > end)
-                throw std::runtime_error("the program does not end");
-            std::this_thread::sleep_for(Step);
-        }
+        WaitUntil([&] { return waitpid(m_program, &status, WNOHANG) != 0; },
+                  "the end of the program");
         m_program = -1;
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
 private:
-    static std::string FindWindow(const std::string& title)
-    {
-        const auto end = std::chrono::steady_clock::now() + Patience;
-        while (std::chrono::steady_clock::now() < end) {
-            std::string window = Output("xdotool search --onlyvisible --name '^" + title + "$'");
-            if (!window.empty())
-                return window.substr(0, window.find('\n'));
-            std::this_thread::sleep_for(Step);
-        }
-        throw std::runtime_error("no window " + title);
-    }
-
     static void Tool(const std::string& arguments)
     {
         if (std::system(("xdotool " + arguments).c_str()) != 0)

@@ -2,27 +2,11 @@
 
 #include "host/geokit/string.h"
 
-#include <chrono>
-#include <functional>
 #include <map>
 #include <stdexcept>
-#include <thread>
 #include <windows.h>
 
 namespace {
-
-constexpr auto Patience = std::chrono::seconds(60);
-constexpr auto Step = std::chrono::milliseconds(20);
-
-void WaitUntil(const std::function<bool()>& condition, const std::string& what)
-{
-    const auto end = std::chrono::steady_clock::now() + Patience;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end)
-            throw std::runtime_error("this does not come about: " + what);
-        std::this_thread::sleep_for(Step);
-    }
-}
 
 std::wstring CommandText(const std::vector<std::string>& arguments)
 {

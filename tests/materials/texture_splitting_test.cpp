@@ -24,12 +24,7 @@ constexpr Rgba RedGlass{255, 0, 0, 0};
 
 CKelvoDib Image(int width, int height, int depth, const Rgba& color)
 {
-    CKelvoDib image(width, height, depth, true);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            SetColor(image, x, y, color);
-    }
-    return image;
+    return MakeImage(width, height, depth, [&](int, int) { return color; });
 }
 
 TEST(SplitImage, EveryPixelGoesToItsPlace)
@@ -39,11 +34,7 @@ TEST(SplitImage, EveryPixelGoesToItsPlace)
         const auto colorAt = [](int x, int y) -> Rgba {
             return {x * 19 % 256, 200 - x, y * 100 % 256, 255 - x - y};
         };
-        CKelvoDib image(width, 3, 32, true);
-        for (int y = 0; y < 3; ++y) {
-            for (int x = 0; x < width; ++x)
-                SetColor(image, x, y, colorAt(x, y));
-        }
+        CKelvoDib image = MakeImage(width, 3, 32, colorAt);
         CKelvoDib alpha;
         bool white = true;
         EXPECT_TRUE(SplitImage(image, alpha, white));
