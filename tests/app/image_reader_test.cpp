@@ -130,6 +130,11 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
         EXPECT_FALSE(Reads(file.replace(each.at, each.size.size(), each.size))) << each.name;
     }
     EXPECT_FALSE(Reads(Jpeg(16384, 16384, 2, 1)));
+    // All pixels are there, but a row is too long.
+    std::string wide =
+        ReadBytes(Seeds / "rgb.bmp").replace(18, 8, Bytes({1, 0x40, 0, 0, 1, 0, 0, 0}));
+    EXPECT_FALSE(Reads(wide.append(60000, '\0')));
+    EXPECT_TRUE(Reads(wide.replace(18, 2, Bytes({0, 0x40}))));
     // Enough bytes for the bare rows, but out of proportion to what they would take in memory.
     std::string tall = ReadBytes(Seeds / "grey_transparent.png");
     tall.replace(16, 8, Bytes({0, 0, 0x40, 0, 0, 0, 0x3E, 0x80}));
