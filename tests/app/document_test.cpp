@@ -38,7 +38,7 @@ protected:
         const int before = doc.ObjectCount();
         const bool added = doc.AddObject(std::move(object), false, false);
         EXPECT_EQ(doc.ObjectCount(), before + (added ? 1 : 0));
-        const std::string refused = Refused();
+        std::string refused = Refused();
         EXPECT_EQ(refused.empty(), added);
         return refused;
     }

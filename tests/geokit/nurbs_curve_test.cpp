@@ -38,7 +38,8 @@ TEST(NurbsCurve, FollowsItsControlPoints)
                           {std::accumulate(first, first + degree, 0.0) / degree, 7, 0});
         points.back() = 1.0;
         const GK_NurbsCurve curve = MakeCurve(3, false, degree + 1, points, knots);
-        for (double t = 1.9; t < 5.05; t += 0.01) { // a little past both ends
+        for (int i = 0; i < 315; ++i) {
+            const double t = 1.9 + 0.01 * i; // a little past both ends
             const auto [point, derivative] = curve.Evaluate(t);
             const double lift = std::pow(std::max(0.0, (t - 4.75) / 0.25), degree);
             EXPECT_LT(point.DistanceTo({t, 7, lift}), 1e-10) << degree << " at " << t;
@@ -54,7 +55,8 @@ TEST(NurbsCurve, DerivativeAgreesWithDifferences)
         MakeCurve(3, true, 4, {0, 0, 0, 1, 1, 2, 0, 2, 3, 1, 1, 0.5, 4, 0, 2, 1, 5, 5, 5, 3},
                   {0, 0, 0, 0.7, 2, 2, 2});
     constexpr double Step = 1e-5;
-    for (double t = 0.003; t < 1.99; t += 0.02) {
+    for (int i = 0; i < 99; ++i) {
+        const double t = 0.003 + 0.02 * i;
         const GK_3dVector step = curve.PointAt(t + Step) - curve.PointAt(t - Step);
         EXPECT_LT(Distance(curve.Evaluate(t).derivative, 0.5 / Step * step), 1e-6) << t;
     }
