@@ -226,6 +226,7 @@ bool CReadOBJ::ReadPlainFace(const char* text)
     const int firstCorner = geometry.corners.Count();
     const bool plain = TakePlainCorners(*this, text, geometry.corners);
     const int cornerCount = geometry.corners.Count() - firstCorner;
+    // The mesh comes before the step over the line, which cannot be taken back.
     if (!plain || cornerCount < 3 || (!geometry.mesh && !NewGroupMesh()) ||
         !tokenizer.SkipLine(text)) {
         geometry.corners.SetCount(firstCorner);
