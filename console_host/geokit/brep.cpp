@@ -33,6 +33,17 @@ int GK_Brep::AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d)
     return Take(m_edgeCurves, std::move(curve3d));
 }
 
+void GK_Brep::RemoveFaces()
+{
+    m_trimCurves.clear();
+    m_edgeCurves.clear();
+    m_faces.Destroy();
+    m_loops.Destroy();
+    m_trims.Destroy();
+    m_edges.Destroy();
+    m_vertices.Destroy();
+}
+
 GK_BrepFace& GK_Brep::NewFace(int surfaceIndex)
 {
     GK_BrepFace& face = m_faces.AppendNew();

@@ -65,7 +65,8 @@ SurfaceClosure ClosureOf(const GK_NurbsSurface& surface, double tolerance)
         const auto low = surface.IsoCurve(1 - direction, domain[0]);
         const auto high = surface.IsoCurve(1 - direction, domain[1]);
         closure.pole[at] = {IsPoint(*low, gap), IsPoint(*high, gap)};
-        closure.closed[at] = AreSame(*low, *high, gap, closure.size);
+        const bool bothPoles = closure.pole[at][0] && closure.pole[at][1];
+        closure.closed[at] = !bothPoles && AreSame(*low, *high, gap, closure.size);
     }
     return closure;
 }

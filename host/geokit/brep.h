@@ -92,6 +92,9 @@ public:
     int AddTrimCurve(std::unique_ptr<GK_Curve> curve2d);
     int AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d);
 
+    /// Removes all faces with their loops, trims, edges, vertices and curves; the surfaces stay.
+    void RemoveFaces();
+
     /// A new face, without loops, on a surface of the brep.
     GK_BrepFace& NewFace(int surfaceIndex);
 

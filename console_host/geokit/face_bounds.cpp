@@ -1,0 +1,225 @@
+#include "console_host/geokit/face_bounds.h"
+
+#include "console_host/geokit/face_holes.h"
+#include "console_host/geokit/loop_shape.h"
+#include "console_host/geokit/seam_strip.h"
+#include "console_host/geokit/text.h"
+
+#include <algorithm>
+
+namespace {
+
+class Bounder
+{
+public:
+    Bounder(const GK_Brep& brep, const GK_BrepFace& face, const ParameterPlane& plane,
+            BrepRepairReport& report)
+        : m_brep(brep), m_face(face), m_plane(plane), m_report(report)
+    {
+    }
+
+    std::vector<FaceBounds> Run();
+
+private:
+    bool Shape();
+    bool Reject(GK_BrepLoop::TYPE type, int number, const std::string& reason);
+    bool Orient();
+    bool OrientRings();
+    [[nodiscard]] bool FirstRingRises(const std::vector<LoopShape*>& rings) const;
+    [[nodiscard]] bool OnlyInner() const;
+    [[nodiscard]] std::vector<DomainLoop> Cut() const;
+    void DropInnerAtSeams(std::vector<DomainLoop>& loops);
+    bool Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walked);
+
+    const GK_Brep& m_brep;
+    const GK_BrepFace& m_face;
+    const ParameterPlane& m_plane;
+    BrepRepairReport& m_report;
+    std::vector<LoopShape> m_loops;
+    bool m_natural = false; // the sides of the domain bound the face
+};
+
+std::vector<FaceBounds> Bounder::Run()
+{
+    if (!Shape() || !Orient())
+        return {};
+    std::vector<DomainLoop> loops = Cut();
+    StripSeams(loops, m_plane);
+    DropInnerAtSeams(loops);
+    std::vector<WalkedLoop> walked;
+    if (!Walk(std::move(loops), walked))
+        return {};
+    std::vector<FaceBounds> faces = PlaceHoles(std::move(walked), m_plane, m_report);
+    if (faces.empty() && m_report.reason.empty())
+        m_report.reason = "no loop bounds the face";
+    return faces;
+}
+
+// Notes an inner loop that is dropped; an outer one costs the face.
+bool Bounder::Reject(GK_BrepLoop::TYPE type, int number, const std::string& reason)
+{
+    if (type == GK_BrepLoop::inner) {
+        m_report.Drop(type, number, reason);
+        return true;
+    }
+    m_report.reason = FormatText("loop %d ", number) + reason;
+    return false;
+}
+
+bool Bounder::Shape()
+{
+    for (const int index : m_face.loopIndices) {
+        const GK_BrepLoop& given = m_brep.Loop(index);
+        LoopShape loop;
+        loop.number = index + 1;
+        loop.type = given.type;
+        loop.pieces = PiecesOf(m_brep, given, m_plane);
+        if (loop.pieces.empty()) {
+            m_report.Drop(loop.type, loop.number, "has no trims");
+            continue;
+        }
+        if (const std::string reason = ShapeLoop(loop, m_plane); !reason.empty()) {
+            if (!Reject(loop.type, loop.number, reason))
+                return false;
+            continue;
+        }
+        if (const std::string reason = WhyOutside(loop, m_plane); !reason.empty()) {
+            m_report.reason = FormatText("loop %d ", loop.number) + reason;
+            return false;
+        }
+        m_loops.push_back(std::move(loop));
+    }
+    m_natural = OnlyInner();
+    return true;
+}
+
+// Turns loops so that the face lies on their left.
+bool Bounder::Orient()
+{
+    for (LoopShape& loop : m_loops) {
+        const bool wrong = loop.type == GK_BrepLoop::inner ? loop.area > 0.0 : loop.area < 0.0;
+        if (!loop.RunsAround() && wrong)
+            loop.Turn();
+    }
+    return OrientRings();
+}
+
+// Loops that run around the surface bound the face in pairs: the lower one has it above, the upper
+// one below. One that is left over goes with a pole.
+bool Bounder::OrientRings()
+{
+    std::vector<LoopShape*> rings;
+    for (LoopShape& loop : m_loops)
+        if (loop.RunsAround())
+            rings.push_back(&loop);
+    if (rings.empty())
+        return true;
+    const std::size_t around = rings.front()->winding[0] != 0 ? 0 : 1;
+    for (const LoopShape* ring : rings)
+        if (ring->winding[around] == 0) {
+            m_report.reason = FormatText("loops %d and %d run around the surface in different "
+                                         "directions",
+                                         rings.front()->number, ring->number);
+            return false;
+        }
+    std::stable_sort(rings.begin(), rings.end(),
+                     [](const LoopShape* a, const LoopShape* b) { return a->height < b->height; });
+    bool rises = FirstRingRises(rings);
+    m_natural = OnlyInner() && rings.size() % 2 != 0;
+    for (LoopShape* ring : rings) {
+        if ((ring->winding[around] > 0) != rises)
+            ring->Turn();
+        rises = !rises;
+    }
+    return true;
+}
+
+// The lowest ring runs in the direction of rising parameters. With the face above it, one in u does
+// and one in v does not; where either may be meant, it stays as it was given.
+bool Bounder::FirstRingRises(const std::vector<LoopShape*>& rings) const
+{
+    const bool inU = rings.front()->winding[0] != 0;
+    const bool lowPole = m_plane.IsPole(inU ? Side::South : Side::West);
+    const bool highPole = m_plane.IsPole(inU ? Side::North : Side::East);
+    if (rings.size() % 2 == 0)
+        return inU;
+    if (OnlyInner() || lowPole == highPole)
+        return rings.front()->winding[inU ? 0 : 1] > 0;
+    return lowPole != inU;
+}
+
+bool Bounder::OnlyInner() const
+{
+    return std::all_of(m_loops.begin(), m_loops.end(),
+                       [](const LoopShape& loop) { return loop.type == GK_BrepLoop::inner; });
+}
+
+std::vector<DomainLoop> Bounder::Cut() const
+{
+    std::vector<DomainLoop> loops;
+    loops.reserve(m_loops.size());
+    for (const LoopShape& loop : m_loops)
+        loops.push_back({CutAtSeams(loop.pieces, loop.samples, m_plane), loop.number, loop.type});
+    return loops;
+}
+
+// An inner loop that crosses a seam becomes part of an outer one, unless it crosses another loop.
+void Bounder::DropInnerAtSeams(std::vector<DomainLoop>& loops)
+{
+    std::erase_if(loops, [&](const DomainLoop& loop) {
+        const bool drop = loop.type == GK_BrepLoop::inner && loop.pieces.empty();
+        if (drop)
+            m_report.Drop(loop.type, loop.number, "runs along the seams and poles alone");
+        return drop;
+    });
+    constexpr double Near = 3e-6;
+    const auto isMerged = [&](const DomainLoop& loop) {
+        const std::vector<DomainPiece>& pieces = loop.pieces;
+        bool merged = false;
+        for (std::size_t i = 0; i < pieces.size(); ++i)
+            merged = merged || IsBreak(pieces[i], pieces[(i + 1) % pieces.size()], m_plane);
+        return merged && loop.type == GK_BrepLoop::inner;
+    };
+    if (std::none_of(loops.begin(), loops.end(), isMerged))
+        return;
+    std::vector<LoopPolygon> polygons;
+    for (const DomainLoop& loop : loops)
+        polygons.push_back(PolygonOf(loop, m_plane));
+    for (std::size_t i = loops.size(); i-- > 0;) {
+        if (!isMerged(loops[i]))
+            continue;
+        const bool crosses = std::any_of(polygons.begin(), polygons.end(), [&](const auto& other) {
+            return &other != &polygons[i] && other.Crosses(polygons[i], Near);
+        });
+        if (!crosses)
+            continue;
+        m_report.Drop(loops[i].type, loops[i].number, "crosses another loop");
+        polygons.erase(polygons.begin() + static_cast<std::ptrdiff_t>(i));
+        loops.erase(loops.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+}
+
+bool Bounder::Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walked)
+{
+    for (;;) {
+        BoundaryWalk walk = WalkBoundary(loops, m_plane, m_natural);
+        if (walk.badLoop == 0) {
+            walked = std::move(walk.loops);
+            return true;
+        }
+        const auto bad = std::find_if(loops.begin(), loops.end(), [&](const DomainLoop& loop) {
+            return loop.number == walk.badLoop;
+        });
+        if (!Reject(bad->type, bad->number, walk.reason))
+            return false;
+        loops.erase(bad);
+    }
+}
+
+} // namespace
+
+std::vector<FaceBounds> BoundFace(const GK_Brep& brep, const GK_BrepFace& face,
+                                  const ParameterPlane& plane, BrepRepairReport& report)
+{
+    return Bounder(brep, face, plane, report).Run();
+}

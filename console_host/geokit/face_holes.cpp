@@ -1,0 +1,206 @@
+#include "console_host/geokit/face_holes.h"
+
+#include "console_host/geokit/loop_shape.h"
+
+#include <algorithm>
+
+namespace {
+
+using Relation = LoopPolygon::Relation;
+
+void AppendPiece(const LoopPiece& piece, const ParameterPlane& plane, double sagitta, bool joined,
+                 LoopPolygon& polygon)
+{
+    const PieceSamples samples = SamplesOf(piece, plane, sagitta);
+    const auto append = [&](const PieceSamples::Sample& sample) {
+        polygon.Append(plane.Normalized(sample.place), std::exchange(joined, true));
+    };
+    if (piece.backwards)
+        std::for_each(samples.samples.rbegin(), samples.samples.rend(), append);
+    else
+        std::for_each(samples.samples.begin(), samples.samples.end(), append);
+}
+
+void AppendSide(const SidePart& part, const ParameterPlane& plane, LoopPolygon& polygon)
+{
+    Uv place{};
+    place[Across(part.side)] = plane.Value(part.side);
+    for (const double value : {part.from, part.to}) {
+        place[1 - Across(part.side)] = value;
+        polygon.Append(plane.Normalized(place), true);
+    }
+}
+
+double ExtentOfPieces(const std::vector<LoopStep>& steps, const ParameterPlane& plane)
+{
+    double extent = 0.0;
+    for (const LoopStep& step : steps)
+        if (const auto* piece = std::get_if<LoopPiece>(&step))
+            extent = std::max(extent, ExtentOf({*piece}, plane));
+    return extent;
+}
+
+// A loop of the face with what its place depends on.
+struct Candidate
+{
+    WalkedLoop loop;
+    LoopPolygon polygon;
+    double near = 0.0; // how far the polygon may stray
+};
+
+Candidate CandidateOf(WalkedLoop loop, const ParameterPlane& plane)
+{
+    Candidate candidate;
+    const double sagitta = SagittaOf(loop.type) * ExtentOfPieces(loop.steps, plane);
+    for (const LoopStep& step : loop.steps) {
+        if (const auto* piece = std::get_if<LoopPiece>(&step))
+            AppendPiece(*piece, plane, sagitta, true, candidate.polygon);
+        else
+            AppendSide(std::get<SidePart>(step), plane, candidate.polygon);
+    }
+    candidate.polygon.Close();
+    candidate.near = std::max(sagitta, 1.5e-6);
+    candidate.loop = std::move(loop);
+    if (candidate.loop.type == GK_BrepLoop::unknown)
+        candidate.loop.type =
+            candidate.polygon.SignedArea() < 0.0 ? GK_BrepLoop::inner : GK_BrepLoop::outer;
+    return candidate;
+}
+
+class Placement
+{
+public:
+    Placement(std::vector<WalkedLoop> loops, const ParameterPlane& plane, BrepRepairReport& report)
+        : m_report(report)
+    {
+        for (WalkedLoop& loop : loops) {
+            Candidate candidate = CandidateOf(std::move(loop), plane);
+            const bool inner = candidate.loop.type == GK_BrepLoop::inner;
+            (inner ? m_inner : m_outer).push_back(std::move(candidate));
+        }
+    }
+
+    std::vector<FaceBounds> Run();
+
+private:
+    void DropOverlapping();
+    std::size_t OuterOf(const Candidate& inner);
+    void Drop(const Candidate& inner, const char* reason)
+    {
+        m_report.Drop(inner.loop.type, inner.loop.number, reason);
+    }
+
+    BrepRepairReport& m_report;
+    std::vector<Candidate> m_outer;
+    std::vector<Candidate> m_inner;
+};
+
+// A loop far smaller than what the polygons stray by is held against them as they are.
+Relation RelationTo(const Candidate& outer, const Candidate& inner)
+{
+    const Relation relation = outer.polygon.RelationOf(inner.polygon, outer.near + inner.near);
+    return relation == Relation::OnBoundary ? outer.polygon.RelationOf(inner.polygon, 0.0)
+                                            : relation;
+}
+
+// Returns the smallest outer loop that holds an inner one; none: their number.
+std::size_t Placement::OuterOf(const Candidate& inner)
+{
+    std::size_t best = m_outer.size();
+    for (std::size_t i = 0; i < m_outer.size(); ++i) {
+        const Relation relation = RelationTo(m_outer[i], inner);
+        if (relation == Relation::Crossing) {
+            Drop(inner, "crosses an outer loop");
+            return m_outer.size();
+        }
+        if (relation == Relation::Inside &&
+            (best == m_outer.size() ||
+             m_outer[i].polygon.SignedArea() < m_outer[best].polygon.SignedArea()))
+            best = i;
+    }
+    if (best == m_outer.size())
+        Drop(inner, "lies in no outer loop");
+    return best;
+}
+
+// How two inner loops lie to each other: small ones may lie side by side closer than others stray.
+Relation RelationBetween(const Candidate& a, const Candidate& b)
+{
+    constexpr double ShareOfExtent = 0.01;
+    const double near =
+        std::min(a.near + b.near, ShareOfExtent * std::min(a.polygon.Extent(), b.polygon.Extent()));
+    return a.polygon.RelationOf(b.polygon, near);
+}
+
+// Of two inner loops that cross the first one stays, of two that lie in each other the larger.
+void Placement::DropOverlapping()
+{
+    std::vector<std::size_t> order(m_inner.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        return m_inner[a].polygon.Low()[0] < m_inner[b].polygon.Low()[0];
+    });
+    std::vector<char> dropped(m_inner.size(), 0);
+    const auto drop = [&](std::size_t i, const char* reason) {
+        dropped[i] = 1;
+        Drop(m_inner[i], reason);
+    };
+    std::vector<std::size_t> open; // those that still reach to where the sweep is
+    for (const std::size_t i : order) {
+        std::erase_if(open, [&](std::size_t k) {
+            return dropped[k] != 0 || m_inner[k].polygon.High()[0] < m_inner[i].polygon.Low()[0];
+        });
+        for (const std::size_t k : open) {
+            const Relation relation = RelationBetween(m_inner[k], m_inner[i]);
+            if (relation == Relation::Crossing)
+                drop(std::max(i, k), "crosses another inner loop");
+            else if (relation == Relation::Inside || relation == Relation::OnBoundary)
+                drop(i, "lies within another inner loop");
+            else if (relation == Relation::Around)
+                drop(k, "lies within another inner loop");
+            if (dropped[i] != 0)
+                break;
+        }
+        if (dropped[i] == 0)
+            open.push_back(i);
+    }
+    std::size_t at = 0;
+    std::erase_if(m_inner, [&](const Candidate&) { return dropped[at++] != 0; });
+}
+
+std::vector<FaceBounds> Placement::Run()
+{
+    std::vector<FaceBounds> faces(m_outer.size());
+    std::vector<std::vector<Candidate>> holes(m_outer.size());
+    for (Candidate& inner : m_inner)
+        if (const std::size_t outer = OuterOf(inner); outer < m_outer.size())
+            holes[outer].push_back(std::move(inner));
+    for (std::size_t i = 0; i < m_outer.size(); ++i) {
+        m_inner = std::move(holes[i]);
+        DropOverlapping();
+        faces[i].loops.push_back({GK_BrepLoop::outer, std::move(m_outer[i].loop.steps)});
+        for (Candidate& inner : m_inner)
+            faces[i].loops.push_back({GK_BrepLoop::inner, std::move(inner.loop.steps)});
+    }
+    return faces;
+}
+
+} // namespace
+
+LoopPolygon PolygonOf(const DomainLoop& loop, const ParameterPlane& plane)
+{
+    constexpr double Sagitta = 1e-5;
+    LoopPolygon polygon;
+    for (std::size_t i = 0; i < loop.pieces.size(); ++i) {
+        const bool joined = i > 0 && !IsBreak(loop.pieces[i - 1], loop.pieces[i], plane);
+        AppendPiece(loop.pieces[i].piece, plane, Sagitta, joined, polygon);
+    }
+    return polygon;
+}
+
+std::vector<FaceBounds> PlaceHoles(std::vector<WalkedLoop> loops, const ParameterPlane& plane,
+                                   BrepRepairReport& report)
+{
+    return Placement(std::move(loops), plane, report).Run();
+}

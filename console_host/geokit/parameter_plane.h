@@ -1,0 +1,127 @@
+#pragma once
+
+#include "console_host/geokit/surface_closure.h"
+
+#include "host/geokit/point.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <optional>
+
+/// A place of a parameter plane: u, v.
+using Uv = std::array<double, 2>;
+
+/// The sides of a surface's domain in the order in which they run round it counter-clockwise, from
+/// the corner where both parameters are lowest.
+enum class Side : int
+{
+    South, ///< v lowest, u rising
+    East,  ///< u highest, v rising
+    North, ///< v highest, u falling
+    West   ///< u lowest, v falling
+};
+
+constexpr std::array<Side, 4> AllSides{Side::South, Side::East, Side::North, Side::West};
+
+/// The direction whose parameter is constant on a side: 0 for u, 1 for v.
+constexpr std::size_t Across(Side side)
+{
+    return side == Side::South || side == Side::North ? 1 : 0;
+}
+
+/// The parameter that is constant on a side is the highest there.
+constexpr bool IsHigh(Side side)
+{
+    return side == Side::East || side == Side::North;
+}
+
+/// The side opposite.
+constexpr Side Opposite(Side side)
+{
+    return AllSides[(static_cast<std::size_t>(side) + 2) % AllSides.size()];
+}
+
+/// The parameter plane of a surface, with what the surface says about its sides: which of them are
+/// one seam and which are poles, within the tolerance of a repair.
+class ParameterPlane
+{
+public:
+    /// The surface must be valid and outlive the plane.
+    ParameterPlane(const GK_NurbsSurface& surface, double tolerance);
+
+    [[nodiscard]] const GK_NurbsSurface& Surface() const { return m_surface; }
+    [[nodiscard]] double Tolerance() const { return m_tolerance; }
+
+    /// The tolerance, or a thousandth of the surface's size where that is less.
+    [[nodiscard]] double Closeness() const { return std::min(m_tolerance, 1e-3 * m_closure.size); }
+
+    [[nodiscard]] double Low(std::size_t direction) const { return m_low[direction]; }
+    [[nodiscard]] double High(std::size_t direction) const { return m_high[direction]; }
+    [[nodiscard]] double Length(std::size_t direction) const
+    {
+        return m_high[direction] - m_low[direction];
+    }
+
+    /// What parameters of one place may differ by: the rounding of files.
+    [[nodiscard]] double Slack(std::size_t direction) const { return m_slack[direction]; }
+
+    [[nodiscard]] bool IsClosed(std::size_t direction) const { return m_closure.closed[direction]; }
+    [[nodiscard]] bool IsSeam(Side side) const { return IsClosed(Across(side)); }
+    [[nodiscard]] bool IsPole(Side side) const
+    {
+        return m_closure.pole[Across(side)][IsHigh(side) ? 1 : 0];
+    }
+
+    /// The parameter that is constant on a side.
+    [[nodiscard]] double Value(Side side) const
+    {
+        return IsHigh(side) ? High(Across(side)) : Low(Across(side));
+    }
+
+    /// The corner where a side begins.
+    [[nodiscard]] Uv Corner(Side side) const;
+
+    /// The whole periods that bring `to` nearest to `from`; 0 where the surface is not closed.
+    [[nodiscard]] Uv PeriodsBetween(const Uv& from, const Uv& to) const;
+
+    /// The place within the domain that a place beyond a seam stands for.
+    [[nodiscard]] Uv Wrapped(const Uv& place) const;
+
+    /// The point of the surface, beyond a seam too.
+    [[nodiscard]] GK_3dPoint PointAt(const Uv& place) const;
+
+    /// A place in shares of the domain: 0 to 1 within it.
+    [[nodiscard]] Uv Normalized(const Uv& place) const;
+
+    /// How far two places lie apart, in shares of the domain.
+    [[nodiscard]] double Distance(const Uv& a, const Uv& b) const;
+
+    /// The places differ by no more than the rounding of files.
+    [[nodiscard]] bool Coincide(const Uv& a, const Uv& b) const;
+
+    /// The pole that both places are on.
+    [[nodiscard]] std::optional<Side> CommonPole(const Uv& a, const Uv& b) const;
+
+    /// The places coincide, or are on one pole, or lie within the tolerance in space together with
+    /// the straight way between them.
+    [[nodiscard]] bool Meet(const Uv& a, const Uv& b) const;
+
+private:
+    const GK_NurbsSurface& m_surface;
+    double m_tolerance;
+    SurfaceClosure m_closure;
+    Uv m_low{};
+    Uv m_high{};
+    Uv m_slack{};
+};
+
+inline Uv operator+(const Uv& a, const Uv& b)
+{
+    return {a[0] + b[0], a[1] + b[1]};
+}
+
+inline Uv operator-(const Uv& a, const Uv& b)
+{
+    return {a[0] - b[0], a[1] - b[1]};
+}
