@@ -122,6 +122,7 @@ void Walker::Split(DomainLoop& loop)
         WalkedLoop closed;
         closed.number = loop.number;
         closed.type = loop.type;
+        closed.periods = pieces.front().periods;
         AppendPieces(pieces, closed);
         m_walk.loops.push_back(std::move(closed));
         return;

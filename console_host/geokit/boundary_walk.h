@@ -29,6 +29,7 @@ struct WalkedLoop
     std::vector<LoopStep> steps;
     int number = 0;                                ///< of a loop that it is made of
     GK_BrepLoop::TYPE type = GK_BrepLoop::unknown; ///< as given; unknown when the walk made it
+    Uv periods{}; ///< by which a loop that was given was shifted into the domain
 };
 
 /// What a walk came to.

@@ -49,7 +49,7 @@ std::vector<FaceBounds> Bounder::Run()
     std::vector<WalkedLoop> walked;
     if (!Walk(std::move(loops), walked))
         return {};
-    std::vector<FaceBounds> faces = PlaceHoles(std::move(walked), m_plane, m_report);
+    std::vector<FaceBounds> faces = PlaceHoles(std::move(walked), m_loops, m_plane, m_report);
     if (faces.empty() && m_report.reason.empty())
         m_report.reason = "no loop bounds the face";
     return faces;
@@ -97,7 +97,8 @@ bool Bounder::Shape()
 bool Bounder::Orient()
 {
     for (LoopShape& loop : m_loops) {
-        const bool wrong = loop.type == GK_BrepLoop::inner ? loop.area > 0.0 : loop.area < 0.0;
+        const double area = loop.polygon.SignedArea();
+        const bool wrong = loop.type == GK_BrepLoop::inner ? area > 0.0 : area < 0.0;
         if (!loop.RunsAround() && wrong)
             loop.Turn();
     }

@@ -1,7 +1,5 @@
 #include "console_host/geokit/face_holes.h"
 
-#include "console_host/geokit/loop_shape.h"
-
 #include <algorithm>
 
 namespace {
@@ -48,33 +46,56 @@ struct Candidate
     double near = 0.0; // how far the polygon may stray
 };
 
-Candidate CandidateOf(WalkedLoop loop, const ParameterPlane& plane)
+// The polygon of a loop that the walk made.
+LoopPolygon PolygonOf(const WalkedLoop& loop, const ParameterPlane& plane, double sagitta)
 {
-    Candidate candidate;
-    const double sagitta = SagittaOf(loop.type) * ExtentOfPieces(loop.steps, plane);
+    LoopPolygon polygon;
     for (const LoopStep& step : loop.steps) {
         if (const auto* piece = std::get_if<LoopPiece>(&step))
-            AppendPiece(*piece, plane, sagitta, true, candidate.polygon);
+            AppendPiece(*piece, plane, sagitta, true, polygon);
         else
-            AppendSide(std::get<SidePart>(step), plane, candidate.polygon);
+            AppendSide(std::get<SidePart>(step), plane, polygon);
     }
-    candidate.polygon.Close();
-    candidate.near = std::max(sagitta, 1.5e-6);
+    polygon.Close();
+    return polygon;
+}
+
+LoopShape& ShapeOf(const WalkedLoop& loop, std::vector<LoopShape>& shapes)
+{
+    return *std::lower_bound(
+        shapes.begin(), shapes.end(), loop.number,
+        [](const LoopShape& shape, int number) { return shape.number < number; });
+}
+
+Candidate CandidateOf(WalkedLoop loop, std::vector<LoopShape>& shapes, const ParameterPlane& plane)
+{
+    constexpr double RoundingOfFiles = 1.5e-6;
+    Candidate candidate;
+    if (loop.type == GK_BrepLoop::unknown || loop.number == 0) {
+        const double sagitta = SagittaOf(GK_BrepLoop::outer) * ExtentOfPieces(loop.steps, plane);
+        candidate.polygon = PolygonOf(loop, plane, sagitta);
+        candidate.near = sagitta;
+        loop.type = candidate.polygon.SignedArea() < 0.0 ? GK_BrepLoop::inner : GK_BrepLoop::outer;
+    } else {
+        LoopShape& shape = ShapeOf(loop, shapes);
+        candidate.polygon = std::move(shape.polygon);
+        candidate.polygon.Move(plane.Normalized(loop.periods) - plane.Normalized({}));
+        candidate.near = shape.sagitta;
+    }
+    candidate.near = std::max(candidate.near, RoundingOfFiles);
     candidate.loop = std::move(loop);
-    if (candidate.loop.type == GK_BrepLoop::unknown)
-        candidate.loop.type =
-            candidate.polygon.SignedArea() < 0.0 ? GK_BrepLoop::inner : GK_BrepLoop::outer;
     return candidate;
 }
 
 class Placement
 {
 public:
-    Placement(std::vector<WalkedLoop> loops, const ParameterPlane& plane, BrepRepairReport& report)
+    Placement(std::vector<WalkedLoop> loops, std::vector<LoopShape>& shapes,
+              const ParameterPlane& plane, BrepRepairReport& report)
         : m_report(report)
     {
         for (WalkedLoop& loop : loops) {
-            Candidate candidate = CandidateOf(std::move(loop), plane);
+            Candidate candidate = CandidateOf(std::move(loop), shapes, plane);
             const bool inner = candidate.loop.type == GK_BrepLoop::inner;
             (inner ? m_inner : m_outer).push_back(std::move(candidate));
         }
@@ -114,8 +135,7 @@ std::size_t Placement::OuterOf(const Candidate& inner)
             return m_outer.size();
         }
         if (relation == Relation::Inside &&
-            (best == m_outer.size() ||
-             m_outer[i].polygon.SignedArea() < m_outer[best].polygon.SignedArea()))
+            (best == m_outer.size() || m_outer[i].polygon.Area() < m_outer[best].polygon.Area()))
             best = i;
     }
     if (best == m_outer.size())
@@ -199,8 +219,8 @@ LoopPolygon PolygonOf(const DomainLoop& loop, const ParameterPlane& plane)
     return polygon;
 }
 
-std::vector<FaceBounds> PlaceHoles(std::vector<WalkedLoop> loops, const ParameterPlane& plane,
-                                   BrepRepairReport& report)
+std::vector<FaceBounds> PlaceHoles(std::vector<WalkedLoop> loops, std::vector<LoopShape>& shapes,
+                                   const ParameterPlane& plane, BrepRepairReport& report)
 {
-    return Placement(std::move(loops), plane, report).Run();
+    return Placement(std::move(loops), shapes, plane, report).Run();
 }

@@ -1,7 +1,5 @@
 #include "console_host/geokit/loop_polygon.h"
 
-#include <cmath>
-
 namespace {
 
 // Twice the area of a triangle, positive when counter-clockwise.
@@ -10,14 +8,15 @@ double Turn(const Uv& a, const Uv& b, const Uv& c)
     return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
 }
 
-double DistanceToLine(const Uv& place, const Uv& from, const Uv& to)
+double SquareOfDistance(const Uv& place, const Uv& from, const Uv& to)
 {
     const Uv along = to - from;
     const double length = along[0] * along[0] + along[1] * along[1];
     const Uv way = place - from;
     const double share =
         length > 0.0 ? std::clamp((way[0] * along[0] + way[1] * along[1]) / length, 0.0, 1.0) : 0.0;
-    return std::hypot(way[0] - share * along[0], way[1] - share * along[1]);
+    const Uv apart{way[0] - share * along[0], way[1] - share * along[1]};
+    return apart[0] * apart[0] + apart[1] * apart[1];
 }
 
 // The two places lie on both sides of the line through `from` and `to`, farther off than `near`.
@@ -51,6 +50,16 @@ void LoopPolygon::Close()
 {
     if (m_last != m_first)
         Append(Uv(m_first), true);
+}
+
+void LoopPolygon::Move(const Uv& way)
+{
+    for (Line& line : m_lines) {
+        line.from = line.from + way;
+        line.to = line.to + way;
+    }
+    for (Uv* place : {&m_first, &m_last, &m_low, &m_high})
+        *place = *place + way;
 }
 
 bool LoopPolygon::BoxesOverlap(const LoopPolygon& other) const
@@ -100,7 +109,7 @@ LoopPolygon::Place LoopPolygon::PlaceOf(const Uv& place, double near) const
     for (std::size_t row = RowOf(place[1] - near); row <= last && !result.onLine; ++row) {
         for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k) {
             const auto& [from, to] = m_lines[m_rowLines[k]];
-            result.onLine = result.onLine || DistanceToLine(place, from, to) <= near;
+            result.onLine = result.onLine || SquareOfDistance(place, from, to) <= near * near;
             if (row == own && (from[1] > place[1]) != (to[1] > place[1]) &&
                 (Turn(from, to, place) > 0.0) == (to[1] > from[1]))
                 result.inside = !result.inside;
@@ -135,10 +144,29 @@ bool LoopPolygon::Crosses(const LoopPolygon& other, double near) const
                        [&](const Line& line) { return Crosses(line, near); });
 }
 
+// A line may reach into a box.
+bool LoopPolygon::HasLineNear(const Uv& low, const Uv& high) const
+{
+    const std::size_t last = RowOf(high[1]);
+    for (std::size_t row = RowOf(low[1]); row <= last; ++row) {
+        for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k) {
+            const auto& [from, to] = m_lines[m_rowLines[k]];
+            if (std::max(from[0], to[0]) >= low[0] && std::min(from[0], to[0]) <= high[0] &&
+                std::max(from[1], to[1]) >= low[1] && std::min(from[1], to[1]) <= high[1])
+                return true;
+        }
+    }
+    return false;
+}
+
 LoopPolygon::Relation LoopPolygon::RelationOf(const LoopPolygon& other, double near) const
 {
     if (!BoxesOverlap(other))
         return Relation::Outside;
+    FillRows();
+    const Uv margin{near, near};
+    if (!HasLineNear(other.m_low - margin, other.m_high + margin))
+        return PlaceOf(other.m_first, 0.0).inside ? Relation::Inside : Relation::Outside;
     if (Crosses(other, near))
         return Relation::Crossing;
     other.FillRows();

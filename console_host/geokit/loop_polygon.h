@@ -3,6 +3,7 @@
 #include "console_host/geokit/parameter_plane.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -36,6 +37,11 @@ public:
         return std::max(m_high[0] - m_low[0], m_high[1] - m_low[1]);
     }
 
+    /// Moves all corners.
+    void Move(const Uv& way);
+
+    [[nodiscard]] double Area() const { return std::abs(m_area); }
+
     /// Positive when a closed polygon runs counter-clockwise.
     [[nodiscard]] double SignedArea() const { return m_area; }
 
@@ -61,6 +67,7 @@ private:
     };
 
     [[nodiscard]] bool BoxesOverlap(const LoopPolygon& other) const;
+    [[nodiscard]] bool HasLineNear(const Uv& low, const Uv& high) const;
     [[nodiscard]] std::size_t RowOf(double v) const;
     void FillRows() const;
     [[nodiscard]] Place PlaceOf(const Uv& place, double near) const;

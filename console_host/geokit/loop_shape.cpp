@@ -70,10 +70,9 @@ void Measure(LoopShape& loop, const ParameterPlane& plane)
         loop.height = MeanHeight(loop, loop.winding[0] != 0 ? 0 : 1, plane);
         return;
     }
-    LoopPolygon polygon;
-    ForEachPlace(loop, [&](const Uv& place) { polygon.Append(plane.Normalized(place), true); });
-    polygon.Close();
-    loop.area = polygon.SignedArea();
+    ForEachPlace(loop,
+                 [&](const Uv& place) { loop.polygon.Append(plane.Normalized(place), true); });
+    loop.polygon.Close();
 }
 
 } // namespace
@@ -84,7 +83,6 @@ void LoopShape::Turn()
     std::reverse(samples.begin(), samples.end());
     for (int& turns : winding)
         turns = -turns;
-    area = -area;
 }
 
 std::string ShapeLoop(LoopShape& loop, const ParameterPlane& plane)
@@ -99,10 +97,10 @@ std::string ShapeLoop(LoopShape& loop, const ParameterPlane& plane)
     const auto [aroundU, aroundV] = chain.winding;
     if (std::abs(aroundU) + std::abs(aroundV) > 1)
         return "runs around the surface more than once";
-    const double sagitta = SagittaOf(loop.type) * ExtentOf(loop.pieces, plane);
+    loop.sagitta = SagittaOf(loop.type) * ExtentOf(loop.pieces, plane);
     loop.samples.reserve(loop.pieces.size());
     for (const LoopPiece& piece : loop.pieces)
-        loop.samples.push_back(SamplesOf(piece, plane, sagitta));
+        loop.samples.push_back(SamplesOf(piece, plane, loop.sagitta));
     Measure(loop, plane);
     return {};
 }

@@ -14,8 +14,9 @@ struct LoopShape
     std::vector<LoopPiece> pieces;
     std::vector<PieceSamples> samples; ///< of the pieces
     std::array<int, 2> winding{};      ///< how often it runs around the surface in u and v
-    double area = 0.0;                 ///< in shares of the domain, positive when counter-clockwise
-    double height = 0.0; ///< of a loop that runs around: where it does so, as its mean in shares
+    LoopPolygon polygon;  ///< the loop as it was given, unless it runs around the surface
+    double sagitta = 0.0; ///< how far the loop strays from its samples, in shares of the domain
+    double height = 0.0;  ///< of a loop that runs around: where it does so, as its mean in shares
 
     [[nodiscard]] bool RunsAround() const { return winding != std::array<int, 2>{}; }
 
@@ -27,7 +28,7 @@ struct LoopShape
 /// all others.
 constexpr double SagittaOf(GK_BrepLoop::TYPE type)
 {
-    return type == GK_BrepLoop::inner ? 1e-4 : 1e-5;
+    return type == GK_BrepLoop::inner ? 4e-4 : 1e-5;
 }
 
 /// Chains the pieces of a loop and measures it. Returns why it bounds nothing, as a clause; empty
