@@ -4,19 +4,19 @@
 #include "tests/trimming/random_shapes.h"
 #include "tests/trimming/surface_extent.h"
 
+#include <BRepCheck.hxx>
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepGProp.hxx>
-#include <BRepTools.hxx>
 #include <GProp_GProps.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <map>
+#include <sstream>
 
 // check_breps FOLDER | --random COUNT [SEED]: imports the OBJ files of a folder, or random ones,
 // and has another geometry library check every brep as it was delivered. Names each that is not
@@ -24,28 +24,35 @@
 
 namespace {
 
+std::string NameOf(BRepCheck_Status status)
+{
+    std::ostringstream name;
+    BRepCheck::Print(status, name);
+    std::string text = name.str();
+    text.erase(text.find_last_not_of(" \n") + 1);
+    return text;
+}
+
 std::string StatusesOf(const BRepCheck_Analyzer& analyzer, const TopoDS_Shape& shape)
 {
     std::map<std::string, int> found;
-    const char* const kinds[] = {"face", "wire", "edge", "vertex"};
-    const TopAbs_ShapeEnum types[] = {TopAbs_FACE, TopAbs_WIRE, TopAbs_EDGE, TopAbs_VERTEX};
-    for (int k = 0; k < 4; ++k)
-        for (TopExp_Explorer part(shape, types[k]); part.More(); part.Next()) {
+    for (const TopAbs_ShapeEnum type : {TopAbs_FACE, TopAbs_WIRE, TopAbs_EDGE, TopAbs_VERTEX})
+        for (TopExp_Explorer part(shape, type); part.More(); part.Next()) {
             const Handle(BRepCheck_Result) result = analyzer.Result(part.Current());
             const auto add = [&](const BRepCheck_ListOfStatus& statuses) {
                 for (const BRepCheck_Status status : statuses)
                     if (status != BRepCheck_NoError)
-                        ++found[std::string(kinds[k]) + " " + std::to_string(status)];
+                        ++found[NameOf(status)];
             };
             add(result->Status());
             for (result->InitContextIterator(); result->MoreShapeInContext();
                  result->NextShapeInContext())
                 add(result->StatusOnShape());
         }
-    std::string text;
+    std::ostringstream text;
     for (const auto& [what, count] : found)
-        text += " " + std::to_string(count) + " x " + what + ";";
-    return text;
+        text << " " << count << " x " << what << ";";
+    return text.str();
 }
 
 // The library's precision is a length of 1e-7: what is small is looked at larger.
@@ -66,7 +73,7 @@ std::string FaultOf(const GK_Brep& brep)
         if (!analyzer.IsValid())
             return "not valid:" + StatusesOf(analyzer, shape);
         GProp_GProps properties;
-        BRepGProp::SurfaceProperties(shape, properties, 0.1 * Accuracy);
+        BRepGProp::SurfaceProperties(shape, properties, 1e-3 * Accuracy);
         const double area = properties.Mass() / (scale * scale);
         const double own = AreaOf(brep);
         if (!(std::abs(area - own) <= Accuracy * own))
