@@ -12,7 +12,21 @@
 
 namespace {
 
-constexpr int Samples = 64;
+// Parameters of an edge, close enough to find the place where it lies farthest off.
+std::vector<double> PlacesAlong(const GK_BrepEdge& edge, const Geom_BSplineCurve& curve)
+{
+    constexpr int PerSpan = 20;
+    std::vector<double> places{edge.Domain()[0]};
+    for (int i = 1; i < curve.NbKnots(); ++i)
+        for (int k = 1; k <= PerSpan; ++k) {
+            const double t =
+                GK_Interval(curve.Knot(i), curve.Knot(i + 1)).ParameterAt(1.0 * k / PerSpan);
+            if (t > places.front() && t < edge.Domain()[1])
+                places.push_back(t);
+        }
+    places.push_back(edge.Domain()[1]);
+    return places;
+}
 
 struct EdgeAndCurve
 {
@@ -154,14 +168,14 @@ void Converter::Measure(const GK_BrepTrim& trim, const Handle(Geom2d_BSplineCurv
     const EdgeAndCurve& made = m_edges[Size(trim.edgeIndex)];
     const GK_BrepEdge& edge = m_brep.Edge(trim.edgeIndex);
     double worst = 0.0;
-    for (int i = 0; i <= Samples; ++i) {
-        const double t = edge.Domain().ParameterAt(1.0 * i / Samples);
+    const std::vector<double> places = PlacesAlong(edge, *made.curve);
+    for (const double t : places) {
         const gp_Pnt2d uv = curve2d->Value(t);
         const gp_Pnt place = m_surface->Value(uv.X(), uv.Y());
         worst = std::max(worst, place.Distance(made.curve->Value(t)));
-        if (i > 0 && i < Samples)
+        if (t > places.front() && t < places.back())
             continue;
-        const int vertex = edge.vertexIndex[i == 0 ? 0 : 1];
+        const int vertex = edge.vertexIndex[t > places.front() ? 1 : 0];
         const GK_3dPoint& p = m_brep.Vertex(vertex).point;
         Widen(vertex, place.Distance(gp_Pnt(m_scale * p.x, m_scale * p.y, m_scale * p.z)));
     }

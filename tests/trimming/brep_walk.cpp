@@ -43,6 +43,26 @@ Nearest NearestOn(const GK_Curve& curve, const GK_3dPoint& point)
     return nearest;
 }
 
+// Shares of the way along a trim, several for each span of its edge, from 0 to 1.
+std::vector<double> FractionsAlong(const GK_BrepEdge& edge)
+{
+    constexpr int PerSpan = 6;
+    const GK_Interval domain = edge.Domain();
+    std::vector<double> breaks{0.0};
+    if (const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(edge.ProxyCurve()))
+        for (const double knot : curve->knots)
+            if (const double share = (knot - domain[0]) / domain.Length();
+                share > breaks.back() && share < 1.0)
+                breaks.push_back(share);
+    breaks.push_back(1.0);
+    std::vector<double> fractions{0.0};
+    for (std::size_t i = 0; i + 1 < breaks.size(); ++i)
+        for (int k = 1; k <= PerSpan; ++k)
+            fractions.push_back(
+                GK_Interval(breaks[i], breaks[i + 1]).ParameterAt(1.0 * k / PerSpan));
+    return fractions;
+}
+
 class Walk
 {
 public:
@@ -210,15 +230,15 @@ void Walk::CheckAlongEdge(const GK_BrepTrim& trim, const GK_BrepEdge& edge)
     double worst = 0.0;
     double before = 0.0;
     bool forward = true;
-    for (int i = 0; i <= Samples; ++i) {
-        const GK_3dPoint place = Place(trim, 1.0 * i / Samples);
-        const double same = 1.0 * (trim.reversed ? Samples - i : i) / Samples;
+    for (const double fraction : FractionsAlong(edge)) {
+        const double same = trim.reversed ? 1.0 - fraction : fraction;
+        const GK_3dPoint place = Place(trim, fraction);
         const double distance = edge.PointAt(edge.Domain().ParameterAt(same)).DistanceTo(place);
         const Nearest nearest =
             distance <= EdgeSlack() ? Nearest{same, distance} : NearestOn(edge, place);
         worst = std::max(worst, nearest.distance);
         const double along = trim.reversed ? 1.0 - nearest.fraction : nearest.fraction;
-        if (i > 0 && i < Samples) { // the ends of a closed edge are both nearest
+        if (fraction > 0.0 && fraction < 1.0) { // the ends of a closed edge are both nearest
             forward = forward && along >= before - 1e-3;
             before = along;
         }

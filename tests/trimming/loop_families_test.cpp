@@ -118,6 +118,26 @@ TEST(LoopFamilies, CurvesThatAreShared)
         ExpectImported(shapes, {}, tolerance);
 }
 
+// However many holes name the same few curves, each is there.
+TEST(LoopFamilies, ManyHolesOnWavyPanels)
+{
+    constexpr int Panels = 50;
+    constexpr int Columns = 10;
+    const std::array<double, 16> waves{0, 0.1, -0.1, 0, 0.1, -0.2, 0.2, 0, 0, 0.2, -0.2, 0.1};
+    TrimmedShape panel = Whole(PatchShape(1, 1, waves));
+    for (int i = 0; i < Columns * Columns; ++i)
+        panel = WithHole(panel,
+                         EllipseOf({(i % Columns + 0.5) / Columns, (i / Columns + 0.5) / Columns},
+                                   0.04, 0.04, 1));
+    const std::vector<TrimmedShape> panels(Panels, Placed(panel, 1000.0, 0.0));
+    const ImportedText file(ObjText(panels, {}), 1e-3);
+    EXPECT_EQ(file.Refused(), "");
+    ASSERT_EQ(file.Breps().size(), panels.size());
+    for (const GK_Brep* brep : file.Breps())
+        ASSERT_EQ(brep->LoopCount(), 1 + Columns * Columns);
+    EXPECT_THAT(FaultsOf(*file.Breps().back(), 1e-3), testing::IsEmpty());
+}
+
 TEST(LoopFamilies, IntervalsBeyondKnotsThatLostADigit)
 {
     for (const double end : {0.99999, 0.999999, 1.000009}) {
