@@ -118,24 +118,18 @@ TEST(LoopFamilies, CurvesThatAreShared)
         ExpectImported(shapes, {}, tolerance);
 }
 
-// However many holes name the same few curves, each is there.
-TEST(LoopFamilies, ManyHolesOnWavyPanels)
+// However often a file names a long curve, each triple is there.
+TEST(LoopFamilies, EachSpanOfALongCurveAsAPiece)
 {
-    constexpr int Panels = 50;
-    constexpr int Columns = 10;
-    const std::array<double, 16> waves{0, 0.1, -0.1, 0, 0.1, -0.2, 0.2, 0, 0, 0.2, -0.2, 0.1};
-    TrimmedShape panel = Whole(PatchShape(1, 1, waves));
-    for (int i = 0; i < Columns * Columns; ++i)
-        panel = WithHole(panel,
-                         EllipseOf({(i % Columns + 0.5) / Columns, (i / Columns + 0.5) / Columns},
-                                   0.04, 0.04, 1));
-    const std::vector<TrimmedShape> panels(Panels, Placed(panel, 1000.0, 0.0));
-    const ImportedText file(ObjText(panels, {}), 1e-3);
-    EXPECT_EQ(file.Refused(), "");
-    ASSERT_EQ(file.Breps().size(), panels.size());
-    for (const GK_Brep* brep : file.Breps())
-        ASSERT_EQ(brep->LoopCount(), 1 + Columns * Columns);
-    EXPECT_THAT(FaultsOf(*file.Breps().back(), 1e-3), testing::IsEmpty());
+    constexpr int Spans = 1000;
+    constexpr double Turn = 2 * 3.14159265358979323846;
+    std::vector<UV> points;
+    for (int i = 0; i < Spans; ++i)
+        points.push_back(
+            {0.5 + 0.4 * std::cos(Turn * i / Spans), 0.5 + 0.3 * std::sin(Turn * i / Spans)});
+    points.push_back(points.front());
+    const TrimmedShape shape = WithOuter(Bare(PlaneShape(10, 10)), SpansOf(PolylinePiece(points)));
+    ExpectImported({Counted(shape, Spans, Spans, 0)}, {}, 1e-3);
 }
 
 TEST(LoopFamilies, IntervalsBeyondKnotsThatLostADigit)
