@@ -161,7 +161,8 @@ double AreaWithin(const ShapeSurface& surface, const Pieces& loop)
     constexpr int StepsPerSpan = 128;
     double area = 0.0;
     for (const TrimPiece& piece : loop) {
-        const int steps = StepsPerSpan * static_cast<int>(piece.points.size() - 1);
+        const int steps =
+            StepsPerSpan * static_cast<int>(std::lround(std::abs(piece.to - piece.from)));
         UV before = piece.At(0.0);
         for (int i = 1; i <= steps; ++i) {
             const UV here = piece.At(1.0 * i / steps);
