@@ -38,7 +38,7 @@ std::string StatusesOf(const BRepCheck_Analyzer& analyzer, const TopoDS_Shape& s
     std::map<std::string, int> found;
     for (const TopAbs_ShapeEnum type : {TopAbs_FACE, TopAbs_WIRE, TopAbs_EDGE, TopAbs_VERTEX})
         for (TopExp_Explorer part(shape, type); part.More(); part.Next()) {
-            const Handle(BRepCheck_Result) result = analyzer.Result(part.Current());
+            const Handle(BRepCheck_Result)& result = analyzer.Result(part.Current());
             const auto add = [&](const BRepCheck_ListOfStatus& statuses) {
                 for (const BRepCheck_Status status : statuses)
                     if (status != BRepCheck_NoError)
@@ -100,7 +100,7 @@ public:
         }
     }
 
-    int Result() const
+    [[nodiscard]] int Result() const
     {
         std::cout << m_breps << " breps checked, " << m_faults << " not sound" << std::endl;
         return m_faults == 0 && m_breps > 0 ? 0 : 1;

@@ -36,10 +36,13 @@ Nearest NearestOn(const GK_Curve& curve, const GK_3dPoint& point)
     for (int i = 1; i <= Steps; ++i)
         if (const double d = distance(1.0 * i / Steps); d < nearest.distance)
             nearest = {1.0 * i / Steps, d};
-    for (double step = 0.5 / Steps; step > 1e-9; step *= 0.5)
+    double step = 1.0 / Steps;
+    for (int halving = 0; halving < 24; ++halving) {
+        step *= 0.5;
         for (const double fraction : {nearest.fraction - step, nearest.fraction + step})
             if (fraction >= 0.0 && fraction <= 1.0 && distance(fraction) < nearest.distance)
                 nearest = {fraction, distance(fraction)};
+    }
     return nearest;
 }
 

@@ -97,9 +97,10 @@ TEST(LoopFamilies, DirectionsAndFormsOfOutersAndHoles)
         for (const Pieces& hole : holes)
             for (const unsigned int backwards : {0U, 1U, 2U, 3U}) {
                 const int count = static_cast<int>(outer.size() + hole.size());
-                const TrimmedShape shape = WithHole(
-                    WithOuter(Bare(PlaneShape(4, 3)), backwards & 1U ? Backwards(outer) : outer),
-                    backwards & 2U ? Backwards(hole) : hole);
+                const TrimmedShape shape =
+                    WithHole(WithOuter(Bare(PlaneShape(4, 3)),
+                                       (backwards & 1U) != 0 ? Backwards(outer) : outer),
+                             (backwards & 2U) != 0 ? Backwards(hole) : hole);
                 ExpectImportedEverywhere(Counted(shape, count, count, 0));
                 if (HasFailure())
                     return;

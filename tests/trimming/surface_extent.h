@@ -18,9 +18,10 @@ struct SurfaceExtent
         std::array<double, 3> low{Infinity, Infinity, Infinity};
         std::array<double, 3> high{-Infinity, -Infinity, -Infinity};
         for (int i = 0; i < Steps * Steps; ++i) {
+            const int row = i / Steps;
             const GK_SurfacePoint at =
                 surface.Evaluate(domain[0].ParameterAt(1.0 * (i % Steps) / (Steps - 1)),
-                                 domain[1].ParameterAt((i / Steps) * 1.0 / (Steps - 1)));
+                                 domain[1].ParameterAt(1.0 * row / (Steps - 1)));
             const std::array<double, 3> point{at.point.x, at.point.y, at.point.z};
             for (std::size_t k = 0; k < point.size(); ++k) {
                 low[k] = std::min(low[k], point[k]);

@@ -43,7 +43,7 @@ ShapeSurface Revolved(const Profile& profile, int degree, const Function& along)
     surface.degree = {2, degree};
     surface.knots[0] = QuadraticKnots(4);
     surface.knots[1] = degree == 1 ? std::vector<double>{0, 0, 1, 1}
-                                   : QuadraticKnots(static_cast<int>(profile.size()) / 2);
+                                   : QuadraticKnots(static_cast<int>(profile.size() / 2));
     surface.closed[0] = true;
     for (const auto& [radius, height, weight] : profile)
         for (const auto& [x, y, circleWeight] : FullCircle)
@@ -74,7 +74,7 @@ double PatchElement(double width, double height, const std::array<double, 16>& h
     double slopeV = 0.0;
     for (int i = 0; i < 4; ++i)
         for (int j = 0; j < 4; ++j) {
-            const double h = heights[static_cast<std::size_t>(4 * j + i)];
+            const double h = heights[4 * static_cast<std::size_t>(j) + static_cast<std::size_t>(i)];
             slopeU += h * BernsteinSlope(i, u) * Bernstein(j, v);
             slopeV += h * Bernstein(i, u) * BernsteinSlope(j, v);
         }
@@ -132,9 +132,10 @@ ShapeSurface PatchShape(double width, double height, const std::array<double, 16
     ShapeSurface surface;
     surface.degree = {3, 3};
     surface.knots = {{{0, 0, 0, 0, 1, 1, 1, 1}, {0, 0, 0, 0, 1, 1, 1, 1}}};
-    for (std::size_t i = 0; i < heights.size(); ++i)
-        surface.points.push_back({width * static_cast<double>(i % 4) / 3,
-                                  height * static_cast<double>(i / 4) / 3, heights[i], 1});
+    for (const int row : {0, 1, 2, 3})
+        for (const int column : {0, 1, 2, 3})
+            surface.points.push_back(
+                {width * column / 3, height * row / 3, heights[surface.points.size()], 1});
     surface.strip = [=](double u, double v0, double v1) {
         constexpr int Steps = 40;
         double sum = 0.0;
