@@ -45,6 +45,7 @@ private:
     Writing Way();
 
     std::mt19937 m_numbers;
+    bool m_gapsAreGaps = true; // they are larger than the tolerance
 };
 
 ShapeSurface Maker::Surface()
@@ -202,7 +203,7 @@ void Maker::AddOpenHole(TrimmedShape& shape, const Region& cell)
 
 void Maker::AddHole(TrimmedShape& shape, const Region& cell)
 {
-    if (Chance(0.03))
+    if (m_gapsAreGaps && Chance(0.03))
         return AddOpenHole(shape, cell);
     const Pieces loop = HoleLoop(cell);
     shape.area -= AreaWithin(shape.surface, loop);
@@ -263,6 +264,7 @@ RandomFile Maker::File()
     double scale = std::pow(10.0, Between(-4, 5));
     if (scale * std::pow(10.0, 1 - file.writing.digits) > file.tolerance)
         scale = file.tolerance; // the file's digits must tell what meets
+    m_gapsAreGaps = scale > 1e3 * file.tolerance;
     const int count = 1 + Below(3);
     for (int i = 0; i < count; ++i) {
         TrimmedShape shape = Shape();
