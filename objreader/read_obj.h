@@ -288,7 +288,6 @@ private:
     bool ReadTrim(VX_Brep& brep, const VX_NurbsSurface& surface, int loopIndex, int firstToken);
     void AddTrim(VX_Brep& brep, const VX_NurbsSurface& surface, int loopIndex, int curveIndex,
                  const GK_Interval& part);
-    [[nodiscard]] bool MayTrim() const;
     [[nodiscard]] VX_Brep* CurrentBrep();
 
     void MakeMeshVertices(Geometry& geometry);
@@ -305,7 +304,6 @@ private:
     int FindOrAddGroup(const GK_wString& name);
     int FindOrAddLayer(const GK_wString& name, GK_UUID& parentId);
 
-    double m_trimWork = 0.0; ///< what trims took or cost so far, in control points or so
     NameTable m_names;
     std::string m_joinedName; ///< scratch, as are the following: kept to be used again
     GK_SimpleArray<int> meshFaceIndices;

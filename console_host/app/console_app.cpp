@@ -6,6 +6,7 @@
 #include "console_host/framework/work_note.h"
 #include "console_host/geokit/error_handler.h"
 #include "console_host/runtime/terminal_input.h"
+#include "console_host/vxkit/pushup_allowance.h"
 
 #include "host/app/localize.h"
 #include "host/geokit/string.h"
@@ -84,6 +85,7 @@ void ConsoleApp::SetProfile(std::unique_ptr<ProfileStore> profile)
 
 ImportJournal ConsoleApp::TakeJournal()
 {
+    PushupAllowance::Current().Restart();
     return std::exchange(m_journal, {});
 }
 

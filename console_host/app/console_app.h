@@ -40,7 +40,8 @@ public:
 
     ImportJournal& Journal() { return m_journal; }
 
-    /// Gives what was noted since the last call and starts afresh.
+    /// Returns what was noted since the last call and starts afresh, also with what trims may take
+    /// in all: to be called between imports.
     ImportJournal TakeJournal();
 
     /// The plug-ins that exist, in the order of their making.

@@ -1,5 +1,7 @@
 #include "host/geokit/brep.h"
 
+#include <algorithm>
+
 namespace {
 
 template <class T>
@@ -80,8 +82,10 @@ GK_BrepEdge& GK_Brep::NewEdge(const GK_BrepVertex& start, const GK_BrepVertex& e
     edge.vertexIndex = {start.vertexIndex, end.vertexIndex};
     edge.tolerance = tolerance;
     edge.SetProxyCurve(EdgeCurve(curve3dIndex));
-    if (subdomain != nullptr)
-        edge.SetDomain(subdomain->Min(), subdomain->Max());
+    // A pushed-up curve covers what its sub-domain has in common with the 2D curve's domain.
+    const GK_Interval whole = edge.Domain();
+    if (subdomain != nullptr && subdomain->Min() < whole[1] && subdomain->Max() > whole[0])
+        edge.SetDomain(std::max(subdomain->Min(), whole[0]), std::min(subdomain->Max(), whole[1]));
     return edge;
 }
 

@@ -1,5 +1,6 @@
 #include "host/geokit/curve_proxy.h"
 
+#include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_checks.h"
 
 GK_CurveProxy::GK_CurveProxy(const GK_Curve* curve)
@@ -21,6 +22,11 @@ int GK_CurveProxy::Dimension() const
 int GK_CurveProxy::Degree() const
 {
     return m_curve == nullptr ? 0 : m_curve->Degree();
+}
+
+void GK_CurveProxy::SetDomain(const GK_Interval& domain)
+{
+    m_domain = m_curve == nullptr ? domain : CutToDomain(domain, m_curve->Domain());
 }
 
 bool GK_CurveProxy::SetDomain(double t0, double t1)

@@ -1,6 +1,6 @@
 #include "console_host/geokit/nurbs_checks.h"
 
-#include "host/geokit/point.h"
+#include "host/geokit/curve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +35,10 @@ bool CheckOrder(const BsplineDirection& bspline, const char* subject, std::strin
     if (degree < 1)
         return Unsound(reason, The(subject) + " has degree " + std::to_string(degree) +
                                    bspline.direction + "; at least 1 is needed");
+    if (bspline.order > GK_MOST_ORDER)
+        return Unsound(reason, The(subject) + " has order " + std::to_string(bspline.order) +
+                                   bspline.direction + "; at most " +
+                                   std::to_string(GK_MOST_ORDER) + " is supported");
     if (bspline.count < bspline.order)
         return Unsound(reason, The(subject) + " has " + std::to_string(bspline.count) +
                                    " control points" + bspline.direction + "; degree " +

@@ -17,7 +17,7 @@ struct BsplineDirection
     const char* direction;
 };
 
-/// The order is 2 or more and there are at least as many control points.
+/// The order is 2 to GK_MOST_ORDER and there are at least as many control points.
 bool CheckOrder(const BsplineDirection& bspline, const char* subject, std::string* reason);
 
 /// The knots are as many as there must be, finite, never decrease, have no multiplicity above the

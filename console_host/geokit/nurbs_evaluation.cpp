@@ -14,20 +14,38 @@ int FindSpanAlong(const GK_NurbsSurface& surface, int direction, double t)
 
 // Sets control point `i` of a curve to the sum of the control points `values(0)` and on.
 template <class Values>
-void SetSum(GK_NurbsCurve& curve, int i, const BasisFunctions& basis, int order,
+void SetSum(GK_NurbsCurve& curve, int i, const BasisValues& basis, int order,
             const Values& values)
 {
     WeightedSum sum;
     for (int j = 0; j < order; ++j) {
-        if (basis.Value(j) == 1.0) { // along a clamped side the control points come out exactly
+        if (basis[j] == 1.0) { // along a clamped side the control points come out exactly
             curve.SetCV(i, GK::euclidean_rational, values(j));
             return;
         }
-        sum.Add(basis.Value(j), values(j), curve.dimension, curve.rational);
+        sum.Add(basis[j], values(j), curve.dimension, curve.rational);
     }
     const GK_3dPoint place = curve.rational ? sum.Point() : GK_origin + sum.sum;
     const double point[4] = {place.x, place.y, place.z, sum.weight};
     curve.SetCV(i, GK::euclidean_rational, point);
+}
+
+template <bool Rational>
+WeightedSum SumOfNet(const GK_NurbsSurface& surface, const std::array<int, 2>& spans,
+                     const BasisValues& basisU, const BasisValues& basisV)
+{
+    constexpr int Stride = Rational ? 4 : 3;
+    const int orderU = surface.Order(0);
+    const int orderV = surface.Order(1);
+    WeightedSum point;
+    for (int j = 0; j < orderV; ++j) {
+        WeightedSum row;
+        const double* values = surface.ControlPointValues(spans[0], spans[1] + j);
+        for (int i = 0; i < orderU; ++i, values += Stride)
+            row.Add(basisU[i], values, 3, Rational);
+        point.Add(basisV[j], row);
+    }
+    return point;
 }
 
 } // namespace
@@ -53,6 +71,17 @@ GK_CurvePoint EvaluateInSpan(const GK_NurbsCurve& curve, int span, double t)
         return {GK_origin + point.sum, derivative.sum};
     const GK_3dPoint place = point.Point();
     return {place, derivative.Derivative(place, point.weight)};
+}
+
+GK_3dPoint PointInSpan(const GK_NurbsCurve& curve, int span, double t)
+{
+    const BasisValues basis(curve.knots.Array() + span, curve.Degree(), t);
+    const double* values =
+        curve.controlPoints.Array() + std::int64_t{span} * curve.controlPointStride;
+    WeightedSum point;
+    for (int i = 0; i < curve.order; ++i, values += curve.controlPointStride)
+        point.Add(basis[i], values, curve.dimension, curve.rational);
+    return curve.rational ? point.Point() : GK_origin + point.sum;
 }
 
 std::array<int, 2> FindSpans(const GK_NurbsSurface& surface, double u, double v)
@@ -88,6 +117,15 @@ GK_SurfacePoint EvaluateInSpans(const GK_NurbsSurface& surface, const std::array
     return {place, du.Derivative(place, point.weight), dv.Derivative(place, point.weight)};
 }
 
+GK_3dPoint PointInSpans(const GK_NurbsSurface& surface, const std::array<int, 2>& spans, double u,
+                        double v)
+{
+    const BasisValues basisU(surface.Knots(0).Array() + spans[0], surface.Degree(0), u);
+    const BasisValues basisV(surface.Knots(1).Array() + spans[1], surface.Degree(1), v);
+    return surface.IsRational() ? SumOfNet<true>(surface, spans, basisU, basisV).Point()
+                                : GK_origin + SumOfNet<false>(surface, spans, basisU, basisV).sum;
+}
+
 std::unique_ptr<GK_NurbsCurve> IsoCurveOver(const GK_NurbsSurface& surface, int direction,
                                             double parameter, const GK_Interval& part)
 {
@@ -96,8 +134,7 @@ std::unique_ptr<GK_NurbsCurve> IsoCurveOver(const GK_NurbsSurface& surface, int 
     const int degree = surface.Degree(direction);
     const int first = FindSpanAlong(surface, direction, part.Min());
     const int last = FindSpanAlong(surface, direction, part.Max());
-    const BasisFunctions basis(surface.Knots(across).Array() + row, surface.Degree(across),
-                               parameter);
+    const BasisValues basis(surface.Knots(across).Array() + row, surface.Degree(across), parameter);
     auto curve = std::make_unique<GK_NurbsCurve>();
     curve->Create(3, surface.IsRational(), degree + 1, last - first + degree + 1);
     curve->knots.Append(last - first + 2 * degree, surface.Knots(direction).Array() + first);

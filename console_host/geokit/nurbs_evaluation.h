@@ -12,6 +12,9 @@ int FindSpan(const GK_NurbsCurve& curve, double t);
 /// Book, A3.2 and A4.2.
 GK_CurvePoint EvaluateInSpan(const GK_NurbsCurve& curve, int span, double t);
 
+/// The point alone.
+GK_3dPoint PointInSpan(const GK_NurbsCurve& curve, int span, double t);
+
 /// The spans of a valid surface, in u and in v, that hold a place of its parameter plane.
 std::array<int, 2> FindSpans(const GK_NurbsSurface& surface, double u, double v);
 
@@ -19,6 +22,10 @@ std::array<int, 2> FindSpans(const GK_NurbsSurface& surface, double u, double v)
 /// Book, A3.6 and A4.4.
 GK_SurfacePoint EvaluateInSpans(const GK_NurbsSurface& surface, const std::array<int, 2>& spans,
                                 double u, double v);
+
+/// The point alone.
+GK_3dPoint PointInSpans(const GK_NurbsSurface& surface, const std::array<int, 2>& spans, double u,
+                        double v);
 
 /// The curve of a valid surface along `direction` on which the other parameter is `parameter`. It
 /// has only the spans that reach into the interval `part`, and so its domain covers that.

@@ -29,9 +29,21 @@ void GK_NurbsSurface::Create(bool rational, int orderU, int orderV)
     m_order = {orderU, orderV};
 }
 
+void GK_NurbsSurface::Changes()
+{
+    m_validity = Validity::Unknown;
+    m_derivedData.Set(nullptr);
+}
+
+void GK_NurbsSurface::KnotsChange(int direction)
+{
+    Changes();
+    m_knotValidity[Index(direction)] = Validity::Unknown;
+}
+
 void GK_NurbsSurface::SetControlPointCount(int direction, int count)
 {
-    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
+    KnotsChange(direction);
     m_count[Index(direction)] = count;
 }
 
@@ -45,7 +57,7 @@ void GK_NurbsSurface::ReserveCVCapacity(int count)
     const int before = m_controlPoints.Count();
     if (count <= before)
         return;
-    m_validity = Validity::Unknown;
+    Changes();
     m_controlPoints.SetCount(count);
     std::fill(m_controlPoints.begin() + before, m_controlPoints.end(), GK_UNSET_VALUE);
 }
@@ -62,7 +74,7 @@ bool GK_NurbsSurface::SetCV(int i, int j, GK::point_style style, const double* p
     const std::int64_t position = std::int64_t{j} * m_count[0] + i;
     if (position >= ControlPointCapacity())
         return false;
-    m_validity = Validity::Unknown;
+    Changes();
     m_soundPoints = std::min(m_soundPoints, position);
     double* values = m_controlPoints.Array() + position * ControlPointStride();
     std::copy_n(point, 3, values);
@@ -89,7 +101,7 @@ std::int64_t GK_NurbsSurface::KnotCount(int direction) const
 
 void GK_NurbsSurface::SetKnots(int direction, GK_SimpleArray<double> knots)
 {
-    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
+    KnotsChange(direction);
     m_knots[Index(direction)] = std::move(knots);
 }
 
@@ -100,13 +112,15 @@ int GK_NurbsSurface::Degree(int direction) const
 
 GK_Interval GK_NurbsSurface::Domain(int direction) const
 {
-    return KnotDomain(Knots(direction), Order(direction), ControlPointCount(direction));
+    const GK_SimpleArray<double>& knots = Knots(direction);
+    return KnotDomain({knots.begin(), knots.end()}, Order(direction), ControlPointCount(direction));
 }
 
 bool GK_NurbsSurface::SetDomain(int direction, double t0, double t1)
 {
-    m_validity = m_knotValidity[Index(direction)] = Validity::Unknown;
-    return MapKnots(m_knots[Index(direction)], Domain(direction), t0, t1);
+    KnotsChange(direction);
+    GK_SimpleArray<double>& knots = m_knots[Index(direction)];
+    return MapKnots({knots.begin(), knots.end()}, Domain(direction), t0, t1);
 }
 
 GK_SurfacePoint GK_NurbsSurface::Evaluate(double u, double v) const

@@ -3,14 +3,17 @@
 #include "console_host/geokit/bspline_basis.h"
 #include "console_host/geokit/weighted_sum.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <vector>
+#include <span>
+#include <utility>
 
 namespace {
 
 // The blossom of one span's polynomial at `degree` arguments: de Boor's recursion with another
 // argument in each step. `points` holds the span's control points and is used up.
-WeightedSum Blossom(std::vector<WeightedSum>& points, const double* spanKnots, int degree,
+WeightedSum Blossom(std::span<WeightedSum> points, const double* spanKnots, int degree,
                     const double* arguments)
 {
     for (int r = 1; r <= degree; ++r) {
@@ -32,9 +35,9 @@ GK_SimpleArray<double> RestrictedKnots(const GK_NurbsCurve& curve, double t0, do
     GK_SimpleArray<double> knots;
     for (int i = 0; i < curve.Degree(); ++i)
         knots.Append(t0);
-    for (const double knot : curve.knots)
-        if (knot > t0 && knot < t1)
-            knots.Append(knot);
+    const auto* inside = std::upper_bound(curve.knots.begin(), curve.knots.end(), t0);
+    for (; inside != curve.knots.end() && *inside < t1; ++inside)
+        knots.Append(*inside);
     for (int i = 0; i < curve.Degree(); ++i)
         knots.Append(t1);
     return knots;
@@ -55,19 +58,20 @@ std::unique_ptr<GK_NurbsCurve> RestrictCurve(const GK_NurbsCurve& curve, double 
 {
     const int degree = curve.Degree();
     const std::ptrdiff_t stride = curve.controlPointStride;
-    const GK_SimpleArray<double> knots = RestrictedKnots(curve, t0, t1);
+    GK_SimpleArray<double> knots = RestrictedKnots(curve, t0, t1);
     const std::span<const double> oldKnots(curve.knots.begin(), curve.knots.end());
     auto part = std::make_unique<GK_NurbsCurve>();
     part->Create(curve.dimension, curve.rational, curve.order, knots.Count() - degree + 1);
-    std::vector<WeightedSum> points;
+    std::array<WeightedSum, GK_MOST_ORDER> buffer;
+    const std::span<WeightedSum> points(buffer.data(), static_cast<std::size_t>(curve.order));
     for (int i = 0; i < part->controlPointCount; ++i) {
         const int span = FindSpan(oldKnots, curve.order, curve.controlPointCount,
                                   InsideSupport(knots, degree, i));
-        points.assign(static_cast<std::size_t>(curve.order), WeightedSum());
-        for (int j = 0; j <= degree; ++j)
-            points[static_cast<std::size_t>(j)].Add(
-                1.0, curve.controlPoints.Array() + (span + j) * stride, curve.dimension,
-                curve.rational);
+        for (int j = 0; j <= degree; ++j) {
+            WeightedSum& point = points[static_cast<std::size_t>(j)] = {};
+            point.Add(1.0, curve.controlPoints.Array() + (span + j) * stride, curve.dimension,
+                      curve.rational);
+        }
         const WeightedSum blossom =
             Blossom(points, curve.knots.Array() + span, degree, knots.Array() + i);
         const GK_3dPoint place = curve.rational ? blossom.Point() : GK_origin + blossom.sum;
@@ -75,6 +79,6 @@ std::unique_ptr<GK_NurbsCurve> RestrictCurve(const GK_NurbsCurve& curve, double 
         values[curve.dimension] = blossom.weight;
         part->SetCV(i, GK::euclidean_rational, values);
     }
-    part->knots = knots;
+    part->knots = std::move(knots);
     return part;
 }

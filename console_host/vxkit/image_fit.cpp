@@ -1,214 +1,272 @@
 #include "console_host/vxkit/image_fit.h"
 
+#include "console_host/vxkit/hermite_pieces.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <limits>
 
 namespace {
-
-// A cubic in Bezier form over [t0, t1].
-struct Piece
-{
-    double t0;
-    double t1;
-    double tolerance;
-    std::array<GK_3dPoint, 4> points;
-
-    [[nodiscard]] GK_3dPoint PointAt(double fraction) const
-    {
-        const double rest = 1.0 - fraction;
-        const std::array<double, 4> factors{rest * rest * rest, 3.0 * fraction * rest * rest,
-                                            3.0 * fraction * fraction * rest,
-                                            fraction * fraction * fraction};
-        GK_3dVector sum;
-        for (std::size_t i = 0; i < points.size(); ++i)
-            sum = sum + factors[i] * (points[i] - GK_origin);
-        return GK_origin + sum;
-    }
-};
 
 bool IsFinite(const GK_3dPoint& point)
 {
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
+// The box around the points of an image.
+class Box
+{
+public:
+    void Add(const GK_3dPoint& point)
+    {
+        m_low = m_empty ? point
+                        : GK_3dPoint{std::min(m_low.x, point.x), std::min(m_low.y, point.y),
+                                     std::min(m_low.z, point.z)};
+        m_high = m_empty ? point
+                         : GK_3dPoint{std::max(m_high.x, point.x), std::max(m_high.y, point.y),
+                                      std::max(m_high.z, point.z)};
+        m_empty = false;
+    }
+
+    [[nodiscard]] double Size() const { return m_low.DistanceTo(m_high); }
+
+private:
+    GK_3dPoint m_low;
+    GK_3dPoint m_high;
+    bool m_empty = true;
+};
+
+// A part of the interval, and how the image leaves its start and comes to its end.
+struct Part
+{
+    double t0;
+    double t1;
+    GK_CurvePoint start;
+    GK_CurvePoint end;
+    double error; // at a quarter, a half and three quarters of the way
+    double rounding;
+    int depth; // how often it was divided
+
+    [[nodiscard]] HermitePiece Piece(double tolerance) const
+    {
+        const double third = (t1 - t0) / 3.0;
+        return {t0,
+                t1,
+                std::max(tolerance, rounding),
+                {start.point, start.point + third * start.derivative,
+                 end.point + -third * end.derivative, end.point}};
+    }
+};
+
+// Parameters cannot tell apart much more than this.
+bool IsTooShort(const Part& part)
+{
+    constexpr double Finest = 1e-13;
+    return part.t1 - part.t0 <= Finest * std::max(std::abs(part.t0), std::abs(part.t1));
+}
+
 class Fit
 {
 public:
-    Fit(const SurfaceImage& image, double tolerance)
-        : m_image(image), m_tolerance(tolerance > 0.0 ? tolerance : 0.0),
-          m_samples(std::clamp(image.Degree() + 1, 7, 33)),
-          m_most(MostPieces(image.Cost() * m_samples))
+    Fit(SurfaceImage& image, double tolerance, double mostWork)
+        : m_image(image), m_tolerance(tolerance > 0.0 ? tolerance : 0.0), m_cost(image.Cost()),
+          m_mostWork(mostWork)
     {
     }
 
-    bool Run(const GK_Interval& interval);
-    [[nodiscard]] std::unique_ptr<GK_Curve> Curve() const;
+    ImageFit::Outcome Run(const GK_Interval& interval);
+    [[nodiscard]] double Work() const { return m_work; }
+    [[nodiscard]] std::unique_ptr<GK_NurbsCurve> Curve() const
+    {
+        return JoinPieces(m_pieces);
+    }
 
 private:
-    static std::size_t MostPieces(double costOfPiece);
-    [[nodiscard]] Piece Hermite(double t0, double t1) const;
-    [[nodiscard]] bool Fits(const Piece& piece) const;
-    [[nodiscard]] bool IsStraight() const;
-    [[nodiscard]] std::unique_ptr<GK_Curve> Polyline() const;
-    [[nodiscard]] std::unique_ptr<GK_Curve> Cubic() const;
+    ImageFit::Outcome Begin(const std::vector<double>& breaks);
+    ImageFit::Outcome Refine(const Part& whole);
+    void Measure(Part& part);
+    [[nodiscard]] double Allowed(const Part& part) const;
+    [[nodiscard]] double PiecesFor(const Part& part) const;
+    [[nodiscard]] bool Fits(const Part& part);
+    void Divide(const Part& part);
+    double Deviation(const HermitePiece& piece, double fraction);
+    void Count(int points) { m_work += m_cost * points; }
 
-    const SurfaceImage& m_image;
+    SurfaceImage& m_image;
     double m_tolerance;
-    int m_samples;
-    std::size_t m_most;
-    std::vector<Piece> m_pieces;
+    double m_cost;
+    double m_mostWork;
+    double m_work = 0.0;
+    std::size_t m_mostPieces = 0;
+    Box m_box;
+    std::vector<Part> m_parts; // still to do, the first at the end
+    std::vector<HermitePiece> m_pieces;
 };
 
-std::size_t Fit::MostPieces(double costOfPiece)
+ImageFit::Outcome Fit::Run(const GK_Interval& interval)
 {
-    constexpr double MostWork = 4e8;
-    constexpr double Most = 65536.0;
-    return static_cast<std::size_t>(std::min(Most, MostWork / costOfPiece));
-}
-
-bool Fit::Run(const GK_Interval& interval)
-{
-    const std::vector<double> breaks = m_image.Breaks(interval, m_most);
-    if (breaks.empty() || !IsFinite(m_image.PointAt(interval[0])) ||
-        !IsFinite(m_image.PointAt(interval[1])))
-        return false;
-    std::vector<GK_Interval> todo;
-    for (std::size_t i = breaks.size() - 1; i > 0; --i)
-        todo.emplace_back(breaks[i - 1], breaks[i]);
-    std::size_t tried = 0;
-    while (!todo.empty()) {
-        const GK_Interval part = todo.back();
-        todo.pop_back();
-        if (++tried > 2 * m_most)
-            return false;
-        const Piece piece = Hermite(part[0], part[1]);
-        if (Fits(piece)) {
-            m_pieces.push_back(piece);
-            continue;
-        }
-        const double middle = part.ParameterAt(0.5);
-        if (!(part[0] < middle && middle < part[1]) || m_pieces.size() + todo.size() >= m_most)
-            return false;
-        todo.emplace_back(middle, part[1]);
-        todo.emplace_back(part[0], middle);
+    constexpr std::size_t Most = 65536;
+    constexpr std::size_t ForAny = 16384;
+    constexpr std::size_t ForEachPart = 16;
+    constexpr double RelativeTolerance = 1e-4;
+    const double affordable = m_mostWork / m_cost;
+    const auto mostBreaks = static_cast<std::size_t>(std::min<double>(Most, affordable));
+    const std::vector<double> breaks = m_image.Breaks(interval, mostBreaks);
+    if (breaks.empty()) {
+        m_work = m_cost * static_cast<double>(mostBreaks);
+        return mostBreaks < Most ? ImageFit::TooMuchWork : ImageFit::TooManyPoints;
     }
-    return true;
+    m_mostPieces = std::min(Most, ForAny + ForEachPart * breaks.size());
+    if (const ImageFit::Outcome outcome = Begin(breaks); outcome != ImageFit::Made)
+        return outcome;
+    m_tolerance = std::min(m_tolerance, RelativeTolerance * m_box.Size());
+    std::vector<Part> wholes;
+    wholes.swap(m_parts);
+    double pieces = 0.0;
+    for (const Part& whole : wholes)
+        pieces += PiecesFor(whole);
+    if (!(pieces <= static_cast<double>(m_mostPieces)))
+        return ImageFit::TooManyPoints;
+    for (const Part& whole : wholes)
+        if (const ImageFit::Outcome outcome = Refine(whole); outcome != ImageFit::Made)
+            return outcome;
+    return ImageFit::Made;
 }
 
-Piece Fit::Hermite(double t0, double t1) const
+// One part from break to break each.
+ImageFit::Outcome Fit::Begin(const std::vector<double>& breaks)
 {
     constexpr double Inside = 1.0 / 64.0;
-    constexpr double Rounding = 64.0 * std::numeric_limits<double>::epsilon();
-    const double length = t1 - t0;
-    const GK_CurvePoint start = m_image.Evaluate(t0, t0 + Inside * length);
-    const GK_CurvePoint end = m_image.Evaluate(t1, t1 - Inside * length);
-    const GK_3dPoint first = m_image.PointAt(t0);
-    const GK_3dPoint last = m_image.PointAt(t1);
-    const double size = std::max({std::abs(first.x), std::abs(first.y), std::abs(first.z),
-                                  std::abs(last.x), std::abs(last.y), std::abs(last.z)});
-    return {t0,
-            t1,
-            std::max(m_tolerance, Rounding * size),
-            {first, first + length / 3.0 * start.derivative, last + -length / 3.0 * end.derivative,
-             last}};
+    m_parts.reserve(breaks.size());
+    for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
+        const double t0 = breaks[i];
+        const double t1 = breaks[i + 1];
+        const double near = Inside * (t1 - t0);
+        Part part{t0, t1, m_image.Evaluate(t0, t0 + near), m_image.Evaluate(t1, t1 - near),
+                  0.0, m_image.Rounding(0.5 * (t0 + t1)), 0};
+        Count(6);
+        m_box.Add(part.start.point);
+        Measure(part);
+        m_box.Add(part.end.point);
+        if (!IsFinite(part.start.point) || !IsFinite(part.end.point) || !std::isfinite(part.error))
+            return ImageFit::NotFinite;
+        if (m_work > m_mostWork)
+            return ImageFit::TooMuchWork;
+        m_parts.push_back(part);
+    }
+    return ImageFit::Made;
 }
 
-bool Fit::Fits(const Piece& piece) const
+double Fit::Deviation(const HermitePiece& piece, double fraction)
 {
-    // The image may stray a little farther between the samples than at them.
+    const double t = GK_Interval(piece.t0, piece.t1).ParameterAt(fraction);
+    const GK_3dPoint point = m_image.PointAt(t);
+    m_box.Add(point);
+    return piece.PointAt(fraction).DistanceTo(point);
+}
+
+void Fit::Measure(Part& part)
+{
+    const HermitePiece piece = part.Piece(m_tolerance);
+    part.error = std::max({Deviation(piece, 0.25), Deviation(piece, 0.5), Deviation(piece, 0.75)});
+    Count(3);
+}
+
+// How far the image may be from the piece where it is looked at: it may stray a little farther in
+// between.
+double Fit::Allowed(const Part& part) const
+{
     constexpr double Margin = 0.5;
-    for (int i = 0; i < m_samples; ++i) {
-        const double fraction = (i + 1.0) / (m_samples + 1.0);
-        const double t = GK_Interval(piece.t0, piece.t1).ParameterAt(fraction);
-        if (!(piece.PointAt(fraction).DistanceTo(m_image.PointAt(t)) <= Margin * piece.tolerance))
+    return Margin * std::max(m_tolerance, part.rounding);
+}
+
+// How many pieces of equal length a part takes: the error of a piece falls with the fourth power of
+// its length.
+double Fit::PiecesFor(const Part& part) const
+{
+    constexpr double Power = 0.25;
+    constexpr double Reserve = 1.05;
+    const double allowed = Allowed(part);
+    return part.error <= allowed ? 1.0 : std::ceil(Reserve * std::pow(part.error / allowed, Power));
+}
+
+ImageFit::Outcome Fit::Refine(const Part& whole)
+{
+    m_parts.push_back(whole);
+    while (!m_parts.empty()) {
+        const Part part = m_parts.back();
+        m_parts.pop_back();
+        if (Fits(part)) {
+            m_pieces.push_back(part.Piece(m_tolerance));
+            continue;
+        }
+        if (IsTooShort(part) || m_pieces.size() + m_parts.size() >= m_mostPieces)
+            return ImageFit::TooManyPoints;
+        if (m_work > m_mostWork)
+            return ImageFit::TooMuchWork;
+        Divide(part);
+    }
+    return ImageFit::Made;
+}
+
+bool Fit::Fits(const Part& part)
+{
+    const double allowed = Allowed(part);
+    if (!(part.error <= allowed))
+        return false;
+    // The error is a polynomial with double zeros at both ends. When three values tell all about
+    // what is left of it, they have been looked at; short parts need fewer than long ones.
+    constexpr int DegreeKnown = 6;
+    constexpr int DegreeOfFew = 9;
+    const int degree = m_image.Degree();
+    if (degree <= DegreeKnown)
+        return true;
+    const int steps = degree > DegreeOfFew && part.depth == 0 ? 16 : 8;
+    const HermitePiece piece = part.Piece(m_tolerance);
+    for (int i = 1; i < steps; ++i) {
+        if (i % (steps / 4) == 0)
+            continue;
+        Count(1);
+        if (!(Deviation(piece, static_cast<double>(i) / steps) <= allowed))
             return false;
     }
     return true;
 }
 
-// Rounding and changes of shape far below the tolerance.
-bool IsNegligible(double distance, const Piece& piece)
+// Puts the parts of a part in its place.
+void Fit::Divide(const Part& part)
 {
-    return distance <= 1e-3 * piece.tolerance;
-}
-
-bool Fit::IsStraight() const
-{
-    return std::all_of(m_pieces.begin(), m_pieces.end(), [](const Piece& piece) {
-        const GK_3dVector third = (1.0 / 3.0) * (piece.points[3] - piece.points[0]);
-        return IsNegligible(piece.points[1].DistanceTo(piece.points[0] + third), piece) &&
-               IsNegligible(piece.points[2].DistanceTo(piece.points[0] + 2.0 * third), piece);
-    });
-}
-
-void Append(GK_SimpleArray<double>& values, const GK_3dPoint& point)
-{
-    for (const double value : {point.x, point.y, point.z})
-        values.Append(value);
-}
-
-std::unique_ptr<GK_Curve> Fit::Polyline() const
-{
-    auto curve = std::make_unique<GK_NurbsCurve>();
-    curve->Create(3, false, 2, 0);
-    Append(curve->controlPoints, m_pieces.front().points[0]);
-    curve->knots.Append(m_pieces.front().t0);
-    for (const Piece& piece : m_pieces) {
-        Append(curve->controlPoints, piece.points[3]);
-        curve->knots.Append(piece.t1);
+    constexpr double Most = 16.0;
+    const int count = static_cast<int>(std::clamp(PiecesFor(part), 2.0, Most));
+    const GK_Interval interval(part.t0, part.t1);
+    const double near = (part.t1 - part.t0) / (64.0 * count);
+    Part next = part;
+    next.depth = part.depth + (count > 2 ? 2 : 1);
+    for (int i = count - 1; i >= 0; --i) {
+        next.t0 = i == 0 ? part.t0 : interval.ParameterAt(static_cast<double>(i) / count);
+        next.start = i == 0 ? part.start : m_image.Evaluate(next.t0, next.t0 + near);
+        Count(i == 0 ? 0 : 2);
+        Measure(next);
+        m_parts.push_back(next);
+        next.t1 = next.t0;
+        next.end = next.start;
     }
-    curve->controlPointCount = curve->knots.Count();
-    return curve;
-}
-
-std::unique_ptr<GK_Curve> Fit::Cubic() const
-{
-    constexpr int Degree = 3;
-    auto curve = std::make_unique<GK_NurbsCurve>();
-    curve->Create(3, false, Degree + 1, 0);
-    const auto addKnots = [&](double knot, int times) {
-        for (int i = 0; i < times; ++i)
-            curve->knots.Append(knot);
-    };
-    addKnots(m_pieces.front().t0, Degree);
-    Append(curve->controlPoints, m_pieces.front().points[0]);
-    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
-        const Piece& piece = m_pieces[i];
-        Append(curve->controlPoints, piece.points[1]);
-        Append(curve->controlPoints, piece.points[2]);
-        if (i + 1 == m_pieces.size())
-            break;
-        // Where the derivatives agree, a double knot says so, and the joint follows from its
-        // neighbours.
-        const Piece& next = m_pieces[i + 1];
-        const double share = (piece.t1 - piece.t0) / (next.t1 - piece.t0);
-        const GK_3dPoint joint = piece.points[2] + share * (next.points[1] - piece.points[2]);
-        const bool smooth = IsNegligible(joint.DistanceTo(piece.points[3]), piece);
-        addKnots(piece.t1, smooth ? Degree - 1 : Degree);
-        if (!smooth)
-            Append(curve->controlPoints, piece.points[3]);
-    }
-    addKnots(m_pieces.back().t1, Degree);
-    Append(curve->controlPoints, m_pieces.back().points[3]);
-    curve->controlPointCount = curve->controlPoints.Count() / 3;
-    return curve;
-}
-
-std::unique_ptr<GK_Curve> Fit::Curve() const
-{
-    return IsStraight() ? Polyline() : Cubic();
 }
 
 } // namespace
 
-std::unique_ptr<GK_Curve> FitImage(const SurfaceImage& image, const GK_Interval& interval,
-                                   double tolerance)
+ImageFit FitImage(SurfaceImage& image, const GK_Interval& interval, double tolerance,
+                  double mostWork)
 {
-    Fit fit(image, tolerance);
-    if (!fit.Run(interval))
-        return nullptr;
-    std::unique_ptr<GK_Curve> curve = fit.Curve();
-    return curve->IsValid() ? std::move(curve) : nullptr;
+    Fit fit(image, tolerance, mostWork);
+    ImageFit result;
+    result.outcome = fit.Run(interval);
+    result.work = fit.Work();
+    if (result.outcome != ImageFit::Made)
+        return result;
+    result.curve = fit.Curve();
+    if (result.curve->IsValid())
+        return result;
+    result.curve = nullptr;
+    result.outcome = ImageFit::NotFinite;
+    return result;
 }

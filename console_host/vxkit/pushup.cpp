@@ -1,12 +1,15 @@
+#include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_evaluation.h"
 #include "console_host/vxkit/curve_restriction.h"
 #include "console_host/vxkit/image_fit.h"
+#include "console_host/vxkit/pushup_allowance.h"
+#include "console_host/vxkit/pushup_memory.h"
 
 #include "host/geokit/curve_proxy.h"
 #include "host/vxkit/nurbs_surface.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdio>
 
 namespace {
 
@@ -18,20 +21,78 @@ const GK_NurbsCurve* UnderlyingCurve(const GK_Curve& curve)
     return GK_NurbsCurve::Cast(&curve);
 }
 
-bool LiesWithin(const GK_Interval& part, const GK_Interval& whole)
+bool IsSound(const GK_NurbsCurve* curve)
 {
-    // Files round their numbers, so ends that are meant to be equal may differ a little.
-    constexpr double RoundingOfFiles = 1e-6;
-    const double slack = RoundingOfFiles * whole.Length();
-    return part[0] >= whole[0] - slack && part[1] <= whole[1] + slack;
+    std::string reason = "it is no B-spline";
+    if (curve != nullptr && curve->IsValid(&reason)) {
+        if (curve->dimension == 2)
+            return true;
+        reason = "it does not lie in a parameter plane";
+    }
+    PushupAllowance::Current().Say(PushupAllowance::UnsoundCurve,
+                                   "A trim was left out, as its curve is not sound: " + reason +
+                                       ".");
+    return false;
+}
+
+void SayOutside(const GK_Interval& part, const GK_Interval& domain)
+{
+    char text[256];
+    std::snprintf(text, sizeof text,
+                  "A trim was left out, as it asks for the part from %.9g to %.9g of a curve that "
+                  "goes from %.9g to %.9g.",
+                  part[0], part[1], domain[0], domain[1]);
+    PushupAllowance::Current().Say(PushupAllowance::OutsideDomain, text);
+}
+
+void SayGivenUp(ImageFit::Outcome outcome)
+{
+    PushupAllowance& allowance = PushupAllowance::Current();
+    if (outcome == ImageFit::NotFinite)
+        allowance.Say(PushupAllowance::NotFinite,
+                      "A trim was left out, as the surface is not finite along its curve.");
+    else if (outcome == ImageFit::TooManyPoints)
+        allowance.Say(PushupAllowance::TooManyPoints,
+                      "A trim was left out, as its edge would take too many control points to stay "
+                      "within the tolerance.");
+    else
+        allowance.Say(PushupAllowance::UsedUp,
+                      "Trims were left out, as their edges would take more work in all than a file "
+                      "of this size may ask for.");
+}
+
+// Which directions of a closed surface a part of a curve leaves the domain in.
+std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory::Request& request)
+{
+    constexpr double Rounding = 1e-9;
+    const GK_NurbsCurve& curve = request.curve;
+    const int first = FindSpan(curve, request.interval[0]);
+    const int last = FindSpan(curve, request.interval[1]) + curve.order;
+    std::array<bool, 2> leaves{};
+    for (int i = first; i < last; ++i) {
+        const GK_3dPoint point = curve.ControlPoint(i);
+        for (const int direction : {0, 1}) {
+            const GK_Interval domain = surface.Domain(direction);
+            const double t = direction == 0 ? point.x : point.y;
+            const double slack = Rounding * domain.Length();
+            if (t < domain[0] - slack || t > domain[1] + slack)
+                leaves[static_cast<std::size_t>(direction)] = true;
+        }
+    }
+    if (!leaves[0] && !leaves[1])
+        return leaves;
+    const SurfaceClosure& closure =
+        PushupMemory::Of(surface).Closure(surface, request.tolerance);
+    return {leaves[0] && closure.closed[0], leaves[1] && closure.closed[1]};
 }
 
 // Along a line of constant u or v the image is a part of a curve of the surface, exactly. Null when
 // the curve is no such line.
-std::unique_ptr<GK_Curve> ExactImage(const GK_NurbsCurve& line, const GK_NurbsSurface& surface,
-                                     const GK_Interval& interval)
+std::unique_ptr<GK_NurbsCurve> ExactImage(const GK_NurbsSurface& surface,
+                                          const PushupMemory::Request& request)
 {
-    constexpr double MostWork = 1e8;
+    const GK_NurbsCurve& line = request.curve;
+    const GK_Interval& interval = request.interval;
     if (line.order != 2 || line.controlPointCount != 2 || line.rational)
         return nullptr;
     const GK_3dPoint from = line.PointAt(interval[0]);
@@ -43,14 +104,35 @@ std::unique_ptr<GK_Curve> ExactImage(const GK_NurbsCurve& line, const GK_NurbsSu
     const int direction = a.y == b.y ? 0 : 1;
     const double start = direction == 0 ? from.x : from.y;
     const double end = direction == 0 ? to.x : to.y;
-    const double order = surface.Order(direction);
-    if (start == end || order * order * surface.ControlPointCount(direction) > MostWork)
+    if (start == end)
         return nullptr;
     const auto whole = IsoCurveOver(surface, direction, direction == 0 ? a.y : a.x, {start, end});
     auto part = RestrictCurve(*whole, std::min(start, end), std::max(start, end));
+    PushupAllowance::Current().Spend(part->controlPointCount);
     if (start > end)
         part->Reverse();
     return part->SetDomain(interval[0], interval[1]) && part->IsValid() ? std::move(part) : nullptr;
+}
+
+// Null, and said, when it is given up; `final` is set unless another import could go farther.
+std::unique_ptr<GK_NurbsCurve> PushUp(const GK_NurbsSurface& surface,
+                                      const PushupMemory::Request& request, bool& final)
+{
+    constexpr double MostWorkOfOne = 4e6;
+    PushupAllowance& allowance = PushupAllowance::Current();
+    allowance.AddCall(request.curve);
+    final = allowance.Left() >= MostWorkOfOne;
+    const std::array<bool, 2> round = GoesRound(surface, request);
+    if (!round[0] && !round[1])
+        if (auto exact = ExactImage(surface, request))
+            return exact;
+    SurfaceImage image(request.curve, surface, round);
+    ImageFit fit = FitImage(image, request.interval, request.tolerance,
+                            std::min(MostWorkOfOne, allowance.Left()));
+    allowance.Spend(fit.work);
+    if (fit.curve == nullptr)
+        SayGivenUp(fit.outcome);
+    return std::move(fit.curve);
 }
 
 } // namespace
@@ -59,13 +141,22 @@ std::unique_ptr<GK_Curve> VX_NurbsSurface::Pushup(const GK_Curve& curve2d, doubl
                                                   const GK_Interval* subdomain) const
 {
     const GK_NurbsCurve* curve = UnderlyingCurve(curve2d);
-    if (curve == nullptr || curve->dimension != 2 || !curve->IsValid() || !IsValid())
+    if (!IsValid() || !IsSound(curve))
         return nullptr;
-    const GK_Interval part = subdomain != nullptr ? *subdomain : curve2d.Domain();
-    const GK_Interval interval(part.Min(), part.Max());
-    if (!interval.IsIncreasing() || !LiesWithin(interval, curve->Domain()))
+    const GK_Interval domain = curve->Domain();
+    const GK_Interval asked = subdomain != nullptr ? *subdomain : curve2d.Domain();
+    const GK_Interval part = CutToDomain({asked.Min(), asked.Max()}, domain);
+    if (!part.IsIncreasing() || !(part[0] >= domain[0] && part[1] <= domain[1])) {
+        SayOutside(asked, domain);
         return nullptr;
-    if (auto exact = ExactImage(*curve, *this, interval))
-        return exact;
-    return FitImage(SurfaceImage(*curve, *this), interval, tolerance);
+    }
+    const PushupMemory::Request request{*curve, part, tolerance};
+    PushupMemory& memory = PushupMemory::Of(*this);
+    if (auto known = memory.Find(request))
+        return std::move(*known);
+    bool final = true;
+    auto image = PushUp(*this, request, final);
+    if (image != nullptr || final)
+        memory.Add(request, image.get());
+    return image;
 }

@@ -6,122 +6,118 @@
 #include <cmath>
 #include <limits>
 
-GK_3dPoint SurfaceImage::PointAt(double t) const
+namespace {
+
+// The parameter lies inside a span, given as the knots where it begins and ends.
+bool IsInside(const double* span, double t)
 {
-    const GK_3dPoint uv = m_curve.PointAt(t);
-    return m_surface.PointAt(uv.x, uv.y);
+    return span[0] <= t && t < span[1];
+}
+
+double LargestCoordinate(const GK_3dPoint& point)
+{
+    return std::max({std::abs(point.x), std::abs(point.y), std::abs(point.z)});
+}
+
+} // namespace
+
+SurfaceImage::SurfaceImage(const GK_NurbsCurve& curve, const GK_NurbsSurface& surface,
+                           const std::array<bool, 2>& closed)
+    : m_curve(curve), m_surface(surface), m_lines{KnotLines(surface, 0, closed[0]),
+                                                  KnotLines(surface, 1, closed[1])}
+{
+}
+
+GK_3dPoint SurfaceImage::OnSurface(const GK_3dPoint& uv) const
+{
+    return {m_lines[0].OnSurface(uv.x), m_lines[1].OnSurface(uv.y), 0.0};
+}
+
+GK_3dPoint SurfaceImage::PointAt(double t)
+{
+    if (!IsInside(m_curve.knots.Array() + m_curveSpan + m_curve.Degree() - 1, t))
+        m_curveSpan = FindSpan(m_curve, t);
+    const GK_3dPoint uv = OnSurface(PointInSpan(m_curve, m_curveSpan, t));
+    const auto isInside = [&](int direction, int span, double parameter) {
+        const int before = m_surface.Degree(direction) - 1;
+        return IsInside(m_surface.Knots(direction).Array() + span + before, parameter);
+    };
+    if (!isInside(0, m_spans[0], uv.x) || !isInside(1, m_spans[1], uv.y))
+        m_spans = FindSpans(m_surface, uv.x, uv.y);
+    return PointInSpans(m_surface, m_spans, uv.x, uv.y);
 }
 
 GK_CurvePoint SurfaceImage::Evaluate(double t, double inside) const
 {
     const int span = FindSpan(m_curve, inside);
-    const GK_3dPoint near = EvaluateInSpan(m_curve, span, inside).point;
+    const GK_3dPoint near = PointInSpan(m_curve, span, inside);
+    const GK_3dPoint nearOnSurface = OnSurface(near);
     const GK_CurvePoint uv = EvaluateInSpan(m_curve, span, t);
     const GK_SurfacePoint image =
-        EvaluateInSpans(m_surface, FindSpans(m_surface, near.x, near.y), uv.point.x, uv.point.y);
+        EvaluateInSpans(m_surface, FindSpans(m_surface, nearOnSurface.x, nearOnSurface.y),
+                        uv.point.x - m_lines[0].Periods(near.x) * m_lines[0].Period(),
+                        uv.point.y - m_lines[1].Periods(near.y) * m_lines[1].Period());
     return {image.point, uv.derivative.x * image.du + uv.derivative.y * image.dv};
 }
 
-int SurfaceImage::Degree() const
+double SurfaceImage::Rounding(double t) const
 {
-    const std::int64_t degree =
-        std::int64_t{m_curve.Degree()} * (m_surface.Degree(0) + m_surface.Degree(1));
-    const bool rational = m_curve.rational || m_surface.IsRational();
-    constexpr std::int64_t Most = std::numeric_limits<int>::max();
-    return static_cast<int>(std::min(Most, rational ? 2 * degree : degree));
-}
-
-double SurfaceImage::Cost() const
-{
-    const double curve = m_curve.order;
-    const double u = m_surface.Order(0);
-    const double v = m_surface.Order(1);
-    return curve * curve + u * u + v * v + u * v;
+    constexpr double Units = 64.0 * std::numeric_limits<double>::epsilon();
+    const int curveSpan = FindSpan(m_curve, t);
+    double parameters = 0.0;
+    for (int i = 0; i < m_curve.order; ++i)
+        parameters = std::max(parameters, LargestCoordinate(m_curve.ControlPoint(curveSpan + i)));
+    const GK_3dPoint uv = OnSurface(PointInSpan(m_curve, curveSpan, t));
+    const std::array<int, 2> spans = FindSpans(m_surface, uv.x, uv.y);
+    double coordinates = 0.0;
+    for (int j = 0; j < m_surface.Order(1); ++j)
+        for (int i = 0; i < m_surface.Order(0); ++i)
+            coordinates = std::max(
+                coordinates, LargestCoordinate(m_surface.ControlPoint(spans[0] + i, spans[1] + j)));
+    const GK_SurfacePoint image = EvaluateInSpans(m_surface, spans, uv.x, uv.y);
+    return Units * (coordinates + parameters * (image.du.Length() + image.dv.Length()) / 16.0);
 }
 
 std::vector<double> SurfaceImage::Breaks(const GK_Interval& interval, std::size_t most) const
 {
-    std::vector<double> spans{interval[0]};
-    for (const double knot : m_curve.knots)
-        if (knot > spans.back() && knot < interval[1])
-            spans.push_back(knot);
-    spans.push_back(interval[1]);
-    std::vector<double> breaks = spans;
-    for (std::size_t i = 0; i + 1 < spans.size() && breaks.size() <= most; ++i)
-        AddCrossings({spans[i], spans[i + 1]}, most, breaks);
+    const double* spanEnds = m_curve.knots.Array() + m_curve.Degree();
+    const int last = m_curve.controlPointCount - m_curve.order;
+    std::vector<double> breaks{interval[0]};
+    double t = interval[0];
+    for (int span = FindSpan(m_curve, t); t < interval[1] && breaks.size() <= most;) {
+        while (span < last && spanEnds[span] <= t)
+            ++span;
+        const double end = span < last ? std::min(spanEnds[span], interval[1]) : interval[1];
+        for (const int direction : {0, 1})
+            FindCrossings(m_curve, span, {t, end}, direction,
+                          m_lines[static_cast<std::size_t>(direction)], most, breaks);
+        breaks.push_back(end);
+        t = end;
+    }
+    if (breaks.size() > most)
+        return {};
     std::sort(breaks.begin(), breaks.end());
-    // Crossings of u and v knots at one place differ by rounding.
+    // Crossings of u and v lines at one place differ by rounding.
     const double near = 1e-12 * interval.Length();
     std::vector<double> apart{interval[0]};
-    for (const double t : breaks)
-        if (t - apart.back() > near && interval[1] - t > near)
-            apart.push_back(t);
+    for (const double at : breaks)
+        if (at - apart.back() > near && interval[1] - at > near)
+            apart.push_back(at);
     apart.push_back(interval[1]);
-    if (breaks.size() > most)
-        apart.clear();
     return apart;
 }
 
-// Looks between points close enough that the curve is likely to go one way only between them.
-void SurfaceImage::AddCrossings(const GK_Interval& span, std::size_t most,
-                                std::vector<double>& breaks) const
+int SurfaceImage::Degree() const
 {
-    constexpr int MostSteps = 64;
-    const int steps = m_curve.Degree() == 1 ? 1 : std::min(2 * m_curve.Degree(), MostSteps);
-    for (int i = 0; i < steps; ++i) {
-        const double t0 = span.ParameterAt(static_cast<double>(i) / steps);
-        const double t1 = span.ParameterAt(static_cast<double>(i + 1) / steps);
-        for (const int direction : {0, 1})
-            AddCrossings(direction, t0, t1, most, breaks);
-    }
+    const int degree = m_curve.Degree() * (m_surface.Degree(0) + m_surface.Degree(1));
+    return m_curve.rational || m_surface.IsRational() ? 2 * degree : degree;
 }
 
-void SurfaceImage::AddCrossings(int direction, double t0, double t1, std::size_t most,
-                                std::vector<double>& breaks) const
+double SurfaceImage::Cost() const
 {
-    const double x0 = Parameter(direction, t0);
-    const double x1 = Parameter(direction, t1);
-    const GK_SimpleArray<double>& knots = m_surface.Knots(direction);
-    const double low = std::min(x0, x1);
-    const double high = std::max(x0, x1);
-    const double* knot = std::lower_bound(knots.begin(), knots.end(), low);
-    while (knot != knots.end() && *knot <= high && breaks.size() <= most) {
-        if (low < high)
-            breaks.push_back(FindCrossing(direction, t0, t1, *knot));
-        knot = std::upper_bound(knot, knots.end(), *knot);
-    }
-}
-
-double SurfaceImage::Parameter(int direction, double t) const
-{
-    const GK_3dPoint uv = m_curve.PointAt(t);
-    return direction == 0 ? uv.x : uv.y;
-}
-
-// Where the curve meets a knot that lies between its values at t0 and t1: the false-position method
-// with the Illinois rule (M. Dowell and P. Jarratt, 1971).
-double SurfaceImage::FindCrossing(int direction, double t0, double t1, double knot) const
-{
-    constexpr int MostSteps = 60;
-    double f0 = Parameter(direction, t0) - knot;
-    double f1 = Parameter(direction, t1) - knot;
-    const double enough = 4.0 * std::numeric_limits<double>::epsilon() *
-                          (std::abs(knot) + std::max(std::abs(f0), std::abs(f1)));
-    for (int step = 0; step < MostSteps; ++step) {
-        if (std::abs(f0) <= enough)
-            return t0;
-        if (std::abs(f1) <= enough)
-            return t1;
-        const double t = t1 - f1 * ((t1 - t0) / (f1 - f0));
-        const double f = Parameter(direction, t) - knot;
-        if ((f > 0.0) != (f1 > 0.0)) {
-            t0 = t1;
-            f0 = f1;
-        } else {
-            f0 *= 0.5;
-        }
-        t1 = t;
-        f1 = f;
-    }
-    return t1;
+    constexpr double Usual = 64.0;
+    const double curve = m_curve.order;
+    const double u = m_surface.Order(0);
+    const double v = m_surface.Order(1);
+    return std::max(1.0, (curve * curve + u * u + v * v + u * v) / Usual);
 }

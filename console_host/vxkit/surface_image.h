@@ -1,43 +1,47 @@
 #pragma once
 
-#include "host/geokit/nurbs_curve.h"
-#include "host/geokit/nurbs_surface.h"
+#include "console_host/vxkit/knot_lines.h"
 
+#include <array>
 #include <vector>
 
-/// The image on a surface of a curve in its parameter plane; both are valid and outlive it.
+/// The image on a surface of a curve in its parameter plane; both are valid, stay as they are, and
+/// outlive it. Where the surface is closed, a curve that leaves the domain comes in again on the
+/// other side; elsewhere the first or last span goes on.
 class SurfaceImage
 {
 public:
-    SurfaceImage(const GK_NurbsCurve& curve, const GK_NurbsSurface& surface)
-        : m_curve(curve), m_surface(surface)
-    {
-    }
+    SurfaceImage(const GK_NurbsCurve& curve, const GK_NurbsSurface& surface,
+                 const std::array<bool, 2>& closed);
 
-    [[nodiscard]] GK_3dPoint PointAt(double t) const;
+    /// Fast for a parameter near the one before.
+    [[nodiscard]] GK_3dPoint PointAt(double t);
 
-    /// The point at `t` and the derivative that holds on the side where `inside`, close by, is: at
-    /// a kink there are two.
+    /// The point at `t` and the derivative that hold on the side where `inside`, close by, is: at
+    /// a kink there are two derivatives, at a seam with a gap two points.
     [[nodiscard]] GK_CurvePoint Evaluate(double t, double inside) const;
 
-    /// The parameters in the interval, both ends included, between which the image is smooth: where
-    /// the curve has knots and where it crosses knots of the surface. In order. Empty when there
-    /// are more than `most`.
+    /// Returns how far rounding moves the image at most about `t`: it grows with the largest
+    /// coordinates and parameters that take part there, however near the origin the image is.
+    [[nodiscard]] double Rounding(double t) const;
+
+    /// Returns the parameters in the interval, both ends included, between which the image is
+    /// smooth: where the curve has knots and where it crosses knot lines of the surface. In order.
+    /// Empty when there are more than `most`.
     [[nodiscard]] std::vector<double> Breaks(const GK_Interval& interval, std::size_t most) const;
 
     /// Degree of the image as a polynomial in the parameter, or a measure like it when rational.
     [[nodiscard]] int Degree() const;
 
-    /// Multiplications, about, for one point.
+    /// Returns how much work a point is, as a multiple of what it is at usual degrees.
     [[nodiscard]] double Cost() const;
 
 private:
-    void AddCrossings(const GK_Interval& span, std::size_t most, std::vector<double>& breaks) const;
-    void AddCrossings(int direction, double t0, double t1, std::size_t most,
-                      std::vector<double>& breaks) const;
-    [[nodiscard]] double Parameter(int direction, double t) const;
-    [[nodiscard]] double FindCrossing(int direction, double t0, double t1, double knot) const;
+    [[nodiscard]] GK_3dPoint OnSurface(const GK_3dPoint& uv) const;
 
     const GK_NurbsCurve& m_curve;
     const GK_NurbsSurface& m_surface;
+    std::array<KnotLines, 2> m_lines;
+    int m_curveSpan = 0; // of the last point
+    std::array<int, 2> m_spans{};
 };

@@ -18,6 +18,9 @@ enum point_style
 
 } // namespace GK
 
+/// The highest order (degree + 1) of valid curves and surfaces.
+constexpr int GK_MOST_ORDER = 32;
+
 /// A point and the first derivative there. Curves of dimension 2 leave z at 0.
 struct GK_CurvePoint
 {

@@ -16,8 +16,10 @@ public:
     /// Points to another curve and takes on its domain.
     void SetProxyCurve(const GK_Curve* curve);
 
-    /// Chooses the part, in parameters of the other curve and in either direction.
-    void SetDomain(const GK_Interval& domain) { m_domain = domain; }
+    /// Chooses the part, in parameters of the other curve and in either direction. An end that
+    /// reaches beyond that curve's domain by less than a ten-thousandth of it, as rounded numbers
+    /// do, is moved to the domain's end.
+    void SetDomain(const GK_Interval& domain);
 
     [[nodiscard]] int Dimension() const override;
     [[nodiscard]] int Degree() const override;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/geokit/curve.h"
-#include "host/geokit/simple_array.h"
+#include "host/geokit/shared_array.h"
 
 #include <cstdint>
 
@@ -20,9 +20,10 @@ public:
     int controlPointStride = 0; ///< doubles per control point: the dimension, 1 more when rational
 
     /// The control points one after the other: coordinates (not multiplied by the weight), then
-    /// the weight when rational. Never set: GK_UNSET_VALUE.
-    GK_SimpleArray<double> controlPoints;
-    GK_SimpleArray<double> knots;
+    /// the weight when rational. Never set: GK_UNSET_VALUE. Copies of a curve share them, and the
+    /// knots, until one of the curves is changed.
+    GK_SharedArray<double> controlPoints;
+    GK_SharedArray<double> knots;
 
     /// Sets dimension, rational flag, order, count and stride, and makes the control points, all
     /// unset. Knots are removed. A negative count counts as 0. Throws std::bad_alloc when there is
@@ -54,8 +55,8 @@ public:
     [[nodiscard]] GK_CurvePoint Evaluate(double t) const override;
     void Reverse() override;
 
-    /// False for: a dimension other than 2 and 3, an order below 2, fewer control points than the
-    /// order, a wrong number of knots, a control point that was never set, a coordinate, weight or
+    /// False for: a dimension other than 2 and 3, an order below 2 or above
+    /// GK_MOST_ORDER, fewer control points than the order, a wrong number of knots, a control point that was never set, a coordinate, weight or
     /// knot that is not finite, a weight that is not positive, knots that decrease, an empty
     /// domain, a knot of multiplicity above the degree.
     [[nodiscard]] bool IsValid(std::string* reason) const override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/geokit/derived_data.h"
 #include "host/geokit/simple_array.h"
 #include "host/geokit/surface.h"
 
@@ -72,6 +73,10 @@ public:
     [[nodiscard]] std::unique_ptr<GK_NurbsCurve> IsoCurve(int direction,
                                                           double parameter) const override;
 
+    /// What was worked out from the surface; empty at first, after every change, and in a copy.
+    /// Calls that use it on one surface must not overlap.
+    [[nodiscard]] GK_DerivedDataSlot& DerivedData() const { return m_derivedData; }
+
     /// As GK_NurbsCurve::IsValid, in both directions.
     [[nodiscard]] bool IsValid(std::string* reason) const override;
     using GK_Surface::IsValid;
@@ -87,6 +92,8 @@ public:
 
 private:
     static std::size_t Index(int direction) { return direction == 0 ? 0 : 1; }
+    void Changes();
+    void KnotsChange(int direction);
     [[nodiscard]] bool Check(std::string* reason) const;
     [[nodiscard]] bool CheckKnotsOf(int direction, std::string* reason) const;
 
@@ -108,4 +115,5 @@ private:
     mutable Validity m_validity = Validity::Unknown;
     mutable std::array<Validity, 2> m_knotValidity{};
     mutable std::int64_t m_soundPoints = 0; ///< so many control points, from the first on
+    mutable GK_DerivedDataSlot m_derivedData;
 };

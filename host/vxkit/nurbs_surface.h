@@ -6,14 +6,21 @@
 class VX_NurbsSurface : public GK_NurbsSurface
 {
 public:
-    /// A 3D B-spline whose domain is the sub-domain (the curve's domain when null; a decreasing one
-    /// is taken over the same interval) and which at each parameter lies within `tolerance` of the
-    /// surface at the 2D curve's point there, or as close as double precision allows where that is
-    /// coarser. It has 200,000 control points at most.
+    /// Returns the image of a 2D curve: a 3D B-spline whose domain is the sub-domain (the curve's
+    /// domain when null; a decreasing one is taken over the same interval; an end that reaches
+    /// beyond the curve's domain by less than a ten-thousandth of it is moved to the domain's end).
+    /// At each parameter it lies within `tolerance`, and within a ten-thousandth of the image's
+    /// size where that is less, of the surface at the 2D curve's point there, or as close as double
+    /// precision allows where that is coarser. It has 200,000 control points at most. Where the
+    /// surface is closed, a 2D curve that leaves the domain comes in again on the other side.
     ///
-    /// Null when the 2D curve or the surface is not valid, the sub-domain is empty or reaches out
-    /// of the curve's domain by more than a millionth of its length, the image is not finite, or
-    /// the tolerance would take more control points or (degrees in the hundreds) too much work.
+    /// Null when the 2D curve or the surface is not valid, the sub-domain is empty or reaches
+    /// farther out of the curve's domain, the image is not finite, or staying within the tolerance
+    /// takes too much: for one curve, or for all curves of an import together. Then the reason goes
+    /// to GK_Error with the source "pushup", each once in an import.
+    ///
+    /// Equal calls are remembered until the surface changes: they cost little, and what they return
+    /// shares its storage. Calls on one surface must not overlap.
     [[nodiscard]] virtual std::unique_ptr<GK_Curve>
     Pushup(const GK_Curve& curve2d, double tolerance, const GK_Interval* subdomain) const;
 

@@ -72,7 +72,8 @@ private:
     CKelvoFileReadOptions m_options;
 };
 
-inline std::vector<double> Values(const GK_SimpleArray<double>& array)
+template <class Array>
+std::vector<double> Values(const Array& array)
 {
     return {array.begin(), array.end()};
 }

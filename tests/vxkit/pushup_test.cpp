@@ -91,7 +91,7 @@ TEST(Pushup, GivesNullForWhatIsNotSound)
     EXPECT_NE(plane->Pushup(line, 1e-3, &rounded), nullptr);
 
     GK_NurbsCurve knotless = line;
-    knotless.knots.Empty();
+    knotless.knots.Destroy();
     EXPECT_EQ(plane->Pushup(knotless, 1e-3, &whole), nullptr);
     EXPECT_EQ(plane->Pushup(MakeCurve(3, false, 2, {0, 0, 0, 1, 1, 1}, {0, 1}), 1e-3, &whole),
               nullptr);
