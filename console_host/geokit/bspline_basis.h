@@ -2,6 +2,7 @@
 
 #include "host/geokit/curve.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -18,7 +19,14 @@ class BasisValues
 public:
     /// `spanKnots` points to the 2 * `degree` knots that the span's functions depend on: those from
     /// the span's number on. The degree is 1 to GK_MOST_ORDER - 1.
-    BasisValues(const double* spanKnots, int degree, double t);
+    BasisValues(const double* spanKnots, int degree, double t)
+    {
+        if (SetAtFullKnot(spanKnots, degree, t))
+            return;
+        m_values[0] = 1.0;
+        for (int j = 1; j <= degree; ++j)
+            Raise(spanKnots, degree, j, t);
+    }
 
     /// For the control points from the span's number on, 0 to `degree`.
     [[nodiscard]] double operator[](int i) const { return m_values[At(i)]; }
@@ -27,8 +35,32 @@ private:
     friend class BasisFunctions;
     static std::size_t At(int i) { return static_cast<std::size_t>(i); }
     BasisValues() = default;
-    bool SetAtFullKnot(const double* spanKnots, int degree, double t);
-    void Raise(const double* spanKnots, int degree, int to, double t);
+
+    // At a knot of full multiplicity the curve meets a control point: no rounding.
+    bool SetAtFullKnot(const double* spanKnots, int degree, double t)
+    {
+        const bool atStart = t == spanKnots[0] && t == spanKnots[degree - 1];
+        const bool atEnd = t == spanKnots[degree] && t == spanKnots[2 * degree - 1];
+        if (!atStart && !atEnd)
+            return false;
+        std::fill_n(m_values.begin(), degree + 1, 0.0);
+        m_values[At(atStart ? 0 : degree)] = 1.0;
+        return true;
+    }
+
+    // From the functions of degree `to` - 1 to those of degree `to`.
+    void Raise(const double* spanKnots, int degree, int to, double t)
+    {
+        double saved = 0.0;
+        for (int r = 0; r < to; ++r) {
+            const double left = spanKnots[degree - to + r];
+            const double right = spanKnots[degree + r];
+            const double part = m_values[At(r)] / (right - left);
+            m_values[At(r)] = saved + (right - t) * part;
+            saved = (t - left) * part;
+        }
+        m_values[At(to)] = saved;
+    }
 
     std::array<double, GK_MOST_ORDER> m_values; // NOLINT(*-member-init): only the used are set
 };

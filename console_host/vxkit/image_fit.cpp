@@ -12,6 +12,15 @@ bool IsFinite(const GK_3dPoint& point)
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
+double Distance(const GK_3dPoint& a, const GK_3dPoint& b)
+{
+    constexpr double Smallest = 1e-280; // squares are exact enough between these
+    constexpr double Largest = 1e280;
+    const GK_3dVector step = b - a;
+    const double square = GK_DotProduct(step, step);
+    return square > Smallest && square < Largest ? std::sqrt(square) : step.Length();
+}
+
 // The box around the points of an image.
 class Box
 {
@@ -44,7 +53,8 @@ struct Part
     GK_CurvePoint end;
     double error; // at a quarter, a half and three quarters of the way
     double rounding;
-    int depth; // how often it was divided
+    int depth;    // how often it was divided
+    bool regular; // the error goes as that of a short piece does
 
     [[nodiscard]] HermitePiece Piece(double tolerance) const
     {
@@ -63,6 +73,9 @@ bool IsTooShort(const Part& part)
     constexpr double Finest = 1e-13;
     return part.t1 - part.t0 <= Finest * std::max(std::abs(part.t0), std::abs(part.t1));
 }
+
+constexpr int PointsToMeasure = 3;
+constexpr int PointsOfPart = 9; // from break to break, about
 
 class Fit
 {
@@ -108,12 +121,12 @@ ImageFit::Outcome Fit::Run(const GK_Interval& interval)
     constexpr std::size_t ForAny = 16384;
     constexpr std::size_t ForEachPart = 16;
     constexpr double RelativeTolerance = 1e-4;
-    const double affordable = m_mostWork / m_cost;
-    const auto mostBreaks = static_cast<std::size_t>(std::min<double>(Most, affordable));
-    const std::vector<double> breaks = m_image.Breaks(interval, mostBreaks);
+    const double affordable = std::max(0.0, m_mostWork / (m_cost * PointsOfPart));
+    const auto mostParts = static_cast<std::size_t>(std::min<double>(Most, affordable));
+    const std::vector<double> breaks = m_image.Breaks(interval, mostParts);
     if (breaks.empty()) {
-        m_work = m_cost * static_cast<double>(mostBreaks);
-        return mostBreaks < Most ? ImageFit::TooMuchWork : ImageFit::TooManyPoints;
+        m_work = m_cost * static_cast<double>(mostParts);
+        return mostParts < Most ? ImageFit::TooMuchWork : ImageFit::TooManyPoints;
     }
     m_mostPieces = std::min(Most, ForAny + ForEachPart * breaks.size());
     if (const ImageFit::Outcome outcome = Begin(breaks); outcome != ImageFit::Made)
@@ -142,8 +155,8 @@ ImageFit::Outcome Fit::Begin(const std::vector<double>& breaks)
         const double t1 = breaks[i + 1];
         const double near = Inside * (t1 - t0);
         Part part{t0, t1, m_image.Evaluate(t0, t0 + near), m_image.Evaluate(t1, t1 - near),
-                  0.0, m_image.Rounding(0.5 * (t0 + t1)), 0};
-        Count(6);
+                  0.0, m_image.Rounding(0.5 * (t0 + t1)), 0, false};
+        Count(PointsOfPart - PointsToMeasure);
         m_box.Add(part.start.point);
         Measure(part);
         m_box.Add(part.end.point);
@@ -161,14 +174,22 @@ double Fit::Deviation(const HermitePiece& piece, double fraction)
     const double t = GK_Interval(piece.t0, piece.t1).ParameterAt(fraction);
     const GK_3dPoint point = m_image.PointAt(t);
     m_box.Add(point);
-    return piece.PointAt(fraction).DistanceTo(point);
+    return Distance(piece.PointAt(fraction), point);
 }
 
 void Fit::Measure(Part& part)
 {
     const HermitePiece piece = part.Piece(m_tolerance);
-    part.error = std::max({Deviation(piece, 0.25), Deviation(piece, 0.5), Deviation(piece, 0.75)});
-    Count(3);
+    const double first = Deviation(piece, 0.25);
+    const double middle = Deviation(piece, 0.5);
+    const double last = Deviation(piece, 0.75);
+    part.error = std::max({first, middle, last});
+    // With the length, all of the error goes but what is proportional to s * s * (1 - s) * (1 - s).
+    constexpr double ShareAtQuarter = 0.5625;
+    constexpr double Slack = 0.2;
+    part.regular = std::abs(first - ShareAtQuarter * middle) <= Slack * middle &&
+                   std::abs(last - ShareAtQuarter * middle) <= Slack * middle;
+    Count(PointsToMeasure);
 }
 
 // How far the image may be from the piece where it is looked at: it may stray a little farther in
@@ -213,12 +234,12 @@ bool Fit::Fits(const Part& part)
     const double allowed = Allowed(part);
     if (!(part.error <= allowed))
         return false;
-    // The error is a polynomial with double zeros at both ends. When three values tell all about
-    // what is left of it, they have been looked at; short parts need fewer than long ones.
+    // The error is a polynomial with double zeros at both ends. Three values have been looked at:
+    // enough when they tell all about what is left of it. Short parts need fewer than long ones.
     constexpr int DegreeKnown = 6;
     constexpr int DegreeOfFew = 9;
     const int degree = m_image.Degree();
-    if (degree <= DegreeKnown)
+    if (degree <= DegreeKnown || (part.depth > 0 && part.regular))
         return true;
     const int steps = degree > DegreeOfFew && part.depth == 0 ? 16 : 8;
     const HermitePiece piece = part.Piece(m_tolerance);

@@ -61,16 +61,28 @@ void SayGivenUp(ImageFit::Outcome outcome)
                       "of this size may ask for.");
 }
 
-// Which directions of a closed surface a part of a curve leaves the domain in.
-std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory::Request& request)
+// The control points that a part of a curve depends on.
+struct Run
 {
-    constexpr double Rounding = 1e-9;
+    int first;
+    int count;
+};
+
+Run ControlPointsOf(const PushupMemory::Request& request)
+{
     const GK_NurbsCurve& curve = request.curve;
     const int first = FindSpan(curve, request.interval[0]);
-    const int last = FindSpan(curve, request.interval[1]) + curve.order;
+    return {first, FindSpan(curve, request.interval[1]) + curve.order - first};
+}
+
+// Which directions of a closed surface a part of a curve leaves the domain in.
+std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory::Request& request,
+                              const Run& run)
+{
+    constexpr double Rounding = 1e-9;
     std::array<bool, 2> leaves{};
-    for (int i = first; i < last; ++i) {
-        const GK_3dPoint point = curve.ControlPoint(i);
+    for (int i = 0; i < run.count; ++i) {
+        const GK_3dPoint point = request.curve.ControlPoint(run.first + i);
         for (const int direction : {0, 1}) {
             const GK_Interval domain = surface.Domain(direction);
             const double t = direction == 0 ? point.x : point.y;
@@ -114,25 +126,26 @@ std::unique_ptr<GK_NurbsCurve> ExactImage(const GK_NurbsSurface& surface,
     return part->SetDomain(interval[0], interval[1]) && part->IsValid() ? std::move(part) : nullptr;
 }
 
-// Null, and said, when it is given up; `final` is set unless another import could go farther.
-std::unique_ptr<GK_NurbsCurve> PushUp(const GK_NurbsSurface& surface,
-                                      const PushupMemory::Request& request, bool& final)
+// Null, and said, when it is given up.
+ImageFit PushUp(const GK_NurbsSurface& surface, const PushupMemory::Request& request)
 {
-    constexpr double MostWorkOfOne = 4e6;
     PushupAllowance& allowance = PushupAllowance::Current();
     allowance.AddCall(request.curve);
-    final = allowance.Left() >= MostWorkOfOne;
-    const std::array<bool, 2> round = GoesRound(surface, request);
+    const Run run = ControlPointsOf(request);
+    if (run.count > allowance.Left()) {
+        SayGivenUp(ImageFit::TooMuchWork);
+        return {ImageFit::TooMuchWork, nullptr};
+    }
+    const std::array<bool, 2> round = GoesRound(surface, request, run);
     if (!round[0] && !round[1])
         if (auto exact = ExactImage(surface, request))
-            return exact;
+            return {ImageFit::Made, std::move(exact)};
     SurfaceImage image(request.curve, surface, round);
-    ImageFit fit = FitImage(image, request.interval, request.tolerance,
-                            std::min(MostWorkOfOne, allowance.Left()));
+    ImageFit fit = FitImage(image, request.interval, request.tolerance, allowance.Left());
     allowance.Spend(fit.work);
     if (fit.curve == nullptr)
         SayGivenUp(fit.outcome);
-    return std::move(fit.curve);
+    return fit;
 }
 
 } // namespace
@@ -154,9 +167,8 @@ std::unique_ptr<GK_Curve> VX_NurbsSurface::Pushup(const GK_Curve& curve2d, doubl
     PushupMemory& memory = PushupMemory::Of(*this);
     if (auto known = memory.Find(request))
         return std::move(*known);
-    bool final = true;
-    auto image = PushUp(*this, request, final);
-    if (image != nullptr || final)
-        memory.Add(request, image.get());
-    return image;
+    ImageFit image = PushUp(*this, request);
+    if (image.outcome != ImageFit::TooMuchWork) // another import may go farther
+        memory.Add(request, image.curve.get());
+    return std::move(image.curve);
 }

@@ -2,6 +2,8 @@
 
 #include "host/geokit/error.h"
 
+#include <utility>
+
 PushupAllowance& PushupAllowance::Current()
 {
     static PushupAllowance allowance;
@@ -15,8 +17,8 @@ void PushupAllowance::Restart()
 
 void PushupAllowance::AddCall(const GK_NurbsCurve& curve)
 {
-    constexpr double ForEachCall = 2000.0; // about 500 control points
-    constexpr double ForEachPoint = 100.0; // of a curve that the file brings
+    constexpr double ForEachCall = 2500.0; // about 1,000 control points
+    constexpr double ForEachPoint = 200.0; // of a curve that the file brings
     m_left += ForEachCall;
     if (m_seen.try_emplace(curve.controlPoints.Identity(), curve.controlPoints).second)
         m_left += ForEachPoint * curve.controlPointCount;

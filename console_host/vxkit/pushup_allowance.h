@@ -41,7 +41,7 @@ public:
     void Say(Cause cause, const std::string& text);
 
 private:
-    static constexpr double ForAnyImport = 8e6;
+    static constexpr double ForAnyImport = 1e7;
 
     double m_left = ForAnyImport;
     std::array<bool, CauseCount> m_said{};
