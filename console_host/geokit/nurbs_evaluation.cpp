@@ -14,8 +14,7 @@ int FindSpanAlong(const GK_NurbsSurface& surface, int direction, double t)
 
 // Sets control point `i` of a curve to the sum of the control points `values(0)` and on.
 template <class Values>
-void SetSum(GK_NurbsCurve& curve, int i, const BasisValues& basis, int order,
-            const Values& values)
+void SetSum(GK_NurbsCurve& curve, int i, const BasisValues& basis, int order, const Values& values)
 {
     WeightedSum sum;
     for (int j = 0; j < order; ++j) {

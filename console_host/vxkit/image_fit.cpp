@@ -88,10 +88,7 @@ public:
 
     ImageFit::Outcome Run(const GK_Interval& interval);
     [[nodiscard]] double Work() const { return m_work; }
-    [[nodiscard]] std::unique_ptr<GK_NurbsCurve> Curve() const
-    {
-        return JoinPieces(m_pieces);
-    }
+    [[nodiscard]] std::unique_ptr<GK_NurbsCurve> Curve() const { return JoinPieces(m_pieces); }
 
 private:
     ImageFit::Outcome Begin(const std::vector<double>& breaks);
@@ -154,8 +151,14 @@ ImageFit::Outcome Fit::Begin(const std::vector<double>& breaks)
         const double t0 = breaks[i];
         const double t1 = breaks[i + 1];
         const double near = Inside * (t1 - t0);
-        Part part{t0, t1, m_image.Evaluate(t0, t0 + near), m_image.Evaluate(t1, t1 - near),
-                  0.0, m_image.Rounding(0.5 * (t0 + t1)), 0, false};
+        Part part{t0,
+                  t1,
+                  m_image.Evaluate(t0, t0 + near),
+                  m_image.Evaluate(t1, t1 - near),
+                  0.0,
+                  m_image.Rounding(0.5 * (t0 + t1)),
+                  0,
+                  false};
         Count(PointsOfPart - PointsToMeasure);
         m_box.Add(part.start.point);
         Measure(part);

@@ -213,8 +213,8 @@ void FindCrossings(const GK_NurbsCurve& curve, int span, const GK_Interval& part
                    const KnotLines& lines, std::size_t most, std::vector<double>& crossings)
 {
     // The span lies between the lowest and the highest of its control points.
-    const double* values = curve.controlPoints.Array() + direction +
-                           std::int64_t{span} * curve.controlPointStride;
+    const double* values =
+        curve.controlPoints.Array() + direction + std::int64_t{span} * curve.controlPointStride;
     double low = *values;
     double high = low;
     for (int i = 1; i < curve.order; ++i) {

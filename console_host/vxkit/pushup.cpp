@@ -93,8 +93,7 @@ std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory
     }
     if (!leaves[0] && !leaves[1])
         return leaves;
-    const SurfaceClosure& closure =
-        PushupMemory::Of(surface).Closure(surface, request.tolerance);
+    const SurfaceClosure& closure = PushupMemory::Of(surface).Closure(surface, request.tolerance);
     return {leaves[0] && closure.closed[0], leaves[1] && closure.closed[1]};
 }
 

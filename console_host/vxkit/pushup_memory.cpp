@@ -73,9 +73,8 @@ void PushupMemory::Add(const Request& request, const GK_NurbsCurve* result)
 
 const SurfaceClosure& PushupMemory::Closure(const GK_NurbsSurface& surface, double tolerance)
 {
-    const auto found = std::find_if(m_closures.begin(), m_closures.end(), [&](const auto& known) {
-        return known.first == tolerance;
-    });
+    const auto found = std::find_if(m_closures.begin(), m_closures.end(),
+                                    [&](const auto& known) { return known.first == tolerance; });
     if (found != m_closures.end())
         return found->second;
     return m_closures.emplace_back(tolerance, ClosureOf(surface, tolerance)).second;

@@ -84,7 +84,8 @@ std::vector<double> SurfaceImage::Breaks(const GK_Interval& interval, std::size_
     const int last = m_curve.controlPointCount - m_curve.order;
     const auto* knot = std::upper_bound(m_curve.knots.begin(), m_curve.knots.end(), interval[0]);
     const auto* lastKnot = std::lower_bound(knot, m_curve.knots.end(), interval[1]);
-    if (static_cast<std::size_t>(lastKnot - knot) > most * static_cast<std::size_t>(m_curve.Degree()))
+    if (static_cast<std::size_t>(lastKnot - knot) >
+        most * static_cast<std::size_t>(m_curve.Degree()))
         return {};
     std::vector<double> breaks{interval[0]};
     double t = interval[0];

@@ -56,9 +56,9 @@ public:
     void Reverse() override;
 
     /// False for: a dimension other than 2 and 3, an order below 2 or above
-    /// GK_MOST_ORDER, fewer control points than the order, a wrong number of knots, a control point that was never set, a coordinate, weight or
-    /// knot that is not finite, a weight that is not positive, knots that decrease, an empty
-    /// domain, a knot of multiplicity above the degree.
+    /// GK_MOST_ORDER, fewer control points than the order, a wrong number of knots, a control point
+    /// that was never set, a coordinate, weight or knot that is not finite, a weight that is not
+    /// positive, knots that decrease, an empty domain, a knot of multiplicity above the degree.
     [[nodiscard]] bool IsValid(std::string* reason) const override;
     using GK_Curve::IsValid;
 

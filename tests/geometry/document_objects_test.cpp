@@ -117,6 +117,23 @@ TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)
     }
 }
 
+// The order of a record's objects does not depend on the order of the file.
+TEST_F(DocumentObjects, KindsOfARecordKeepTheirOrder)
+{
+    const Texts statements = {"p 1\n", "p 1 2\n", "f 1 2 3\n",
+                              "cstype bezier\ndeg 1\ncurv 0 1 1 2\nparm u 0 1\n",
+                              "cstype bezier\ndeg 1 1\nsurf 0 1 0 1 1 2 3 1\nparm u 0 1\n"
+                              "parm v 0 1\n"};
+    for (std::vector<int> order : {std::vector{0, 1, 2, 3, 4}, {4, 3, 2, 1, 0}, {0, 3, 1, 4, 2}}) {
+        doc = std::make_unique<ConsoleDoc>(0.001);
+        std::string text = Positions;
+        for (const int i : order)
+            text += statements[static_cast<std::size_t>(i)];
+        EXPECT_TRUE(Import(text, {}));
+        EXPECT_EQ(Kinds(), (Texts{"mesh", "curve", "point", "cloud", "brep"}));
+    }
+}
+
 TEST_F(DocumentObjects, ACurveGoesWithTheObjectForWhichThereIsNoMemory)
 {
     int curvesLost = 0;

@@ -170,10 +170,9 @@ TEST(FreeformCurves, BecomeObjectsOrAreRefusedWithTheReason)
     ASSERT_EQ(file.doc.ObjectCount(), 2);
     const auto* curve = GK_NurbsCurve::Cast(&file.Object<GK_Curve>(1));
     EXPECT_THAT(Values(curve->controlPoints), ElementsAre(0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0));
-    const std::string tooFew = "curve: the curve has 4 control points; degree 2000000000 needs at "
-                               "least 2000000001\n";
+    const std::string tooHigh = "curve: the curve has order 2000000001; at most 32 is supported\n";
     EXPECT_EQ(FreeformReader::Refused(),
-              "curve: the curve has no knots\n" + tooFew + tooFew +
+              "curve: the curve has no knots\n" + tooHigh + tooHigh +
                   "curve: the curve's knots decrease, from 1 to 0\n"
                   "curve: the curve has a knot that is not finite\n"
                   "curve: the curve's control point 2 has weight -1; it must be positive\n"
@@ -195,6 +194,7 @@ TEST(FreeformCurves, ReasonsSayWhatStandsInTheFile)
         {"curv 0 1", "the curve has 0 control points; degree 3 needs at least 4"},
         {"cstype bezier\ncurv 0 1 1 2 3 4\n" + values,
          "the curve has 1200 knots where 6 are needed"},
+        {"deg 40\ncurv 0 1 1 2 3 4\n", "the curve has order 41; at most 32 is supported"},
         {"deg -4\ncurv 0 1 1 2\n", "the curve has degree -4; at least 1 is needed"},
     };
     for (const Case& c : cases) {

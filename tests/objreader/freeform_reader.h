@@ -12,7 +12,7 @@
 class FreeformReader
 {
 public:
-    explicit FreeformReader(const std::string& text)
+    explicit FreeformReader(const std::string& text, double tolerance = 0.001) : doc{tolerance}
     {
         ConsoleApp::Instance().SetPrintStream(nullptr);
         ConsoleApp::Instance().TakeJournal();
@@ -60,7 +60,7 @@ public:
         return text;
     }
 
-    ConsoleDoc doc{0.001};
+    ConsoleDoc doc;
     std::unique_ptr<CReadOBJ> reader;
     bool parsed = false;
 
