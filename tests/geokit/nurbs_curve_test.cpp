@@ -1,8 +1,10 @@
 #include "nurbs_shapes.h"
 
+#include "host/geokit/curve_proxy.h"
 #include "host/geokit/nurbs_curve.h"
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numeric>
@@ -120,6 +122,83 @@ TEST(NurbsCurve, SaysWhatIsUnsound)
         std::string reason;
         EXPECT_EQ(curve.IsValid(&reason), *c.reason == '\0') << c.reason;
         EXPECT_EQ(reason, c.reason);
+    }
+}
+
+// A copy may be known to be sound from its original; what is changed is looked at again.
+TEST(NurbsCurve, IsValidNoticesEveryChange)
+{
+    const GK_NurbsCurve sound = MakeCurve(2, false, 3, {0, 0, 1, 1, 2, 0, 3, 1}, {0, 0, 1, 2, 2});
+    ASSERT_TRUE(sound.IsValid());
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double bad[] = {nan, 0};
+    const std::function<void(GK_NurbsCurve&)> changes[] = {
+        [&](GK_NurbsCurve& curve) { curve.SetCV(2, GK::not_rational, bad); },
+        [&](GK_NurbsCurve& curve) { curve.controlPoints[0] = nan; },
+        [&](GK_NurbsCurve& curve) { curve.controlPoints = {0, 0, nan, 1, 2, 0, 3, 1}; },
+        [&](GK_NurbsCurve& curve) { curve.SetKnot(1, 5); },
+        [&](GK_NurbsCurve& curve) { curve.knots.Append(2); },
+        [](GK_NurbsCurve& curve) { curve.order = 4; },
+        [](GK_NurbsCurve& curve) { curve.controlPointCount = 5; },
+        [](GK_NurbsCurve& curve) { curve.dimension = curve.controlPointStride = 3; },
+        [](GK_NurbsCurve& curve) {
+            curve.rational = true;
+            curve.controlPointStride = 3;
+        },
+    };
+    for (const auto& change : changes) {
+        GK_NurbsCurve curve = sound;
+        EXPECT_TRUE(curve.IsValid());
+        change(curve);
+        EXPECT_FALSE(curve.IsValid()) << &change - changes;
+        EXPECT_TRUE(sound.IsValid());
+    }
+}
+
+TEST(NurbsCurve, OrdersGoUpToThirtyTwo)
+{
+    for (const int order : {32, 33, 2000}) {
+        std::vector<double> points;
+        for (int i = 0; i < order; ++i)
+            points.insert(points.end(), {1.0 * i, 0.0});
+        std::vector<double> knots(static_cast<std::size_t>(order) - 1, 0.0);
+        knots.resize(2 * knots.size(), 1.0);
+        const GK_NurbsCurve curve = MakeCurve(2, false, order, points, knots);
+        const auto surface =
+            MakeSurface(false, 2, order, std::vector<double>(6 * points.size()), {0, 1}, knots);
+        std::string reason;
+        std::string surfaceReason;
+        EXPECT_EQ(curve.IsValid(&reason), order <= 32);
+        EXPECT_EQ(surface->IsValid(&surfaceReason), order <= 32);
+        if (order > 32) {
+            const std::string text = " has order " + std::to_string(order);
+            EXPECT_EQ(reason, "the curve" + text + "; at most 32 is supported");
+            EXPECT_EQ(surfaceReason, "the surface" + text + " in v; at most 32 is supported");
+        } else {
+            EXPECT_NEAR(curve.PointAt(0.3).x, 0.3 * 31, 1e-12);
+        }
+        EXPECT_EQ(curve.PointAt(2.0).y, 0.0); // even what is not sound does no harm
+    }
+}
+
+TEST(NurbsCurve, ProxiesCutWhatRoundingPutsOutside)
+{
+    const GK_NurbsCurve line = MakeCurve(2, false, 2, {0, 0, 2, 0}, {1, 3});
+    const struct
+    {
+        GK_Interval asked;
+        GK_Interval taken;
+        bool valid;
+    } cases[] = {
+        {{1, 3.0001}, {1, 3}, true},       {{3.0001, 0.9999}, {3, 1}, true},
+        {{1.5, 2}, {1.5, 2}, true},        {{1, 3.0003}, {1, 3.0003}, false},
+        {{0.9997, 3}, {0.9997, 3}, false},
+    };
+    for (const auto& [asked, taken, valid] : cases) {
+        GK_CurveProxy proxy(&line);
+        proxy.SetDomain(asked);
+        EXPECT_EQ(proxy.Domain(), taken);
+        EXPECT_EQ(proxy.IsValid(), valid);
     }
 }
 
