@@ -47,7 +47,7 @@ bool PushupMemory::Key::operator==(const Key& other) const
 // Addresses, which no file can foresee, come first.
 std::size_t PushupMemory::Hash::operator()(const Key& key) const
 {
-    std::uint64_t bits = reinterpret_cast<std::uintptr_t>(key.controlPoints.Identity());
+    std::uint64_t bits = Mix(reinterpret_cast<std::uintptr_t>(key.controlPoints.Identity()));
     bits = Mix(bits ^ reinterpret_cast<std::uintptr_t>(key.knots.Identity()));
     for (const double value : {key.interval[0], key.interval[1], key.tolerance})
         bits = Mix(bits ^ Bits(value));
