@@ -17,7 +17,8 @@ namespace {
 // ends.
 struct Knots
 {
-    explicit Knots(const GK_SimpleArray<double>& knots)
+    template <class Array>
+    explicit Knots(const Array& knots)
     {
         for (const double knot : knots) {
             if (values.empty() || values.back() != knot) {

@@ -23,7 +23,8 @@ constexpr std::array<Node, 5> Gauss5{{{0.046910077030668004, 0.11846344252809454
                                       {0.769234655052841546, 0.239314335249683234},
                                       {0.953089922969331996, 0.118463442528094544}}};
 
-std::vector<double> Breaks(const GK_SimpleArray<double>& knots, double low, double high)
+template <class Knots>
+std::vector<double> Breaks(const Knots& knots, double low, double high)
 {
     std::vector<double> breaks{low};
     for (const double knot : knots)
