@@ -135,7 +135,7 @@ TEST(LoopFamilies, EachSpanOfALongCurveAsAPiece)
 
 TEST(LoopFamilies, IntervalsBeyondKnotsThatLostADigit)
 {
-    for (const double end : {0.99999, 0.999999, 1.000009}) {
+    for (const double end : {0.99999, 0.999999, 1.0000009}) {
         Pieces loop = PolygonOf(Frame);
         for (TrimPiece& piece : loop)
             piece.knots = {0, 0, end, end};
