@@ -15,11 +15,15 @@ struct SidePart
 
 using LoopStep = std::variant<LoopPiece, SidePart>;
 
+/// Parameters along seams, by the direction across.
+using SeamPlaces = std::array<std::vector<double>, 2>;
+
 /// A loop that was given, within the domain and with the face on its left.
 struct DomainLoop
 {
     std::vector<DomainPiece> pieces;
-    int number = 0; ///< of the loop in the brep, from 1
+    SeamPlaces seamEnds; ///< where pieces along seams that were taken out begin and end
+    int number = 0;      ///< of the loop in the brep, from 1
     GK_BrepLoop::TYPE type = GK_BrepLoop::unknown;
 };
 

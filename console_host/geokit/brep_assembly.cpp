@@ -12,7 +12,7 @@ namespace {
 class SeamBreaks
 {
 public:
-    SeamBreaks(const std::vector<FaceBounds>& faces, const ParameterPlane& plane);
+    SeamBreaks(const BoundedFaces& bounded, const ParameterPlane& plane);
 
     // The parts of a part of a side between breaks, in its direction.
     [[nodiscard]] std::vector<SidePart> Split(const SidePart& part) const;
@@ -20,12 +20,13 @@ public:
 private:
     [[nodiscard]] double Snapped(std::size_t direction, double value) const;
 
-    std::array<std::vector<double>, 2> m_breaks; // by the direction across
+    SeamPlaces m_breaks;
 };
 
-SeamBreaks::SeamBreaks(const std::vector<FaceBounds>& faces, const ParameterPlane& plane)
+SeamBreaks::SeamBreaks(const BoundedFaces& bounded, const ParameterPlane& plane)
+    : m_breaks(bounded.seamBreaks)
 {
-    for (const FaceBounds& face : faces)
+    for (const FaceBounds& face : bounded.faces)
         for (const FaceBounds::Loop& loop : face.loops)
             for (const LoopStep& step : loop.steps)
                 if (const auto* part = std::get_if<SidePart>(&step)) {
@@ -68,9 +69,9 @@ std::vector<SidePart> SeamBreaks::Split(const SidePart& part) const
 class TrimMaker
 {
 public:
-    TrimMaker(GK_Brep& brep, const ParameterPlane& plane, const std::vector<FaceBounds>& faces,
+    TrimMaker(GK_Brep& brep, const ParameterPlane& plane, const BoundedFaces& bounded,
               std::map<int, int>& edges)
-        : m_brep(brep), m_plane(plane), m_breaks(faces, plane), m_edges(edges)
+        : m_brep(brep), m_plane(plane), m_breaks(bounded, plane), m_edges(edges)
     {
     }
 
@@ -201,11 +202,10 @@ BrepAssembly::BrepAssembly(GK_Brep& brep) : m_brep(brep)
     brep.RemoveFaces();
 }
 
-void BrepAssembly::Add(int surfaceIndex, const ParameterPlane& plane,
-                       const std::vector<FaceBounds>& faces)
+void BrepAssembly::Add(int surfaceIndex, const ParameterPlane& plane, const BoundedFaces& bounded)
 {
-    TrimMaker trims(m_brep, plane, faces, m_edges);
-    for (const FaceBounds& bounds : faces) {
+    TrimMaker trims(m_brep, plane, bounded, m_edges);
+    for (const FaceBounds& bounds : bounded.faces) {
         const int face = m_brep.NewFace(surfaceIndex).faceIndex;
         for (const FaceBounds::Loop& given : bounds.loops) {
             const int loop = m_brep.NewLoop(given.type, m_brep.Face(face)).loopIndex;

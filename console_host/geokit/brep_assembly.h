@@ -13,7 +13,7 @@ public:
 
     /// Adds faces on a surface of the brep, whose parameter plane is `plane`. Along seams the faces
     /// share edges. Trims do not share vertices yet, but with their edge.
-    void Add(int surfaceIndex, const ParameterPlane& plane, const std::vector<FaceBounds>& faces);
+    void Add(int surfaceIndex, const ParameterPlane& plane, const BoundedFaces& bounded);
 
 private:
     GK_Brep& m_brep;

@@ -26,7 +26,7 @@ private:
     {
         int surface;
         std::unique_ptr<ParameterPlane> plane;
-        std::vector<FaceBounds> faces;
+        BoundedFaces bounds;
     };
 
     bool Refuse(std::string reason);
@@ -51,7 +51,7 @@ bool Repair::Run()
             return false;
     BrepAssembly assembly(m_brep);
     for (const Bounded& bounded : m_bounded)
-        assembly.Add(bounded.surface, *bounded.plane, bounded.faces);
+        assembly.Add(bounded.surface, *bounded.plane, bounded.bounds);
     JoinTrimEnds(m_brep, m_tolerance);
     DropUnusedVertices();
     return true;
@@ -125,8 +125,8 @@ bool Repair::Bound(int face)
                     std::make_unique<ParameterPlane>(
                         *GK_NurbsSurface::Cast(m_brep.Surface(surface)), m_tolerance),
                     {}};
-    bounded.faces = BoundFace(m_brep, m_brep.Face(face), *bounded.plane, m_report);
-    if (bounded.faces.empty())
+    bounded.bounds = BoundFace(m_brep, m_brep.Face(face), *bounded.plane, m_report);
+    if (bounded.bounds.faces.empty())
         return false;
     m_bounded.push_back(std::move(bounded));
     return true;

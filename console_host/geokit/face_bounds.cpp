@@ -18,7 +18,7 @@ public:
     {
     }
 
-    std::vector<FaceBounds> Run();
+    BoundedFaces Run();
 
 private:
     bool Shape();
@@ -39,20 +39,27 @@ private:
     bool m_natural = false; // the sides of the domain bound the face
 };
 
-std::vector<FaceBounds> Bounder::Run()
+BoundedFaces Bounder::Run()
 {
     if (!Shape() || !Orient())
         return {};
     std::vector<DomainLoop> loops = Cut();
     StripSeams(loops, m_plane);
+    SeamPlaces seamBreaks;
+    for (const DomainLoop& loop : loops)
+        for (const std::size_t d : {0U, 1U})
+            seamBreaks[d].insert(seamBreaks[d].end(), loop.seamEnds[d].begin(),
+                                 loop.seamEnds[d].end());
     DropInnerAtSeams(loops);
     std::vector<WalkedLoop> walked;
     if (!Walk(std::move(loops), walked))
         return {};
-    std::vector<FaceBounds> faces = PlaceHoles(std::move(walked), m_loops, m_plane, m_report);
-    if (faces.empty() && m_report.reason.empty())
+    BoundedFaces bounded;
+    bounded.faces = PlaceHoles(std::move(walked), m_loops, m_plane, m_report);
+    bounded.seamBreaks = std::move(seamBreaks);
+    if (bounded.faces.empty())
         m_report.reason = "no loop bounds the face";
-    return faces;
+    return bounded;
 }
 
 // Notes an inner loop that is dropped; an outer one costs the face.
@@ -160,7 +167,8 @@ std::vector<DomainLoop> Bounder::Cut() const
     std::vector<DomainLoop> loops;
     loops.reserve(m_loops.size());
     for (const LoopShape& loop : m_loops)
-        loops.push_back({CutAtSeams(loop.pieces, loop.samples, m_plane), loop.number, loop.type});
+        loops.push_back(
+            {CutAtSeams(loop.pieces, loop.samples, m_plane), {}, loop.number, loop.type});
     return loops;
 }
 
@@ -219,8 +227,8 @@ bool Bounder::Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walke
 
 } // namespace
 
-std::vector<FaceBounds> BoundFace(const GK_Brep& brep, const GK_BrepFace& face,
-                                  const ParameterPlane& plane, BrepRepairReport& report)
+BoundedFaces BoundFace(const GK_Brep& brep, const GK_BrepFace& face, const ParameterPlane& plane,
+                       BrepRepairReport& report)
 {
     return Bounder(brep, face, plane, report).Run();
 }

@@ -15,11 +15,18 @@ struct FaceBounds
     std::vector<Loop> loops;
 };
 
+/// What becomes of a face.
+struct BoundedFaces
+{
+    std::vector<FaceBounds> faces;
+    SeamPlaces seamBreaks; ///< where edges along seams end in any case: as they were given
+};
+
 /// Works out what the loops of a face bound: closes them, turns them, cuts them at seams, completes
 /// them along seams and poles, drops inner loops that bound nothing, and makes a face of each outer
 /// loop. A face without outer loops is bounded by the sides of its surface's domain.
 ///
 /// Returns at least one face, or none when the face cannot be bounded; the report then has the
 /// reason. Loops that were dropped stand in the report in any case.
-std::vector<FaceBounds> BoundFace(const GK_Brep& brep, const GK_BrepFace& face,
-                                  const ParameterPlane& plane, BrepRepairReport& report);
+BoundedFaces BoundFace(const GK_Brep& brep, const GK_BrepFace& face, const ParameterPlane& plane,
+                       BrepRepairReport& report);

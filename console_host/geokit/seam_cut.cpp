@@ -101,7 +101,11 @@ long Cutter::CellOf(double value) const
 
 void Cutter::EndAt(double t, long cell, bool onLine)
 {
-    if (t > m_start)
+    const bool goesOn = onLine && !m_stretches.empty() && m_stretches.back().onLine &&
+                        m_stretches.back().cell == cell;
+    if (goesOn)
+        m_stretches.back().t1 = t;
+    else if (t > m_start)
         m_stretches.push_back({m_start, t, cell, onLine});
     m_start = t;
 }

@@ -105,10 +105,14 @@ void Stripper::Strip(DomainLoop& loop) const
             stripped = true;
         } else {
             for (DomainPiece& part : CutAlongSide(piece, Across(*piece.side).Ends(), m_plane)) {
-                if (IsDouble(part))
-                    stripped = true;
-                else
+                if (!IsDouble(part)) {
                     keep(std::move(part));
+                    continue;
+                }
+                stripped = true;
+                const std::size_t across = ::Across(*part.side);
+                for (const Uv& end : {part.piece.Start(), part.piece.End()})
+                    loop.seamEnds[across].push_back(end[1 - across]);
             }
         }
     }
