@@ -1,11 +1,10 @@
 #include "console_host/geokit/line_curve.h"
+#include "console_host/geokit/surface_closure.h"
 
 #include "host/geokit/brep.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <limits>
 
 namespace {
 
@@ -37,50 +36,8 @@ std::size_t At(int side)
     return static_cast<std::size_t>(side % SideCount);
 }
 
-// The longest extent of the four sides along an axis.
-double Size(const Boundary& boundary)
+Boundary MakeBoundary(const GK_NurbsSurface& surface)
 {
-    constexpr double Infinity = std::numeric_limits<double>::infinity();
-    GK_3dPoint low{Infinity, Infinity, Infinity};
-    GK_3dPoint high{-Infinity, -Infinity, -Infinity};
-    for (const Side& side : boundary.sides) {
-        for (int i = 0; i < side.curve->controlPointCount; ++i) {
-            const GK_3dPoint point = side.curve->ControlPoint(i);
-            low = {std::min(low.x, point.x), std::min(low.y, point.y), std::min(low.z, point.z)};
-            high = {std::max(high.x, point.x), std::max(high.y, point.y),
-                    std::max(high.z, point.z)};
-        }
-    }
-    return std::max({high.x - low.x, high.y - low.y, high.z - low.z});
-}
-
-bool IsCollapsed(const GK_NurbsCurve& curve, double tolerance)
-{
-    const GK_3dPoint first = curve.ControlPoint(0);
-    for (int i = 1; i < curve.controlPointCount; ++i)
-        if (first.DistanceTo(curve.ControlPoint(i)) > tolerance)
-            return false;
-    return true;
-}
-
-// Both are lines of one surface, so they have the same knots.
-bool AreSame(const GK_NurbsCurve& a, const GK_NurbsCurve& b, double tolerance)
-{
-    constexpr double WeightTolerance = 1e-9;
-    const double scale = b.Weight(0) / a.Weight(0);
-    for (int i = 0; i < a.controlPointCount; ++i) {
-        if (a.ControlPoint(i).DistanceTo(b.ControlPoint(i)) > tolerance)
-            return false;
-        if (std::abs(a.Weight(i) * scale - b.Weight(i)) > WeightTolerance * b.Weight(i))
-            return false;
-    }
-    return true;
-}
-
-Boundary MakeBoundary(const GK_Surface& surface)
-{
-    // Sides that differ by less than files commonly write are meant to be the same.
-    constexpr double RelativeTolerance = 1e-9;
     const GK_Interval u = surface.Domain(0);
     const GK_Interval v = surface.Domain(1);
     Boundary boundary;
@@ -90,12 +47,13 @@ Boundary MakeBoundary(const GK_Surface& surface)
     boundary.sides[East].curve = surface.IsoCurve(1, u[1]);
     boundary.sides[North].curve = surface.IsoCurve(0, v[1]);
     boundary.sides[West].curve = surface.IsoCurve(1, u[0]);
-    const double tolerance = RelativeTolerance * Size(boundary);
-    for (Side& side : boundary.sides)
-        side.collapsed = IsCollapsed(*side.curve, tolerance);
-    for (const int side : {North, West})
-        boundary.sides[At(side)].shared = AreSame(*boundary.sides[At(side - 2)].curve,
-                                                  *boundary.sides[At(side)].curve, tolerance);
+    const SurfaceClosure closure = ClosureOf(surface, 0.0);
+    boundary.sides[South].collapsed = closure.pole[1][0];
+    boundary.sides[East].collapsed = closure.pole[0][1];
+    boundary.sides[North].collapsed = closure.pole[1][1];
+    boundary.sides[West].collapsed = closure.pole[0][0];
+    boundary.sides[North].shared = closure.closed[1];
+    boundary.sides[West].shared = closure.closed[0];
     return boundary;
 }
 
@@ -168,7 +126,7 @@ GK_BrepLoop* GK_Brep::NewOuterLoop(int faceIndex, int vertices[4], int edges[4],
 {
     if (faceIndex < 0 || faceIndex >= FaceCount())
         return nullptr;
-    const GK_Surface* surface = Surface(Face(faceIndex).surfaceIndex);
+    const auto* surface = GK_NurbsSurface::Cast(Surface(Face(faceIndex).surfaceIndex));
     if (surface == nullptr || !surface->IsValid())
         return nullptr;
     Boundary boundary = MakeBoundary(*surface);

@@ -15,6 +15,3 @@ struct TrimEnds
 const GK_Surface& TrimSurface(const GK_Brep& brep, const GK_BrepTrim& trim);
 
 TrimEnds EndsOf(const GK_Brep& brep, const GK_BrepTrim& trim);
-
-/// Twice the area that a loop encloses in the parameter plane, positive when counter-clockwise.
-double SignedArea(const GK_Brep& brep, const GK_BrepLoop& loop);

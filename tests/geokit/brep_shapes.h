@@ -1,10 +1,11 @@
 #pragma once
 
-#include "console_host/geokit/brep_trims.h"
 #include "nurbs_shapes.h"
+#include "tests/trimming/brep_walk.h"
 
 #include "host/vxkit/brep.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 // Breps for tests.
@@ -66,55 +67,8 @@ inline std::vector<Piece> Polygon(const std::vector<std::array<double, 2>>& corn
     return pieces;
 }
 
-// The edge of a trim, if it has one, lies on the surface along the trim and ends at its vertices.
-inline void ExpectSoundEdge(const GK_Brep& brep, const GK_BrepTrim& trim, double tolerance)
-{
-    const auto place = [&](double fraction) {
-        const GK_3dPoint uv = trim.PointAt(trim.Domain().ParameterAt(fraction));
-        return TrimSurface(brep, trim).PointAt(uv.x, uv.y);
-    };
-    const auto vertex = [&](std::size_t end) { return brep.Vertex(trim.vertexIndex[end]).point; };
-    if (trim.edgeIndex < 0) {
-        EXPECT_EQ(trim.vertexIndex[0], trim.vertexIndex[1]);
-        EXPECT_LT(place(0.3).DistanceTo(vertex(0)), tolerance);
-        return;
-    }
-    const GK_BrepEdge& edge = brep.Edge(trim.edgeIndex);
-    EXPECT_EQ(std::count(edge.trimIndices.begin(), edge.trimIndices.end(), trim.trimIndex), 1);
-    EXPECT_TRUE(edge.Domain().IsIncreasing());
-    EXPECT_EQ(trim.vertexIndex[0], edge.vertexIndex[trim.reversed ? 1 : 0]);
-    EXPECT_EQ(trim.vertexIndex[1], edge.vertexIndex[trim.reversed ? 0 : 1]);
-    EXPECT_LT(place(0.0).DistanceTo(vertex(0)), tolerance);
-    EXPECT_LT(place(1.0).DistanceTo(vertex(1)), tolerance);
-    for (const double fraction : {0.0, 0.2, 0.5, 0.9, 1.0}) {
-        const double along = trim.reversed ? 1.0 - fraction : fraction;
-        EXPECT_LT(place(fraction).DistanceTo(edge.PointAt(edge.Domain().ParameterAt(along))),
-                  tolerance);
-    }
-}
-
-// Walks the loops: each trim ends where the next starts, indices agree both ways, loops go the
-// right way round.
+// Walks the brep; see FaultsOf.
 inline void ExpectSoundLoops(const GK_Brep& brep, double tolerance)
 {
-    for (int f = 0; f < brep.FaceCount(); ++f) {
-        EXPECT_EQ(brep.Face(f).faceIndex, f);
-        ASSERT_GT(brep.Face(f).LoopCount(), 0);
-        for (const int l : brep.Face(f).loopIndices) {
-            const GK_BrepLoop& loop = brep.Loop(l);
-            EXPECT_EQ(loop.faceIndex, f);
-            EXPECT_EQ(loop.type == GK_BrepLoop::inner, SignedArea(brep, loop) < 0.0);
-            const GK_BrepTrim* before = &brep.Trim(*loop.trimIndices.Last());
-            for (const int t : loop.trimIndices) {
-                const GK_BrepTrim& trim = brep.Trim(t);
-                EXPECT_EQ(trim.trimIndex, t);
-                EXPECT_EQ(trim.loopIndex, l);
-                EXPECT_TRUE(trim.Domain().IsIncreasing());
-                EXPECT_EQ(before->vertexIndex[1], trim.vertexIndex[0]);
-                EXPECT_LT(before->PointAtEnd().DistanceTo(trim.PointAtStart()), tolerance);
-                ExpectSoundEdge(brep, trim, tolerance);
-                before = &trim;
-            }
-        }
-    }
+    EXPECT_THAT(FaultsOf(brep, tolerance), testing::IsEmpty());
 }
