@@ -12,15 +12,6 @@ bool IsFinite(const GK_3dPoint& point)
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
-double Distance(const GK_3dPoint& a, const GK_3dPoint& b)
-{
-    constexpr double Smallest = 1e-280; // squares are exact enough between these
-    constexpr double Largest = 1e280;
-    const GK_3dVector step = b - a;
-    const double square = GK_DotProduct(step, step);
-    return square > Smallest && square < Largest ? std::sqrt(square) : step.Length();
-}
-
 // The box around the points of an image.
 class Box
 {
@@ -177,7 +168,7 @@ double Fit::Deviation(const HermitePiece& piece, double fraction)
     const double t = GK_Interval(piece.t0, piece.t1).ParameterAt(fraction);
     const GK_3dPoint point = m_image.PointAt(t);
     m_box.Add(point);
-    return Distance(piece.PointAt(fraction), point);
+    return piece.PointAt(fraction).DistanceTo(point);
 }
 
 void Fit::Measure(Part& part)

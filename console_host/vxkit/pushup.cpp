@@ -162,7 +162,7 @@ std::unique_ptr<GK_Curve> VX_NurbsSurface::Pushup(const GK_Curve& curve2d, doubl
         SayOutside(asked, domain);
         return nullptr;
     }
-    const PushupMemory::Request request{*curve, part, tolerance};
+    const PushupMemory::Request request{*curve, part, tolerance > 0.0 ? tolerance : 0.0};
     PushupMemory& memory = PushupMemory::Of(*this);
     if (auto known = memory.Find(request))
         return std::move(*known);

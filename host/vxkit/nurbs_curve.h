@@ -2,7 +2,7 @@
 
 #include "host/geokit/nurbs_curve.h"
 
-/// The toolkit's B-spline curve. Copies are deep.
+/// The toolkit's B-spline curve. Copies are independent, and share storage until one is changed.
 class VX_NurbsCurve : public GK_NurbsCurve
 {
 public:
