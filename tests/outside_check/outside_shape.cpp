@@ -155,9 +155,11 @@ void Converter::AddPlaneCurve(const GK_BrepTrim& trim, const TopoDS_Face& face)
     const Handle(Geom2d_BSplineCurve) curve = OutsideTrimCurve(trim, edge.Domain());
     Measure(trim, curve);
     const GK_BrepTrim* other = OtherSide(trim);
+    if (other != nullptr && trim.reversed)
+        return;
     if (other == nullptr)
         m_builder.UpdateEdge(made, curve, face, 1e-7);
-    else if (!trim.reversed)
+    else
         m_builder.UpdateEdge(made, curve, OutsideTrimCurve(*other, edge.Domain()), face, 1e-7);
     m_builder.Range(made, face, edge.Domain()[0], edge.Domain()[1]);
 }
