@@ -257,7 +257,7 @@ void Walk::CheckAlongEdge(const GK_BrepTrim& trim, const GK_BrepEdge& edge)
 void Walk::CheckVertex(const GK_BrepTrim& trim, std::size_t end)
 {
     const GK_BrepVertex& vertex = m_brep.Vertex(trim.vertexIndex[end]);
-    const double most = std::min(m_tolerance, 0.05 * m_extent.size) + 1e-5 * m_extent.size;
+    const double most = EdgeSlack() + 1e-5 * m_extent.size;
     const double slack = vertex.tolerance == GK_UNSET_VALUE ? most : vertex.tolerance + EdgeSlack();
     const double fromTrim = vertex.point.DistanceTo(Place(trim, end == 0 ? 0.0 : 1.0));
     if (!(fromTrim <= std::min(slack, most)))

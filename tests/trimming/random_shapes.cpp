@@ -15,6 +15,15 @@ struct Region
     double v1 = 1.0;
 };
 
+int PiecesOf(const TrimmedShape& shape)
+{
+    const bool isNatural = shape.loops.empty() || shape.loops[0].isHole;
+    int pieces = isNatural ? 4 : 0;
+    for (const TrimLoop& loop : shape.loops)
+        pieces += static_cast<int>(loop.pieces.size());
+    return pieces;
+}
+
 class Maker
 {
 public:
@@ -240,6 +249,8 @@ TrimmedShape Maker::Shape()
     TrimmedShape shape;
     shape.surface = Surface();
     AddHoles(shape, AddOuter(shape));
+    if (!shape.surface.closed[0] && shape.dropped == 0)
+        shape.vertices = shape.borders = PiecesOf(shape);
     Style(shape);
     return shape;
 }
