@@ -58,7 +58,7 @@ public:
     }
 
 private:
-    static constexpr int MostHalvings = 8;
+    static constexpr int MostHalvings = 12;
 
     // The area element summed over u up to a boundary.
     [[nodiscard]] double Strip(double u, double v) const
@@ -97,7 +97,7 @@ private:
     [[nodiscard]] double AlongPart(const GK_NurbsCurve& curve, double t0, double t1, double whole,
                                    int halvings) const
     {
-        constexpr double Accuracy = 1e-8;
+        constexpr double Accuracy = 1e-10;
         const double middle = 0.5 * (t0 + t1);
         const double first = Sum(curve, t0, middle);
         const double second = Sum(curve, middle, t1);

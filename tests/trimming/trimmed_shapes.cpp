@@ -56,8 +56,9 @@ ShapeSurface Revolved(const Profile& profile, int degree, const Function& along)
 
 double Bernstein(int i, double t)
 {
-    constexpr std::array<double, 4> Binomial{1, 3, 3, 1};
-    return Binomial[static_cast<std::size_t>(i)] * std::pow(t, i) * std::pow(1 - t, 3 - i);
+    const double s = 1 - t;
+    const std::array<double, 4> values{s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
+    return values[static_cast<std::size_t>(i)];
 }
 
 double BernsteinSlope(int i, double t)
