@@ -174,6 +174,8 @@ Region Maker::AddOuter(TrimmedShape& shape)
         shape.area = AreaOfBand(shape.surface, 0, 1);
         const double u = shape.surface.closed[0] ? Between(-0.3, 0.3) : 0.0;
         const double v = shape.surface.closed[1] ? Between(-0.3, 0.3) : 0.0;
+        if (shape.surface.closed[1])
+            shape.faces = -1; // holes across both seams may cut the domain apart
         return {u, v, u + 1, v + 1};
     }
     if (kind == 1 || !shape.surface.closed[0])
