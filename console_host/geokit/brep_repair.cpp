@@ -54,6 +54,8 @@ bool Repair::Run()
         assembly.Add(bounded.surface, *bounded.plane, bounded.bounds);
     JoinTrimEnds(m_brep, m_tolerance);
     DropUnusedVertices();
+    for (int i = 0; i < m_brep.SurfaceCount(); ++i) // nothing is pushed up onto it any more
+        GK_NurbsSurface::Cast(m_brep.Surface(i))->DerivedData().Set(nullptr);
     return true;
 }
 

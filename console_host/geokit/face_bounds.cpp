@@ -1,5 +1,6 @@
 #include "console_host/geokit/face_bounds.h"
 
+#include "console_host/geokit/curve_use.h"
 #include "console_host/geokit/face_holes.h"
 #include "console_host/geokit/loop_shape.h"
 #include "console_host/geokit/seam_strip.h"
@@ -35,6 +36,7 @@ private:
     const GK_BrepFace& m_face;
     const ParameterPlane& m_plane;
     BrepRepairReport& m_report;
+    CurveUse m_use;
     std::vector<LoopShape> m_loops;
     bool m_natural = false; // the sides of the domain bound the face
 };
@@ -85,13 +87,16 @@ bool Bounder::Shape()
             m_report.Drop(loop.type, loop.number, "has no trims");
             continue;
         }
-        if (const std::string reason = ShapeLoop(loop, m_plane); !reason.empty()) {
+        const std::string reason = m_use.Add(loop.pieces)
+                                       ? ShapeLoop(loop, m_plane)
+                                       : "runs along a curve that others already run along twice";
+        if (!reason.empty()) {
             if (!Reject(loop.type, loop.number, reason))
                 return false;
             continue;
         }
-        if (const std::string reason = WhyOutside(loop, m_plane); !reason.empty()) {
-            m_report.reason = FormatText("loop %d ", loop.number) + reason;
+        if (const std::string outside = WhyOutside(loop, m_plane); !outside.empty()) {
+            m_report.reason = FormatText("loop %d ", loop.number) + outside;
             return false;
         }
         m_loops.push_back(std::move(loop));
