@@ -56,6 +56,12 @@ TEST(LoopFamilies, ShortPieceAmongLongOnes)
                        PolygonOf({{0.1, 0.1}, {0.9, 0.1}, {0.9, 0.8}, {0.9, 0.8007}, {0.1, 0.9}}));
 }
 
+TEST(LoopFamilies, NarrowLoopsKeepTheirCorners)
+{
+    ExpectInEveryStyle(PlaneShape(1, 1),
+                       PolygonOf({{0.5, 0.45}, {0.504, 0.5}, {0.5, 0.55}, {0.496, 0.5}}));
+}
+
 TEST(LoopFamilies, CurvedPiecesAndTwoPieces)
 {
     const ShapeSurface patch =
