@@ -111,7 +111,7 @@ public:
     }
 
     void JoinAlongLoops();
-    void JoinNearby(double tolerance);
+    void JoinNearby(double near);
     void MoveVertices();
     void DropCollapsedEdges();
 
@@ -170,25 +170,24 @@ std::vector<Box> Joiner::Gather()
     return boxes;
 }
 
-void Joiner::JoinNearby(double tolerance)
+void Joiner::JoinNearby(double near)
 {
-    // A model smaller than the tolerance must not shrink to a point.
     constexpr double ShareOfEdge = 0.25;
     const double collapsed = RelativeSizeOfPoint * m_longestReach;
     for (int i = 0; i < m_brep.EdgeCount(); ++i)
         if (const double reach = Reach(m_brep.Edge(i)); reach > collapsed)
-            tolerance = std::min(tolerance, ShareOfEdge * reach);
-    if (!(tolerance > 0.0))
+            near = std::min(near, ShareOfEdge * reach);
+    if (!(near > 0.0))
         return;
-    PointGrid grid(tolerance);
+    PointGrid grid(near);
     const std::vector<Box> boxes = Gather();
     for (std::size_t i = 0; i < boxes.size(); ++i) {
         if (boxes[i].empty)
             continue;
         const GK_3dPoint place = boxes[i].Middle();
         const int vertex = static_cast<int>(i);
-        if (const int near = grid.Find(place); near >= 0)
-            Join(near, vertex);
+        if (const int known = grid.Find(place); known >= 0)
+            Join(known, vertex);
         else
             grid.Add(place, vertex);
     }
@@ -237,11 +236,11 @@ void Joiner::DropCollapsedEdges()
 
 } // namespace
 
-void JoinTrimEnds(GK_Brep& brep, double tolerance)
+void JoinTrimEnds(GK_Brep& brep, double near)
 {
     Joiner joiner(brep);
     joiner.JoinAlongLoops();
-    joiner.JoinNearby(tolerance);
+    joiner.JoinNearby(near);
     joiner.MoveVertices();
     joiner.DropCollapsedEdges();
 }

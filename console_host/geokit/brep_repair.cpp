@@ -34,6 +34,7 @@ private:
     bool CheckCurves();
     [[nodiscard]] std::vector<int> FacesToKeep() const;
     bool Bound(int face);
+    [[nodiscard]] double Nearness() const;
     void DropUnusedVertices();
 
     GK_Brep& m_brep;
@@ -52,7 +53,7 @@ bool Repair::Run()
     BrepAssembly assembly(m_brep);
     for (const Bounded& bounded : m_bounded)
         assembly.Add(bounded.surface, *bounded.plane, bounded.bounds);
-    JoinTrimEnds(m_brep, m_tolerance);
+    JoinTrimEnds(m_brep, Nearness());
     DropUnusedVertices();
     for (int i = 0; i < m_brep.SurfaceCount(); ++i) // nothing is pushed up onto it any more
         GK_NurbsSurface::Cast(m_brep.Surface(i))->DerivedData().Set(nullptr);
@@ -132,6 +133,18 @@ bool Repair::Bound(int face)
         return false;
     m_bounded.push_back(std::move(bounded));
     return true;
+}
+
+// Within this distance ends of different loops are one place: within the tolerance, and within the
+// rounding of files, since corners of a model that is small or narrow lie nearer than the
+// tolerance.
+double Repair::Nearness() const
+{
+    constexpr double RoundingOfFiles = 3e-6;
+    double size = 0.0;
+    for (const Bounded& bounded : m_bounded)
+        size = std::max(size, bounded.plane->Size());
+    return std::min(m_tolerance, RoundingOfFiles * size);
 }
 
 void Repair::DropUnusedVertices()

@@ -14,17 +14,27 @@ double Rounding(const GK_3dPoint& point)
     return Units * std::numeric_limits<double>::epsilon() * size;
 }
 
+// What two numbers that are meant to be equal may differ by when files print them with six digits:
+// one unit of the last, at numbers up to `largest`.
+double RoundingOfFiles(double largest)
+{
+    constexpr double Share = 1.5e-6;
+    constexpr double Digits = 6.0;
+    const double unit = std::pow(10.0, std::ceil(std::log10(largest)) - Digits);
+    return std::max(Share * largest, 1.001 * unit);
+}
+
 } // namespace
 
 ParameterPlane::ParameterPlane(const GK_NurbsSurface& surface, double tolerance)
     : m_surface(surface), m_tolerance(tolerance), m_closure(ClosureOf(surface, tolerance))
 {
-    constexpr double PrintedDigits = 1.5e-6; // one unit of six, and the rounding of its digits
     for (const std::size_t d : {0U, 1U}) {
         const GK_Interval domain = surface.Domain(static_cast<int>(d));
         m_low[d] = domain[0];
         m_high[d] = domain[1];
-        m_slack[d] = PrintedDigits * std::max({Length(d), std::abs(m_low[d]), std::abs(m_high[d])});
+        m_slack[d] =
+            RoundingOfFiles(std::max({Length(d), std::abs(m_low[d]), std::abs(m_high[d])}));
     }
 }
 

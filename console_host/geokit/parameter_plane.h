@@ -53,6 +53,9 @@ public:
     [[nodiscard]] const GK_NurbsSurface& Surface() const { return m_surface; }
     [[nodiscard]] double Tolerance() const { return m_tolerance; }
 
+    /// The surface's size in space.
+    [[nodiscard]] double Size() const { return m_closure.size; }
+
     /// The tolerance, or a thousandth of the surface's size where that is less.
     [[nodiscard]] double Closeness() const { return std::min(m_tolerance, 1e-3 * m_closure.size); }
 
