@@ -8,7 +8,7 @@ namespace {
 constexpr double SideCount = AllSides.size();
 
 // Positions on the boundary of the domain count its sides: 1.5 is the middle of the east side.
-constexpr double Near = 1e-5;
+constexpr double Near = 1e-9; // not more: a loop may reach over a seam by very little
 
 // The pieces of a loop between two visits to the boundary.
 struct Strand

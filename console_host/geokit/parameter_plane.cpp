@@ -18,10 +18,8 @@ double Rounding(const GK_3dPoint& point)
 // one unit of the last, at numbers up to `largest`.
 double RoundingOfFiles(double largest)
 {
-    constexpr double Share = 1.5e-6;
     constexpr double Digits = 6.0;
-    const double unit = std::pow(10.0, std::ceil(std::log10(largest)) - Digits);
-    return std::max(Share * largest, 1.001 * unit);
+    return 1.001 * std::pow(10.0, std::ceil(std::log10(largest)) - Digits);
 }
 
 } // namespace
@@ -29,12 +27,14 @@ double RoundingOfFiles(double largest)
 ParameterPlane::ParameterPlane(const GK_NurbsSurface& surface, double tolerance)
     : m_surface(surface), m_tolerance(tolerance), m_closure(ClosureOf(surface, tolerance))
 {
+    constexpr double ShareOfDomain = 1.5e-6;
     for (const std::size_t d : {0U, 1U}) {
         const GK_Interval domain = surface.Domain(static_cast<int>(d));
         m_low[d] = domain[0];
         m_high[d] = domain[1];
-        m_slack[d] =
-            RoundingOfFiles(std::max({Length(d), std::abs(m_low[d]), std::abs(m_high[d])}));
+        m_slack[d] = ShareOfDomain * Length(d);
+        m_rounding[d] = std::max(
+            m_slack[d], RoundingOfFiles(std::max(std::abs(m_low[d]), std::abs(m_high[d]))));
     }
 }
 
@@ -83,7 +83,7 @@ double ParameterPlane::Distance(const Uv& a, const Uv& b) const
 
 bool ParameterPlane::Coincide(const Uv& a, const Uv& b) const
 {
-    return std::abs(a[0] - b[0]) <= Slack(0) && std::abs(a[1] - b[1]) <= Slack(1);
+    return std::abs(a[0] - b[0]) <= m_rounding[0] && std::abs(a[1] - b[1]) <= m_rounding[1];
 }
 
 std::optional<Side> ParameterPlane::CommonPole(const Uv& a, const Uv& b) const

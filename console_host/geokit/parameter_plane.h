@@ -66,7 +66,7 @@ public:
         return m_high[direction] - m_low[direction];
     }
 
-    /// What parameters of one place may differ by: the rounding of files.
+    /// What is nearer to a side counts as on it.
     [[nodiscard]] double Slack(std::size_t direction) const { return m_slack[direction]; }
 
     [[nodiscard]] bool IsClosed(std::size_t direction) const { return m_closure.closed[direction]; }
@@ -100,7 +100,7 @@ public:
     /// How far two places lie apart, in shares of the domain.
     [[nodiscard]] double Distance(const Uv& a, const Uv& b) const;
 
-    /// The places differ by no more than the rounding of files.
+    /// The places differ by no more than the rounding of files that print six digits.
     [[nodiscard]] bool Coincide(const Uv& a, const Uv& b) const;
 
     /// The pole that both places are on.
@@ -117,6 +117,7 @@ private:
     Uv m_low{};
     Uv m_high{};
     Uv m_slack{};
+    Uv m_rounding{};
 };
 
 inline Uv operator+(const Uv& a, const Uv& b)
