@@ -90,7 +90,9 @@ private:
     std::unique_ptr<GK_Brep> m_brep;
 };
 
-/// Makes a brep usable: joins the ends of trims that meet within the tolerance, turns loops the
-/// right way, gives faces the loops they need and drops what is empty. False when what is left is
-/// not sound; the host notes the reason, and the brep is still the caller's.
+/// Makes a brep usable: chains the trims of each loop by the ends that lie nearest, joins ends that
+/// meet within the tolerance, turns loops the right way, completes them along seams and poles of
+/// their surface, makes a face of each outer loop and drops loops that bound nothing. Loops,
+/// trims, edges and vertices get other indices. False when the brep cannot be used; it is then as
+/// it was and still the caller's. The host notes what was dropped or refused and why.
 bool KelvoRepairBrep(GK_Brep& brep, double tolerance);

@@ -104,7 +104,7 @@ public:
     GK_BrepVertex& NewVertex(const GK_3dPoint& point, double tolerance);
 
     /// A new edge from one vertex to another on a 3D curve of the brep, over the sub-domain (all
-    /// of it when null), which may be given in either direction.
+    /// of it when null), which may be given in either direction and is cut to the curve's domain.
     GK_BrepEdge& NewEdge(const GK_BrepVertex& start, const GK_BrepVertex& end, int curve3dIndex,
                          const GK_Interval* subdomain, double tolerance);
 

@@ -72,18 +72,25 @@ TEST(LoopFamilies, CurvedPiecesAndTwoPieces)
 
 TEST(LoopFamilies, EndsApartByTheLastOfSixDigits)
 {
-    for (const double apart : {1e-6, -1e-6})
+    struct Case
+    {
+        double apart; // in shares of the domain: up to one unit of the last digit
+        double domain;
+    };
+    for (const Case c : {Case{1e-6, 1.0}, Case{-1e-6, 1.0}, Case{6.6e-6, 1500.0}})
         for (const double tolerance : {1e-6, 1e-3})
             for (const double size : {1500.0, 1.0}) {
                 Pieces loop = PolygonOf({{0.123457, 0.2}, {0.9, 0.2}, {0.9, 0.876543}, {0.1, 0.8}});
                 TrimmedShape shape =
                     Counted(WithOuter(Bare(PlaneShape(size, size)), loop), 4, 4, 0);
                 for (TrimPiece& piece : loop)
-                    piece.points[0] = {piece.points[0][0] + apart, piece.points[0][1] - apart, 1};
+                    piece.points[0] = {piece.points[0][0] + c.apart, piece.points[0][1] - c.apart,
+                                       1};
+                const Writing writing{6, {{{0, c.domain}, {0, c.domain}}}, false};
                 shape.loops[0].pieces = loop;
-                ExpectImported({shape}, {6, {{{0, 1}, {0, 1}}}, false}, tolerance);
+                ExpectImported({shape}, writing, tolerance);
                 shape.loops[0].pieces = Styled(loop, EverySecond, 0);
-                ExpectImported({shape}, {6, {{{0, 1}, {0, 1}}}, false}, tolerance);
+                ExpectImported({shape}, writing, tolerance);
             }
 }
 
