@@ -29,7 +29,8 @@ private:
     [[nodiscard]] bool FirstRingRises(const std::vector<LoopShape*>& rings) const;
     [[nodiscard]] bool OnlyInner() const;
     [[nodiscard]] std::vector<DomainLoop> Cut() const;
-    void DropInnerAtSeams(std::vector<DomainLoop>& loops);
+    void DropEmptyInner(std::vector<DomainLoop>& loops);
+    void DropCrossingAtSeams(std::vector<DomainLoop>& loops);
     bool Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walked);
 
     const GK_Brep& m_brep;
@@ -41,24 +42,39 @@ private:
     bool m_natural = false; // the sides of the domain bound the face
 };
 
+SeamPlaces SeamEndsOf(const std::vector<DomainLoop>& loops)
+{
+    SeamPlaces ends;
+    for (const DomainLoop& loop : loops)
+        for (const std::size_t d : {0U, 1U})
+            ends[d].insert(ends[d].end(), loop.seamEnds[d].begin(), loop.seamEnds[d].end());
+    return ends;
+}
+
+// The loop has places where it goes on elsewhere on the sides of the domain.
+bool HasBreak(const DomainLoop& loop, const ParameterPlane& plane)
+{
+    const std::vector<DomainPiece>& pieces = loop.pieces;
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        if (IsBreak(pieces[i], pieces[(i + 1) % pieces.size()], plane))
+            return true;
+    return false;
+}
+
 BoundedFaces Bounder::Run()
 {
     if (!Shape() || !Orient())
         return {};
     std::vector<DomainLoop> loops = Cut();
     StripSeams(loops, m_plane);
-    SeamPlaces seamBreaks;
-    for (const DomainLoop& loop : loops)
-        for (const std::size_t d : {0U, 1U})
-            seamBreaks[d].insert(seamBreaks[d].end(), loop.seamEnds[d].begin(),
-                                 loop.seamEnds[d].end());
-    DropInnerAtSeams(loops);
+    BoundedFaces bounded;
+    bounded.seamBreaks = SeamEndsOf(loops);
+    DropEmptyInner(loops);
+    DropCrossingAtSeams(loops);
     std::vector<WalkedLoop> walked;
     if (!Walk(std::move(loops), walked))
         return {};
-    BoundedFaces bounded;
     bounded.faces = PlaceHoles(std::move(walked), m_loops, m_plane, m_report);
-    bounded.seamBreaks = std::move(seamBreaks);
     if (bounded.faces.empty())
         m_report.reason = "no loop bounds the face";
     return bounded;
@@ -177,22 +193,22 @@ std::vector<DomainLoop> Bounder::Cut() const
     return loops;
 }
 
-// An inner loop that crosses a seam becomes part of an outer one, unless it crosses another loop.
-void Bounder::DropInnerAtSeams(std::vector<DomainLoop>& loops)
+void Bounder::DropEmptyInner(std::vector<DomainLoop>& loops)
 {
     std::erase_if(loops, [&](const DomainLoop& loop) {
         const bool drop = loop.type == GK_BrepLoop::inner && loop.pieces.empty();
         if (drop)
-            m_report.Drop(loop.type, loop.number, "runs along the seams and poles alone");
+            m_report.Drop(loop.type, loop.number, "runs along seams and poles alone");
         return drop;
     });
+}
+
+// An inner loop that crosses a seam becomes part of an outer one, unless it crosses another loop.
+void Bounder::DropCrossingAtSeams(std::vector<DomainLoop>& loops)
+{
     constexpr double Near = 3e-6;
     const auto isMerged = [&](const DomainLoop& loop) {
-        const std::vector<DomainPiece>& pieces = loop.pieces;
-        bool merged = false;
-        for (std::size_t i = 0; i < pieces.size(); ++i)
-            merged = merged || IsBreak(pieces[i], pieces[(i + 1) % pieces.size()], m_plane);
-        return merged && loop.type == GK_BrepLoop::inner;
+        return loop.type == GK_BrepLoop::inner && HasBreak(loop, m_plane);
     };
     if (std::none_of(loops.begin(), loops.end(), isMerged))
         return;
@@ -200,11 +216,10 @@ void Bounder::DropInnerAtSeams(std::vector<DomainLoop>& loops)
     for (const DomainLoop& loop : loops)
         polygons.push_back(PolygonOf(loop, m_plane));
     for (std::size_t i = loops.size(); i-- > 0;) {
-        if (!isMerged(loops[i]))
-            continue;
-        const bool crosses = std::any_of(polygons.begin(), polygons.end(), [&](const auto& other) {
-            return &other != &polygons[i] && other.Crosses(polygons[i], Near);
-        });
+        const bool crosses = isMerged(loops[i]) &&
+                             std::any_of(polygons.begin(), polygons.end(), [&](const auto& other) {
+                                 return &other != &polygons[i] && other.Crosses(polygons[i], Near);
+                             });
         if (!crosses)
             continue;
         m_report.Drop(loops[i].type, loops[i].number, "crosses another loop");
@@ -213,9 +228,11 @@ void Bounder::DropInnerAtSeams(std::vector<DomainLoop>& loops)
     }
 }
 
+// Inner loops that the walk cannot make sense of are dropped one by one, as long as they are few.
 bool Bounder::Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walked)
 {
-    for (;;) {
+    constexpr int MostDropped = 100;
+    for (int dropped = 0; dropped <= MostDropped; ++dropped) {
         BoundaryWalk walk = WalkBoundary(loops, m_plane, m_natural);
         if (walk.badLoop == 0) {
             walked = std::move(walk.loops);
@@ -228,6 +245,8 @@ bool Bounder::Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walke
             return false;
         loops.erase(bad);
     }
+    m_report.reason = "more than 100 inner loops bound nothing at its seams";
+    return false;
 }
 
 } // namespace
