@@ -11,7 +11,10 @@ endif()
 # Program, host library and module stand in one folder, as they are installed.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+# They find each other there and nowhere else. What is built has the run path of what is installed:
+# otherwise CMake fills up the run path with colons, each of which means the current folder.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN")
 
 add_compile_options(
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
@@ -31,6 +34,26 @@ if(IMPORTOBJ_SANITIZE)
 endif()
 if(IMPORTOBJ_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# What makes a fault in memory hard to exploit. The sanitizers stop at the fault itself.
+include(CheckCXXCompilerFlag)
+include(CheckPIESupported)
+check_pie_supported()
+if(NOT IMPORTOBJ_SANITIZE)
+    add_compile_options(-fstack-protector-strong)
+    # The library's checks of sizes need an optimising compiler.
+    add_compile_options(
+        "$<$<NOT:$<CONFIG:Debug>>:SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3>")
+    check_cxx_compiler_flag(-fcf-protection=full compiler_protects_control_flow)
+    if(compiler_protects_control_flow)
+        add_compile_options(-fcf-protection=full)
+    endif()
+endif()
+if(WIN32)
+    add_link_options(-Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+else()
+    add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endif()
 
 # The importer's libraries and the module are optimised across their files in a release: reading is a
