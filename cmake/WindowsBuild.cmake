@@ -19,6 +19,11 @@ set(CMAKE_SHARED_MODULE_PREFIX "")
 add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00
                         __USE_MINGW_ANSI_STDIO=1)
 
+# The stack protector's functions and the checked forms of calls, in each library for itself.
+string(APPEND CMAKE_CXX_STANDARD_LIBRARIES " -l:libssp.a")
+string(APPEND CMAKE_C_STANDARD_LIBRARIES " -l:libssp.a")
+add_link_options(-Wl,--exclude-libs,libssp.a)
+
 # On Windows a program and its libraries stand in one folder.
 set(CMAKE_INSTALL_BINDIR .)
 
@@ -34,6 +39,21 @@ foreach(library ${windows_runtime})
     configure_file(${path} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${library} COPYONLY)
     install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${library} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endforeach()
+
+# add_version_resource(TARGET DESCRIPTION): what the system shows of a program or library.
+function(add_version_resource target description)
+    get_target_property(type ${target} TYPE)
+    set(file_type VFT_DLL)
+    set(file_name ${target}.dll)
+    if(type STREQUAL "EXECUTABLE")
+        set(file_type VFT_APP)
+        set(file_name ${target}.exe)
+    endif()
+    string(REPLACE "\"" "\"\"" company "${IMPORTOBJ_ORGANIZATION}")
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in
+        ${CMAKE_BINARY_DIR}/generated/${target}_version.rc @ONLY)
+    target_sources(${target} PRIVATE ${CMAKE_BINARY_DIR}/generated/${target}_version.rc)
+endfunction()
 
 # add_googletest(): GTest::gtest and the others, built for Windows.
 macro(add_googletest)

@@ -1,4 +1,5 @@
 #include "objreader/group_object.h"
+#include "objreader/out_of_memory.h"
 #include "objreader/read_obj.h"
 
 #include <new>
@@ -16,6 +17,8 @@ try {
     ((*object).*setGeometry)(std::forward<Taken>(geometry));
     return doc.AddObject(std::move(object), CReadOBJ::AddAsReference, false);
 } catch (const std::bad_alloc&) {
+    PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n",
+                     attributes.name.Array());
     return false;
 }
 

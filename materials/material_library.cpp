@@ -47,6 +47,7 @@ bool CReadOBJ::ReadMaterialLibrary()
             return false;
         }
     }
+    KelvoNoteFileRead(stream);
     CMtlReader(*this, stream).Read();
     return true;
 }

@@ -1,5 +1,6 @@
 #include "plugin/import_obj_plugin.h"
 
+#include "objreader/out_of_memory.h"
 #include "objreader/read_obj.h"
 
 #include "host/app/app.h"
@@ -39,7 +40,7 @@ bool ParseAndBuild(CReadOBJ& reader)
 
 } // namespace
 
-CImportOBJPlugIn::CImportOBJPlugIn() : m_settingsSection(SettingsSection) {}
+CImportOBJPlugIn::CImportOBJPlugIn() = default;
 
 CImportOBJPlugIn::~CImportOBJPlugIn() = default;
 
@@ -66,13 +67,13 @@ const wchar_t* CImportOBJPlugIn::PlugInVersion() const
 
 int CImportOBJPlugIn::OnLoad()
 {
-    LoadImportOptions(KelvoApp().ProfileContext(), m_settingsSection.Array(), m_options);
+    LoadImportOptions(KelvoApp().ProfileContext(), SettingsSection, m_options);
     return 1;
 }
 
 void CImportOBJPlugIn::OnUnload()
 {
-    SaveImportOptions(KelvoApp().ProfileContext(), m_settingsSection.Array(), m_options);
+    SaveImportOptions(KelvoApp().ProfileContext(), SettingsSection, m_options);
 }
 
 void CImportOBJPlugIn::AddFileTypes(CKelvoFileTypeList& types, const CKelvoFileReadOptions&)
@@ -89,6 +90,7 @@ bool CImportOBJPlugIn::ReadFile(const wchar_t* fileName, int, CKelvoDoc& doc,
             return false;
         return Import(fileName, doc, options);
     } catch (const std::bad_alloc&) {
+        PrintOutOfMemory(L"Out of memory: the import of %s ended early.\n", fileName);
         return false;
     }
 }
@@ -100,7 +102,8 @@ bool CImportOBJPlugIn::Import(const wchar_t* fileName, CKelvoDoc& doc,
     CopyImportOptions(m_options, reader);
 
     const CWaitCursor waitCursor;
-    const bool result = ParseAndBuild(reader);
+    // What was read before an error of the disk is kept, but is not the file.
+    const bool result = ParseAndBuild(reader) && !reader.tokenizer.ReadFailed();
     CopyImportOptions(reader, m_options);
 
     if (options.Mode(ReadModeZoomExtents) != 0)

@@ -47,6 +47,5 @@ private:
     int AskOnCommandLine();
     int AskInDialog();
 
-    GK_wString m_settingsSection;
     ObjImportOptions m_options;
 };

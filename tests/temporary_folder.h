@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -29,7 +30,8 @@ public:
     TemporaryFolder()
     {
         const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-        const std::string name = std::string(test.test_suite_name()) + "." + test.name() + ".";
+        std::string name = std::string(test.test_suite_name()) + "." + test.name() + ".";
+        std::replace(name.begin(), name.end(), '/', '.'); // of tests with parameters
         do {
             m_path = std::filesystem::temp_directory_path() /
                      (name + std::to_string(std::random_device()()));

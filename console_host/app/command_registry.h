@@ -1,5 +1,7 @@
 #pragma once
 
+#include "console_host/app/registration.h"
+
 #include <string_view>
 #include <vector>
 
@@ -11,7 +13,7 @@ class CommandRegistry
 public:
     static CommandRegistry& Instance();
 
-    void Register(CKelvoCommand* command) { m_commands.push_back(command); }
+    void Register(CKelvoCommand* command) noexcept { AppendWhileLoading(m_commands, command); }
     void Unregister(CKelvoCommand* command) noexcept;
 
     [[nodiscard]] const std::vector<CKelvoCommand*>& Commands() const { return m_commands; }

@@ -3,28 +3,26 @@
 #include "console_host/app/format_text.h"
 #include "console_host/app/help.h"
 #include "console_host/app/printable.h"
-#include "console_host/framework/work_note.h"
 #include "console_host/geokit/error_handler.h"
-#include "console_host/runtime/terminal_input.h"
+#include "console_host/runtime/allocation_failures.h"
 #include "console_host/vxkit/pushup_allowance.h"
 
 #include "host/app/localize.h"
 #include "host/geokit/string.h"
+#include "host/runtime/file.h"
 
 #include <algorithm>
 #include <cstdarg>
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace {
 
-/// Writes UTF-8; a stream remembers by itself that a write failed.
-void WriteText(std::FILE* stream, const std::string& utf8)
+[[noreturn]] void NoteFailureAndThrow()
 {
-    WorkNote::Instance().Hide();
-    // Names from a file stand in many texts, and must not steer a terminal.
-    const std::string text = IsTerminal(stream) ? Printable(utf8) : utf8;
-    std::fwrite(text.data(), 1, text.size(), stream);
+    NoteAllocationFailure();
+    throw std::bad_alloc();
 }
 
 void NoteKernelError(const char* source, int, const char* text) noexcept
@@ -49,10 +47,12 @@ ConsoleApp& ConsoleApp::Instance()
 ConsoleApp::ConsoleApp() : m_profile(std::make_unique<ProfileStore>())
 {
     SetErrorHandler(NoteKernelError);
+    std::set_new_handler(NoteFailureAndThrow);
 }
 
 ConsoleApp::~ConsoleApp()
 {
+    std::set_new_handler(nullptr);
     SetErrorHandler(nullptr);
 }
 
@@ -69,7 +69,7 @@ void ConsoleApp::Print(const wchar_t* format, ...)
     }
     va_end(arguments);
     if (m_printStream != nullptr)
-        WriteText(m_printStream, text);
+        WriteForPerson(m_printStream, text);
     m_journal.prints.push_back(std::move(text));
 }
 
@@ -104,6 +104,12 @@ const wchar_t* KvLocalizeString(const wchar_t* text, int id)
     return ConsoleApp::Instance().Strings().Localize(text, id);
 }
 
+void KelvoNoteFileRead(std::FILE* stream)
+{
+    if (const std::optional<FileIdentity> identity = IdentityOf(stream))
+        ConsoleApp::Instance().FilesRead().insert(*identity);
+}
+
 ImportJournal& CurrentJournal()
 {
     return ConsoleApp::Instance().Journal();
@@ -117,6 +123,6 @@ void NoteRefused(std::string_view type, std::string_view reason)
 void NoteGuestFault(std::string_view call, std::string_view fault)
 {
     const std::string text = std::string(call).append(": ").append(fault) + "\n";
-    WriteText(stderr, "plug-in fault: " + text);
+    WriteForPerson(stderr, "plug-in fault: " + text);
     CurrentJournal().kernelErrors.push_back({"host", text});
 }

@@ -2,12 +2,15 @@
 
 #include "console_host/app/import_journal.h"
 #include "console_host/app/profile_store.h"
+#include "console_host/app/registration.h"
 #include "console_host/app/string_table.h"
+#include "console_host/runtime/file_identity.h"
 
 #include "host/app/app.h"
 
 #include <cstdio>
 #include <memory>
+#include <set>
 #include <vector>
 
 class CKelvoPlugIn;
@@ -32,6 +35,9 @@ public:
     void SetProfile(std::unique_ptr<ProfileStore> profile);
     ProfileStore& Profile() { return *m_profile; }
 
+    /// The files that imports have read, but for the imported ones.
+    std::set<FileIdentity>& FilesRead() { return m_filesRead; }
+
     void SetStrings(StringTable strings) { m_strings = std::move(strings); }
     StringTable& Strings() { return m_strings; }
 
@@ -46,7 +52,7 @@ public:
 
     /// The plug-ins that exist, in the order of their making.
     [[nodiscard]] const std::vector<CKelvoPlugIn*>& PlugIns() const { return m_plugIns; }
-    void Register(CKelvoPlugIn* plugIn) { m_plugIns.push_back(plugIn); }
+    void Register(CKelvoPlugIn* plugIn) noexcept { AppendWhileLoading(m_plugIns, plugIn); }
     void Unregister(CKelvoPlugIn* plugIn) noexcept;
 
 private:
@@ -57,5 +63,6 @@ private:
     StringTable m_strings;
     ImportJournal m_journal;
     std::vector<CKelvoPlugIn*> m_plugIns;
+    std::set<FileIdentity> m_filesRead;
     CWnd* m_mainWindow = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "console_host/app/dib_layout.h"
 #include "console_host/app/image_library.h"
 #include "console_host/app/image_reader.h"
+#include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/native_path.h"
 
 #include "host/app/dib.h"
@@ -9,10 +10,10 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -80,24 +81,13 @@ std::vector<unsigned char> TopDownPixels(const CKelvoUiDib& image)
     return pixels;
 }
 
-/// Writes beside the target first, so that the target is never half-written.
-bool ReplaceFile(const std::filesystem::path& target, ImageBytes bytes)
-{
-    std::filesystem::path unfinished = target;
-    unfinished += ".part";
-    std::ofstream stream(unfinished, std::ios::binary | std::ios::trunc);
-    if (!stream.is_open())
-        return false;
-    stream.write(reinterpret_cast<const char*>(bytes.data()),
-                 static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    std::error_code error;
-    if (!stream.fail()) {
-        std::filesystem::rename(unfinished, target, error);
-        if (!error)
-            return true;
-    }
-    std::filesystem::remove(unfinished, error);
+/// The name was made from what stands in a file, so a link there is not followed.
+bool WriteImageFile(const std::filesystem::path& target, ImageBytes bytes)
+try {
+    ReplaceFile(target, {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
+                FileReplacement::Links::Replace);
+    return true;
+} catch (const std::runtime_error&) {
     return false;
 }
 
@@ -108,6 +98,7 @@ try {
     const File file(_wfopen(path, L"rb"));
     if (file == nullptr || !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
         return 0;
+    KelvoNoteFileRead(file.get());
     return ReadImage(ReadBytes(file.get(), SizeOf(file.get())), *this) ? 1 : 0;
 } catch (const std::bad_alloc&) {
     return 0;
@@ -122,7 +113,7 @@ try {
     LibraryMemory memory(std::numeric_limits<std::uint64_t>::max(),
                          LibraryMemory::WhenExhausted::Throw);
     const ImageBytes png = MakePng(image, memory);
-    return !png.empty() && ReplaceFile(NativePath(path), png) ? 1 : 0;
+    return !png.empty() && WriteImageFile(NativePath(path), png) ? 1 : 0;
 } catch (const std::bad_alloc&) {
     return 0;
 }

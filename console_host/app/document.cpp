@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr const char* NoMemory = "there is no memory for it";
+constexpr const char* NoMemory = "out of memory";
 
 bool IsIndexOf(int index, int count)
 {

@@ -1,5 +1,6 @@
 #include "console_host/app/help.h"
 
+#include "console_host/app/printable.h"
 #include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_windows.h"
 #include "console_host/framework/work_note.h"
@@ -60,12 +61,12 @@ bool ShowHelpTopic(int topicId)
     try {
         text = ReadWholeFile(HelpFile(topicId));
     } catch (const std::runtime_error&) {
-        std::fprintf(stderr, "There is no help on topic %d here.\n", topicId);
+        WriteForPerson(stderr, "There is no help on topic " + std::to_string(topicId) + " here.\n");
         return false;
     }
     if (Dialogs().open > 0)
         ShowTextWindow(GK_wString(PlainHelpText(text)).View(), L"Help");
     else
-        std::fwrite(text.data(), 1, text.size(), stdout);
+        WriteForPerson(stdout, text);
     return true;
 }

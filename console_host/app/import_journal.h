@@ -30,6 +30,8 @@ struct ImportJournal
     std::vector<Box> boxes;
     std::vector<KernelError> kernelErrors;
     std::vector<Refusal> refused;
+    bool cancelled = false;   ///< a prompt or dialog was
+    bool outOfMemory = false; ///< an allocation failed, whatever became of it
     bool zoomed = false;
     bool redrawn = false;
 };

@@ -1,5 +1,7 @@
 #include "console_host/app/input_answers.h"
 
+#include "console_host/app/printable.h"
+
 #include "host/geokit/string.h"
 
 namespace {
@@ -55,8 +57,7 @@ void InputAnswers::Note(const std::wstring& text)
 
 void InputAnswers::Show(const std::wstring& text)
 {
-    const std::string utf8 = GK_wString(text).Utf8();
-    std::fwrite(utf8.data(), 1, utf8.size(), m_output);
+    WriteForPerson(m_output, GK_wString(text).Utf8());
     std::fflush(m_output);
 }
 

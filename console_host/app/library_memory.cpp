@@ -1,5 +1,7 @@
 #include "console_host/app/library_memory.h"
 
+#include "console_host/runtime/allocation_failures.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
@@ -43,8 +45,10 @@ void* LibraryMemory::Reallocate(void* block, std::size_t size)
         return Fail();
     auto* const moved =
         static_cast<Block*>(std::realloc(static_cast<Block*>(block) - 1, sizeof(Block) + size));
-    if (moved == nullptr)
+    if (moved == nullptr) {
+        NoteAllocationFailure();
         return Fail();
+    }
     moved->previous->next = moved;
     moved->next->previous = moved;
     return moved + 1;
@@ -68,8 +72,10 @@ LibraryMemory::Block* LibraryMemory::Fail() const
 
 void* LibraryMemory::Link(Block* block)
 {
-    if (block == nullptr)
+    if (block == nullptr) {
+        NoteAllocationFailure();
         return Fail();
+    }
     block->previous = &m_blocks;
     block->next = m_blocks.next;
     m_blocks.next->previous = block;

@@ -2,9 +2,9 @@
 
 #include "console_host/app/command_registry.h"
 #include "console_host/app/import_journal.h"
+#include "console_host/app/printable.h"
 #include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_windows.h"
-#include "console_host/framework/work_note.h"
 
 #include "host/app/dialog.h"
 #include "host/geokit/string.h"
@@ -21,9 +21,7 @@ void ShowMessage(const wchar_t* text, const wchar_t* caption, unsigned int flags
     if (inWindow) {
         ShowMessageWindow(text, caption, flags);
     } else {
-        WorkNote::Instance().Hide();
-        const std::string line = box.caption + ": " + box.text + "\n";
-        std::fwrite(line.data(), 1, line.size(), stderr);
+        WriteForPerson(stderr, box.caption + ": " + box.text + "\n");
     }
     CurrentJournal().boxes.push_back(std::move(box));
 }

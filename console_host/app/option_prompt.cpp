@@ -1,6 +1,7 @@
 #include "console_host/app/option_prompt.h"
 
 #include "console_host/app/answer_source.h"
+#include "console_host/app/import_journal.h"
 
 #include <algorithm>
 
@@ -122,6 +123,7 @@ int OptionPrompt::Ask()
     std::wstring word;
     while (result == NotUnderstood && NextWord(Question(), acceptNothing, word, result))
         result = Take(word);
+    CurrentJournal().cancelled = result == GetResultCancel;
     return result;
 }
 

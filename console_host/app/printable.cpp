@@ -1,17 +1,73 @@
 #include "console_host/app/printable.h"
 
-std::string Printable(std::string_view utf8)
+#include "console_host/framework/work_note.h"
+#include "console_host/runtime/terminal_output.h"
+#include "console_host/runtime/utf8.h"
+
+#include <cstdint>
+
+namespace {
+
+bool IsControl(char32_t code)
+{
+    return code < 0x20 || (code >= 0x7F && code <= 0x9F);
+}
+
+/// Separators of lines, and marks for the direction of writing.
+bool IsDisguise(char32_t code)
+{
+    return code == 0x061C || code == 0x200E || code == 0x200F ||
+           (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+}
+
+std::string Escape(char32_t code)
+{
+    constexpr std::string_view Digits = "0123456789ABCDEF";
+    std::string text = code <= 0xFF ? "\\x" : "\\u";
+    for (unsigned int bits = code <= 0xFF ? 8 : 16; bits > 0; bits -= 4)
+        text += Digits[code >> (bits - 4) & 0xFU];
+    return text;
+}
+
+bool IsLineEndOrTab(std::string_view text)
+{
+    return text.front() == '\n' || text.front() == '\t' || text.starts_with("\r\n");
+}
+
+template <class IsKept>
+std::string WithEscapes(std::string_view utf8, IsKept isKept)
 {
     std::string text;
     text.reserve(utf8.size());
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(utf8[i]);
-        const auto next = static_cast<unsigned char>(i + 1 < utf8.size() ? utf8[i + 1] : 0);
-        // U+0080 to U+009F, the second set of control characters.
-        const bool second = byte == 0xC2 && next >= 0x80 && next <= 0x9F;
-        const bool first = (byte < 0x20 && byte != '\n' && byte != '\t') || byte == 0x7F;
-        text += first || second ? '?' : utf8[i];
-        i += second ? 1 : 0;
+    while (!utf8.empty()) {
+        const Utf8Character first = FirstCharacter(utf8);
+        const bool isHarmless = first.isValid && !IsControl(first.code) && !IsDisguise(first.code);
+        if (isHarmless || isKept(utf8))
+            text += utf8.substr(0, first.size);
+        else if (first.isValid)
+            text += Escape(first.code);
+        else
+            for (const char byte : utf8.substr(0, first.size))
+                text += Escape(static_cast<unsigned char>(byte));
+        utf8.remove_prefix(first.size);
     }
     return text;
+}
+
+} // namespace
+
+std::string Printable(std::string_view utf8)
+{
+    return WithEscapes(utf8, IsLineEndOrTab);
+}
+
+std::string PrintableLine(std::string_view utf8)
+{
+    return WithEscapes(utf8, [](std::string_view) { return false; });
+}
+
+bool WriteForPerson(std::FILE* stream, std::string_view utf8)
+{
+    WorkNote::Instance().Hide();
+    return WriteUtf8(stream, Printable(utf8));
 }

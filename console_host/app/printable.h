@@ -1,8 +1,17 @@
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 
-/// The text with '?' for every control character but line ends and tabs, so that what stands in a
-/// file cannot steer a terminal.
+/// The text with an escape (\x1B, \u202E) for whatever could steer a terminal or disguise text:
+/// control characters but line ends and tabs, marks that turn the direction of writing, and bytes
+/// that are no UTF-8.
 std::string Printable(std::string_view utf8);
+
+/// The same for a text that has to stay on one line: line ends and tabs become escapes, too.
+std::string PrintableLine(std::string_view utf8);
+
+/// Writes a text for a person, printable, and hides the note that work is going on. False when it
+/// could not be written; a stream remembers that as well.
+bool WriteForPerson(std::FILE* stream, std::string_view utf8);

@@ -1,5 +1,8 @@
 #include "console_host/app/profile_store.h"
 
+#include "console_host/app/printable.h"
+#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
@@ -55,33 +58,56 @@ std::string Unescaped(std::string_view text)
     return name;
 }
 
+bool IsRemark(std::string_view line)
+{
+    return line.empty() || line.front() == ';' || line.front() == '#';
+}
+
+/// Whether a file may be replaced by settings: one with nothing in it, or a text that begins, after
+/// its remarks, with a section.
+bool LooksLikeSettings(std::string_view contents)
+{
+    if (contents.find('\0') != std::string_view::npos)
+        return false;
+    bool isEmpty = true;
+    std::optional<bool> beginsWithSection;
+    ForEachLine(contents, [&](std::string_view line) {
+        line = Trimmed(line);
+        isEmpty = isEmpty && line.empty();
+        if (!beginsWithSection && !IsRemark(line))
+            beginsWithSection = line.size() > 1 && line.front() == '[' && line.back() == ']';
+    });
+    return beginsWithSection.value_or(isEmpty);
+}
+
 void Report(const char* what, const std::filesystem::path& path, const std::string& reason)
 {
-    std::fprintf(stderr, "%s %s: %s\n", what, Utf8Path(path).c_str(), reason.c_str());
+    WriteForPerson(stderr,
+                   std::string(what) + " " + PrintableLine(Utf8Path(path)) + ": " + reason + "\n");
 }
 
 } // namespace
 
 ProfileStore::ProfileStore(std::filesystem::path path) : m_path(std::move(path))
 {
-    std::error_code error;
-    if (!std::filesystem::exists(m_path, error) && !error)
+    if (KindOfFile(m_path) == FileKind::Missing)
         return;
     try {
         Load();
     } catch (const std::runtime_error& failure) {
-        m_unreadable = true;
-        Report("cannot read the settings", m_path, failure.what());
+        m_whyUnreadable = failure.what();
     }
 }
 
 void ProfileStore::Load()
 {
     const std::string contents = ReadWholeFile(m_path);
+    if (!LooksLikeSettings(contents))
+        throw std::runtime_error("it is no settings file");
     Section* section = nullptr;
     ForEachLine(contents, [&](std::string_view line) {
         line = Trimmed(line);
-        if (line.empty() || line.front() == ';' || line.front() == '#')
+        if (IsRemark(line))
             return;
         if (line.front() == '[') {
             const bool whole = line.size() > 1 && line.back() == ']';
@@ -167,12 +193,13 @@ bool ProfileStore::Save()
 {
     if (!m_changed || m_path.empty())
         return true;
-    if (m_unreadable) {
-        Report("the settings are not saved to", m_path, "the file could not be read before");
+    if (!m_whyUnreadable.empty()) {
+        Report("the settings are not saved to", m_path, m_whyUnreadable);
         return false;
     }
     try {
-        WriteWholeFile(m_path, Text());
+        MakeFolders(FolderOf(m_path));
+        ReplaceFile(m_path, Text(), FileReplacement::Links::Follow);
     } catch (const std::runtime_error& failure) {
         Report("cannot save the settings to", m_path, failure.what());
         return false;

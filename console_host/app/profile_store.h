@@ -18,8 +18,8 @@ public:
     /// Settings in memory only.
     ProfileStore() = default;
 
-    /// Settings of a file, loaded at once. A file that does not exist yet holds none; one that
-    /// cannot be read is reported on standard error, holds none and is never replaced.
+    /// Settings of a file, loaded at once. A file that does not exist yet holds none; so does one
+    /// that cannot be read or that is no settings file, which is never replaced.
     explicit ProfileStore(std::filesystem::path path);
 
     bool ReadInt(const wchar_t* section, const wchar_t* entry, int& value) override;
@@ -30,6 +30,9 @@ public:
     /// Writes the file when anything was changed since it was loaded. A failure is reported on
     /// standard error and gives false; the file is then as it was.
     bool Save();
+
+    /// Why the file, which is there, could not be taken for settings; empty when it could.
+    [[nodiscard]] const std::string& WhyUnreadable() const { return m_whyUnreadable; }
 
 private:
     using Section = std::map<std::string, std::string>;
@@ -43,5 +46,5 @@ private:
     std::filesystem::path m_path;
     std::map<std::string, Section> m_sections;
     bool m_changed = false;
-    bool m_unreadable = false;
+    std::string m_whyUnreadable;
 };

@@ -1,6 +1,7 @@
 #include "console_host/app/string_table.h"
 
 #include "console_host/app/format_text.h"
+#include "console_host/app/printable.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
@@ -52,8 +53,9 @@ StringTable StringTable::Load(const std::filesystem::path& path)
     ForEachLine(contents, [&](std::string_view line) {
         ++lineNumber;
         if (!line.empty() && !ReadLine(line, table))
-            std::fprintf(stderr, "%s, line %d: no id, tab and text; passed over\n",
-                         Utf8Path(path).c_str(), lineNumber);
+            WriteForPerson(stderr, PrintableLine(Utf8Path(path)) + ", line " +
+                                       std::to_string(lineNumber) +
+                                       ": no id, tab and text; ignored\n");
     });
     return table;
 }
@@ -71,9 +73,8 @@ const wchar_t* StringTable::Localize(const wchar_t* text, int id)
     if (Placeholders(found->second) == Placeholders(text != nullptr ? text : L""))
         return found->second.c_str();
     if (m_noted.insert(id).second)
-        std::fprintf(stderr,
-                     "text %d of the string table has other placeholders than the "
-                     "original; the original is used\n",
-                     id);
+        WriteForPerson(stderr, "text " + std::to_string(id) +
+                                   " of the string table has other placeholders than the "
+                                   "original; the original is used\n");
     return text;
 }

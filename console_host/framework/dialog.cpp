@@ -1,5 +1,6 @@
 #include "host/framework/dialog.h"
 
+#include "console_host/app/import_journal.h"
 #include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_dialog.h"
 
@@ -79,6 +80,7 @@ int CDialog::DoModal()
     const int result = session.Run();
     if (result == DialogNotShown)
         ++Dialogs().notShown;
+    CurrentJournal().cancelled = result == DialogCancel;
     return result;
 }
 

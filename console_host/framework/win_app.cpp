@@ -1,5 +1,6 @@
 #include "host/framework/win_app.h"
 
+#include "console_host/app/registration.h"
 #include "console_host/framework/module_apps.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ std::vector<CWinApp*>& ModuleApps()
 
 CWinApp::CWinApp()
 {
-    ModuleApps().push_back(this);
+    AppendWhileLoading(ModuleApps(), this);
 }
 
 CWinApp::~CWinApp()

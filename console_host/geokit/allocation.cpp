@@ -1,6 +1,7 @@
 #include "host/geokit/allocation.h"
 
 #include "console_host/geokit/allocation_faults.h"
+#include "console_host/runtime/allocation_failures.h"
 #include "console_host/runtime/large_pages.h"
 
 #include <algorithm>
@@ -78,6 +79,12 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
     return resized;
 }
 
+[[noreturn]] void Fail()
+{
+    NoteAllocationFailure();
+    throw std::bad_alloc();
+}
+
 } // namespace
 
 void FailAllocation(long nth) noexcept
@@ -98,10 +105,10 @@ void* GK_Allocate(std::size_t size)
 void* GK_Reallocate(void* block, std::size_t size)
 {
     if (++Faults().count == Faults().failing || size > LargestBlock)
-        throw std::bad_alloc();
+        Fail();
     BlockHeader* const header = Resize(HeaderOf(block), size + sizeof(BlockHeader));
     if (header == nullptr)
-        throw std::bad_alloc();
+        Fail();
     return header + 1;
 }
 

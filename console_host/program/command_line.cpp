@@ -84,9 +84,9 @@ std::optional<int> CommandLine::Read(std::vector<std::string> arguments)
     } catch (const CLI::ParseError& end) {
         if (end.get_exit_code() == 0)
             return m_app->exit(end);
-        std::fprintf(stderr, "objimport: %s\n", end.what());
+        TellError(end.what());
     } catch (const ProgramError& error) {
-        std::fprintf(stderr, "objimport: %s\n", error.what());
+        TellError(error.what());
     }
     return 2;
 }

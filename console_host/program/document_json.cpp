@@ -5,16 +5,18 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json NameOrNull(const GK_wString& name)
+void WriteName(JsonStream& json, const GK_wString& name)
 {
-    return name.IsEmpty() ? Json() : Json(name.Utf8());
+    if (name.IsEmpty())
+        json.Null();
+    else
+        json.Value(name.Utf8());
 }
 
-Json ColorJson(const GK_Color& color)
+void WriteColor(JsonStream& json, std::string_view member, const GK_Color& color)
 {
-    return {color.Red(), color.Green(), color.Blue()};
+    json.Key(member);
+    json.Tuple(color.Red(), color.Green(), color.Blue());
 }
 
 const char* TextureType(GK_Texture::TYPE type)
@@ -31,69 +33,97 @@ const char* TextureType(GK_Texture::TYPE type)
     }
 }
 
-Json ImportJson(const ImportRecord& import)
+void WriteImport(JsonStream& json, const ImportRecord& import)
 {
     const ImportJournal& journal = import.journal;
-    Json boxes = Json::array();
-    for (const ImportJournal::Box& box : journal.boxes)
-        boxes.push_back({{"text", box.text}, {"caption", box.caption}, {"flags", box.flags}});
-    Json errors = Json::array();
-    for (const ImportJournal::KernelError& error : journal.kernelErrors)
-        errors.push_back({{"source", error.source}, {"text", error.text}});
-    Json refused = Json::array();
-    for (const ImportJournal::Refusal& refusal : journal.refused)
-        refused.push_back({{"type", refusal.type}, {"reason", refusal.reason}});
-    return {{"file", import.file},
-            {"result", import.result},
-            {"zoomed", journal.zoomed},
-            {"redrawn", journal.redrawn},
-            {"prints", journal.prints},
-            {"boxes", std::move(boxes)},
-            {"kernel_errors", std::move(errors)},
-            {"refused", std::move(refused)}};
+    json.BeginObject();
+    json.Member("file", import.file);
+    json.Member("result", import.result);
+    json.Member("outcome", OutcomeOf(import));
+    json.Member("zoomed", journal.zoomed);
+    json.Member("redrawn", journal.redrawn);
+    json.ListMember("prints", journal.prints, [&](const std::string& text) { json.Value(text); });
+    json.ListMember("boxes", journal.boxes, [&](const ImportJournal::Box& box) {
+        json.BeginObject();
+        json.Member("text", box.text);
+        json.Member("caption", box.caption);
+        json.Member("flags", static_cast<int>(box.flags));
+        json.EndObject();
+    });
+    json.ListMember("kernel_errors", journal.kernelErrors,
+                    [&](const ImportJournal::KernelError& error) {
+                        json.BeginObject();
+                        json.Member("source", error.source);
+                        json.Member("text", error.text);
+                        json.EndObject();
+                    });
+    json.ListMember("refused", journal.refused, [&](const ImportJournal::Refusal& refusal) {
+        json.BeginObject();
+        json.Member("type", refusal.type);
+        json.Member("reason", refusal.reason);
+        json.EndObject();
+    });
+    json.EndObject();
 }
 
-Json LayerJson(const GK_Layer& layer)
+void WriteLayer(JsonStream& json, const GK_Layer& layer)
 {
-    const bool top = layer.parentId == GK_nil_uuid;
-    return {{"name", NameOrNull(layer.name)},
-            {"id", GK_UuidToString(layer.id)},
-            {"parent", top ? Json() : Json(GK_UuidToString(layer.parentId))}};
+    json.BeginObject();
+    json.Key("name");
+    WriteName(json, layer.name);
+    json.Member("id", GK_UuidToString(layer.id));
+    json.Key("parent");
+    if (layer.parentId == GK_nil_uuid)
+        json.Null();
+    else
+        json.Value(GK_UuidToString(layer.parentId));
+    json.EndObject();
 }
 
-Json GroupJson(const GK_Group& group)
+void WriteGroup(JsonStream& json, const GK_Group& group)
 {
-    return {{"name", NameOrNull(group.name)}};
+    json.BeginObject();
+    json.Key("name");
+    WriteName(json, group.name);
+    json.EndObject();
 }
 
-Json MaterialJson(const GK_Material& material)
+void WriteTexture(JsonStream& json, const GK_Texture& texture)
 {
-    Json textures = Json::array();
-    for (const GK_Texture& texture : material.Textures())
-        textures.push_back({{"type", TextureType(texture.type)},
-                            {"file", texture.filename.Utf8()},
-                            {"on", texture.on},
-                            {"blend", texture.blendConstant}});
-    return {{"name", NameOrNull(material.Name())},
-            {"ambient", ColorJson(material.Ambient())},
-            {"diffuse", ColorJson(material.Diffuse())},
-            {"specular", ColorJson(material.Specular())},
-            {"transparent", ColorJson(material.transparent)},
-            {"shine", material.Shine() / GK_Material::MaxShine()},
-            {"transparency", material.Transparency()},
-            {"textures", std::move(textures)}};
+    json.BeginObject();
+    json.Member("type", TextureType(texture.type));
+    json.Member("file", texture.filename.Utf8());
+    json.Member("on", texture.on);
+    json.Member("blend", texture.blendConstant);
+    json.EndObject();
+}
+
+void WriteMaterial(JsonStream& json, const GK_Material& material)
+{
+    json.BeginObject();
+    json.Key("name");
+    WriteName(json, material.Name());
+    WriteColor(json, "ambient", material.Ambient());
+    WriteColor(json, "diffuse", material.Diffuse());
+    WriteColor(json, "specular", material.Specular());
+    WriteColor(json, "transparent", material.transparent);
+    json.Member("shine", material.Shine() / GK_Material::MaxShine());
+    json.Member("transparency", material.Transparency());
+    json.ListMember("textures", material.Textures(),
+                    [&](const GK_Texture& texture) { WriteTexture(json, texture); });
+    json.EndObject();
 }
 
 /// Writes a member that is a list, one element to a line.
-template <class List, class ToJson>
-void WriteList(JsonStream& json, std::string_view name, const List& list, ToJson toJson)
+template <class List, class Write>
+void WriteLines(JsonStream& json, std::string_view name, const List& list, Write write)
 {
     json.NewLine();
     json.Key(name);
     json.BeginArray();
     for (const auto& element : list) {
         json.NewLine();
-        json.Value(toJson(element));
+        write(json, element);
     }
     json.NewLine();
     json.EndArray();
@@ -104,8 +134,9 @@ void WriteObject(JsonStream& json, const DocumentObject& object)
     const GK_MdxObjectAttributes& attributes = *object.attributes;
     const bool ownMaterial = attributes.MaterialSource() == GK::material_from_object;
     json.BeginObject();
-    json.Member("type", Json(TypeOf(object.geometry)));
-    json.Member("name", NameOrNull(attributes.name));
+    json.Member("type", TypeOf(object.geometry));
+    json.Key("name");
+    WriteName(json, attributes.name);
     json.Member("layer", attributes.layerIndex);
     json.Key("groups");
     json.BeginArray();
@@ -113,7 +144,7 @@ void WriteObject(JsonStream& json, const DocumentObject& object)
         json.Value(group);
     json.EndArray();
     json.Member("material", attributes.materialIndex);
-    json.Member("material_source", Json(ownMaterial ? "object" : "layer"));
+    json.Member("material_source", ownMaterial ? "object" : "layer");
     WriteGeometry(json, object.geometry);
     json.EndObject();
 }
@@ -125,10 +156,10 @@ void WriteDocumentJson(TextOutput& output, std::span<const ImportRecord> imports
 {
     JsonStream json(output);
     json.BeginObject();
-    WriteList(json, "imports", imports, ImportJson);
-    WriteList(json, "layers", doc.Layers(), LayerJson);
-    WriteList(json, "groups", doc.Groups(), GroupJson);
-    WriteList(json, "materials", doc.Materials(), MaterialJson);
+    WriteLines(json, "imports", imports, WriteImport);
+    WriteLines(json, "layers", doc.Layers(), WriteLayer);
+    WriteLines(json, "groups", doc.Groups(), WriteGroup);
+    WriteLines(json, "materials", doc.Materials(), WriteMaterial);
     json.NewLine();
     json.Key("objects");
     json.BeginArray();

@@ -5,16 +5,6 @@
 
 namespace {
 
-template <class Items, class Write>
-void WriteArray(JsonStream& json, std::string_view name, const Items& items, Write write)
-{
-    json.Key(name);
-    json.BeginArray();
-    for (const auto& item : items)
-        write(item);
-    json.EndArray();
-}
-
 /// Calls `write` for 0 to `count` - 1.
 template <class Write>
 void WriteCounted(JsonStream& json, std::string_view name, int count, Write write)
@@ -41,9 +31,9 @@ void WriteVertices(JsonStream& json, const GK_Mesh& mesh)
                    static_cast<double>(point.z));
     };
     if (mesh.DoublePrecisionVerticesAreValid())
-        WriteArray(json, "vertices", mesh.DoublePrecisionVertices(), write);
+        json.ListMember("vertices", mesh.DoublePrecisionVertices(), write);
     else
-        WriteArray(json, "vertices", mesh.vertices, write);
+        json.ListMember("vertices", mesh.vertices, write);
 }
 
 void WriteNgons(JsonStream& json, const GK_Mesh& mesh)
@@ -52,8 +42,8 @@ void WriteNgons(JsonStream& json, const GK_Mesh& mesh)
     WriteCounted(json, "ngons", ngons != nullptr ? ngons->Count() : 0, [&](int i) {
         const auto ngon = ngons->Ngon(i);
         json.BeginObject();
-        WriteArray(json, "vertices", ngon.vi, [&](int vertex) { json.Value(vertex); });
-        WriteArray(json, "faces", ngon.fi, [&](int face) { json.Value(face); });
+        json.ListMember("vertices", ngon.vi, [&](int vertex) { json.Value(vertex); });
+        json.ListMember("faces", ngon.fi, [&](int face) { json.Value(face); });
         json.EndObject();
     });
 }
@@ -62,17 +52,17 @@ void WriteMesh(JsonStream& json, const GK_Mesh& mesh)
 {
     WriteVertices(json, mesh);
     // Single-precision values stand as the doubles that they exactly are.
-    WriteArray(json, "normals", mesh.normals, [&](const GK_3fVector& normal) {
+    json.ListMember("normals", mesh.normals, [&](const GK_3fVector& normal) {
         json.Tuple(static_cast<double>(normal.x), static_cast<double>(normal.y),
                    static_cast<double>(normal.z));
     });
-    WriteArray(json, "texture_coordinates", mesh.textureCoordinates, [&](const GK_2fPoint& point) {
+    json.ListMember("texture_coordinates", mesh.textureCoordinates, [&](const GK_2fPoint& point) {
         json.Tuple(static_cast<double>(point.x), static_cast<double>(point.y));
     });
-    WriteArray(json, "colors", mesh.colors, [&](const GK_Color& color) {
+    json.ListMember("colors", mesh.colors, [&](const GK_Color& color) {
         json.Tuple(color.Red(), color.Green(), color.Blue());
     });
-    WriteArray(json, "faces", mesh.faces, [&](const GK_MeshFace& face) {
+    json.ListMember("faces", mesh.faces, [&](const GK_MeshFace& face) {
         json.Tuple(face.vi[0], face.vi[1], face.vi[2], face.vi[3]);
     });
     WriteNgons(json, mesh);
@@ -96,7 +86,7 @@ void WriteCurve(JsonStream& json, const GK_Curve& curve)
     });
     WriteCounted(json, "weights", nurbs.rational ? nurbs.controlPointCount : 0,
                  [&](int i) { json.Value(nurbs.Weight(i)); });
-    WriteArray(json, "knots", nurbs.knots, [&](double knot) { json.Value(knot); });
+    json.ListMember("knots", nurbs.knots, [&](double knot) { json.Value(knot); });
 }
 
 /// Calls `write` for each control point, u running fastest.
@@ -173,12 +163,12 @@ void WriteFace(JsonStream& json, const GK_Brep& brep, const GK_BrepFace& face)
 {
     json.BeginObject();
     json.Member("surface", face.surfaceIndex);
-    WriteArray(json, "loops", face.loopIndices, [&](int loopIndex) {
+    json.ListMember("loops", face.loopIndices, [&](int loopIndex) {
         const GK_BrepLoop& loop = brep.Loop(loopIndex);
         json.BeginObject();
-        json.Member("type", nlohmann::ordered_json(LoopType(loop.type)));
-        WriteArray(json, "trims", loop.trimIndices,
-                   [&](int trim) { WriteTrim(json, brep.Trim(trim)); });
+        json.Member("type", LoopType(loop.type));
+        json.ListMember("trims", loop.trimIndices,
+                        [&](int trim) { WriteTrim(json, brep.Trim(trim)); });
         json.EndObject();
     });
     json.EndObject();
@@ -220,8 +210,8 @@ struct GeometryVisitor
     }
     void operator()(const GK_PointCloud* cloud) const
     {
-        WriteArray(json, "points", cloud->points,
-                   [&](const GK_3dPoint& point) { json.Tuple(point.x, point.y, point.z); });
+        json.ListMember("points", cloud->points,
+                        [&](const GK_3dPoint& point) { json.Tuple(point.x, point.y, point.z); });
     }
     void operator()(const GK_Brep* brep) const { WriteBrep(json, *brep); }
 };

@@ -11,3 +11,14 @@ struct ImportRecord
     bool result = false;
     ImportJournal journal;
 };
+
+/// Returns "imported", "out of memory" (something may be missing, whatever the result), "cancelled"
+/// or "failed".
+inline const char* OutcomeOf(const ImportRecord& import)
+{
+    if (import.journal.outOfMemory)
+        return "out of memory";
+    if (import.result)
+        return "imported";
+    return import.journal.cancelled ? "cancelled" : "failed";
+}

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "console_host/program/json_text.h"
 #include "console_host/program/text_output.h"
 
-#include <nlohmann/json.hpp>
+#include <string>
 #include <string_view>
 
 /// Writes one JSON value piece by piece, so that a large document is never held as text or as a
@@ -43,11 +44,17 @@ public:
         Element([&] { m_output.Write(value ? "true" : "false"); });
     }
 
-    /// A small value, made as a tree.
-    void Value(const nlohmann::ordered_json& value)
+    /// A text in UTF-8; bytes that are none stand as U+FFFD.
+    void Value(std::string_view text)
     {
-        constexpr auto Handler = nlohmann::ordered_json::error_handler_t::replace;
-        Element([&] { m_output.Write(value.dump(-1, ' ', false, Handler)); });
+        Element([&] { WriteJsonText(m_output, text); });
+    }
+    void Value(const std::string& text) { Value(std::string_view(text)); }
+    void Value(const char* text) { Value(std::string_view(text)); }
+
+    void Null()
+    {
+        Element([&] { m_output.Write("null"); });
     }
 
     template <class ValueType>
@@ -55,6 +62,17 @@ public:
     {
         Key(name);
         Value(value);
+    }
+
+    /// A member that is a list: `write` is called for each element.
+    template <class List, class Write>
+    void ListMember(std::string_view name, const List& list, Write write)
+    {
+        Key(name);
+        BeginArray();
+        for (const auto& element : list)
+            write(element);
+        EndArray();
     }
 
     /// An array of numbers.

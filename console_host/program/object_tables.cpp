@@ -17,10 +17,7 @@ constexpr auto Right = TextTable::Align::Right;
 
 std::string Shown(const GK_wString& name)
 {
-    std::string text = Printable(name.Utf8());
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\n' || c == '\t'; }, '?');
-    return Shortened(text, LongestName);
+    return Shortened(PrintableLine(name.Utf8()), LongestName);
 }
 
 template <class Table, class NameOf>

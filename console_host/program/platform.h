@@ -6,6 +6,10 @@
 /// The program's arguments in UTF-8, without the program's name.
 std::vector<std::string> ProgramArguments(int count, char** arguments);
 
+/// Has whatever ends the program from outside (a signal, the closing of the console) remove the
+/// files that are not finished.
+void RemoveUnfinishedFilesAtTheEnd();
+
 /// Makes the standard streams carry UTF-8 as it is written, and writing into a closed pipe an error
 /// like any other, for as long as the object lives.
 class StandardStreams

@@ -1,10 +1,27 @@
 #include "console_host/program/platform.h"
+#include "console_host/runtime/unfinished_file.h"
 
 #include "host/geokit/string.h"
 
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
+
+namespace {
+
+/// False leaves the event to end the program, as it would have done.
+BOOL WINAPI CleanUp(DWORD)
+{
+    RemoveUnfinishedFiles();
+    return FALSE;
+}
+
+} // namespace
+
+void RemoveUnfinishedFilesAtTheEnd()
+{
+    SetConsoleCtrlHandler(CleanUp, TRUE);
+}
 
 std::vector<std::string> ProgramArguments(int, char**)
 {

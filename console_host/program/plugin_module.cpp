@@ -1,8 +1,10 @@
 #include "console_host/program/plugin_module.h"
 
 #include "console_host/app/console_app.h"
+#include "console_host/app/printable.h"
 #include "console_host/framework/module_apps.h"
 #include "console_host/program/program_error.h"
+#include "console_host/runtime/allocation_failures.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
@@ -11,6 +13,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace {
@@ -48,8 +51,11 @@ CKelvoFileImportPlugIn* RegisteredImportPlugIn()
 
 } // namespace
 
-PlugInModule::PlugInModule(const std::filesystem::path& path) : m_library(Readable(path))
+PlugInModule::PlugInModule(const std::filesystem::path& path)
+    : m_failuresBefore(AllocationFailures()), m_library(Readable(path))
 {
+    if (AllocationFailures() > m_failuresBefore)
+        throw std::bad_alloc();
     for (std::size_t i = 0; i < m_texts.size(); ++i)
         m_texts[i] = Export<TextFunction>(m_library, TextExportNames[i], path);
     m_sdkVersion = Export<NumberFunction>(m_library, "KelvoPlugInSdkVersion", path);
@@ -67,7 +73,8 @@ PlugInModule::~PlugInModule()
     try {
         RunUnloadHook();
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "objimport: the unload hook failed: %s\n", failure.what());
+        WriteForPerson(stderr,
+                       std::string("objimport: the unload hook failed: ") + failure.what() + "\n");
     }
 }
 

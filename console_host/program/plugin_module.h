@@ -50,6 +50,7 @@ private:
     using TextFunction = const wchar_t* (*)();
     using NumberFunction = int (*)();
 
+    long m_failuresBefore; ///< allocations that failed before the module was loaded
     Library m_library;
     std::array<TextFunction, TextExportCount> m_texts{};
     NumberFunction m_sdkVersion = nullptr;

@@ -6,10 +6,11 @@
 #include "console_host/framework/dialog_state.h"
 #include "console_host/program/about.h"
 #include "console_host/program/command_line.h"
-#include "console_host/program/document_json.h"
 #include "console_host/program/import_session.h"
+#include "console_host/program/json_file.h"
 #include "console_host/program/program_error.h"
 #include "console_host/program/summary.h"
+#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/folders.h"
 #include "console_host/runtime/native_path.h"
@@ -17,63 +18,46 @@
 #include "host/app/command.h"
 #include "host/geokit/string.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <memory>
-#include <system_error>
+#include <new>
 
 namespace {
 
 constexpr int ImportFailed = 1;
 constexpr int NotDone = 2;
 
-/// A file, or standard output for "-", for the JSON.
-class JsonFile
-{
-public:
-    explicit JsonFile(const std::string& name) : m_name(name)
-    {
-        if (name.empty())
-            return;
-        m_stream = name == "-" ? stdout : OpenNative(PathFromUtf8(name), "wb");
-        if (m_stream == nullptr)
-            throw ProgramError("cannot write " + name + ": " +
-                               std::generic_category().message(errno));
-    }
-
-    JsonFile(const JsonFile&) = delete;
-    JsonFile& operator=(const JsonFile&) = delete;
-
-    ~JsonFile()
-    {
-        if (m_stream != nullptr && m_stream != stdout)
-            std::fclose(m_stream);
-    }
-
-    void Write(const ImportSession& session, const ConsoleDoc& doc)
-    {
-        if (m_stream == nullptr)
-            return;
-        TextOutput output(m_stream);
-        WriteDocumentJson(output, session.Imports(), doc);
-        if (const std::string why = output.Finish(); !why.empty())
-            throw ProgramError("cannot write " + (m_name == "-" ? "to standard output" : m_name) +
-                               ": " + why);
-    }
-
-private:
-    std::string m_name;
-    std::FILE* m_stream = nullptr;
-};
-
 /// Whether the plug-in finds the file by the wide name that it is given. Off Windows a file name
 /// may hold '\' or bytes that are no UTF-8.
 bool CanBeHandedOver(const std::filesystem::path& path)
 {
-    const std::filesystem::path absolute = std::filesystem::absolute(path);
+    const std::filesystem::path absolute = AbsolutePath(path);
     const std::filesystem::path found = NativePath(WidePath(absolute));
-    std::error_code error;
-    return found == absolute || std::filesystem::equivalent(found, absolute, error);
+    return found.native() == absolute.native() || IsSameFile(found, absolute);
+}
+
+/// Throws when what is written would take the place of something that is read, or of what is
+/// written as well.
+void CheckReplacements(const CommandLine& commandLine)
+{
+    struct Use
+    {
+        std::string name;
+        std::string file;
+    };
+    std::vector<Use> uses = {
+        {"the JSON", commandLine.json == "-" ? std::string() : commandLine.json},
+        {"the settings", commandLine.settings},
+        {"the string table", commandLine.strings},
+        {"the module", commandLine.module}};
+    for (const std::string& file : commandLine.files)
+        uses.push_back({"the input " + file, file});
+    constexpr std::size_t Written = 2;
+    for (std::size_t i = 0; i < Written; ++i)
+        for (std::size_t j = i + 1; j < uses.size(); ++j)
+            if (!uses[i].file.empty() && !uses[j].file.empty() &&
+                IsSameFile(PathFromUtf8(uses[i].file), PathFromUtf8(uses[j].file)))
+                throw ProgramError(uses[i].name + " would replace " + uses[j].name);
 }
 
 void CheckFiles(const CommandLine& commandLine)
@@ -85,16 +69,15 @@ void CheckFiles(const CommandLine& commandLine)
             why = "a name with '\\' or with bytes that are no UTF-8 cannot be given to the plug-in";
         if (!why.empty())
             throw ProgramError(std::string("cannot read ").append(file).append(": ").append(why));
-        std::error_code error;
-        if (std::filesystem::equivalent(path, PathFromUtf8(commandLine.json), error))
-            throw ProgramError("the JSON would replace the input " + file);
     }
+    CheckReplacements(commandLine);
+    CheckJsonFile(commandLine.json);
 }
 
 std::filesystem::path ModulePath(const CommandLine& commandLine)
 {
     if (!commandLine.module.empty())
-        return std::filesystem::absolute(PathFromUtf8(commandLine.module));
+        return AbsolutePath(PathFromUtf8(commandLine.module));
     return ProgramFolder() / IMPORTOBJ_MODULE;
 }
 
@@ -111,14 +94,16 @@ void LoadStrings(const CommandLine& commandLine)
 }
 
 /// The settings file of the command line, which need not exist yet.
-std::filesystem::path SettingsAskedFor(const std::string& name)
+std::unique_ptr<ProfileStore> SettingsAskedFor(const std::string& name)
 {
-    std::filesystem::path path = PathFromUtf8(name);
-    std::error_code error;
-    const bool isNew = !std::filesystem::exists(path, error) && !error;
+    const std::filesystem::path path = PathFromUtf8(name);
+    const bool isNew = KindOfFile(path) == FileKind::Missing;
     if (const std::string why = isNew ? "" : WhyUnreadable(path); !why.empty())
         throw ProgramError("cannot read the settings " + name + ": " + why);
-    return path;
+    auto profile = std::make_unique<ProfileStore>(path);
+    if (const std::string& why = profile->WhyUnreadable(); !why.empty())
+        throw ProgramError("cannot read the settings " + name + ": " + why);
+    return profile;
 }
 
 /// Options given for this run live in a store of their own, in memory.
@@ -130,15 +115,18 @@ std::unique_ptr<ProfileStore> MakeProfile(const CommandLine& commandLine, const 
         return profile;
     }
     if (!commandLine.settings.empty())
-        return std::make_unique<ProfileStore>(SettingsAskedFor(commandLine.settings));
+        return SettingsAskedFor(commandLine.settings);
     const std::filesystem::path folder = UserSettingsFolder();
     if (folder.empty()) {
-        std::fputs("objimport: the settings are not kept, since the system names no folder for "
-                   "them; --settings names a file\n",
-                   stderr);
+        TellError("the settings are not kept, since the system names no folder for them; "
+                  "--settings names a file");
         return std::make_unique<ProfileStore>();
     }
-    return std::make_unique<ProfileStore>(folder / "kelvo" / "settings.ini");
+    const std::filesystem::path path = folder / "kelvo" / "settings.ini";
+    auto profile = std::make_unique<ProfileStore>(path);
+    if (const std::string& why = profile->WhyUnreadable(); !why.empty())
+        TellError("cannot read the settings " + Utf8Path(path) + ": " + why);
+    return profile;
 }
 
 /// Writes text for the user; throws when it cannot be written.
@@ -203,7 +191,6 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     PrepareHost(commandLine, module, user);
     if (commandLine.asking == Asking::Prompt)
         SetAnswerSource(MakeStandardInputAnswers());
-    JsonFile json(commandLine.json);
     module.RunLoadHook();
 
     // The document goes before the module, whose code its objects may need.
@@ -216,7 +203,8 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     }
 
     RunUnloadHook(module);
-    json.Write(session, doc);
+    if (!commandLine.json.empty())
+        WriteJsonFile(commandLine.json, session.Imports(), doc);
     if (!commandLine.quiet)
         WriteForUser(user,
                      [&](TextOutput& output) { WriteSummary(output, session.Imports(), doc); });
@@ -240,15 +228,16 @@ int Run(const CommandLine& commandLine)
 
 int RunProgram(std::vector<std::string> arguments)
 {
-    CommandLine commandLine;
-    if (const std::optional<int> status = commandLine.Read(std::move(arguments)))
-        return *status;
     try {
+        ConsoleApp::Instance(); // counts failed allocations from here on
+        CommandLine commandLine;
+        if (const std::optional<int> status = commandLine.Read(std::move(arguments)))
+            return *status;
         return Run(commandLine);
     } catch (const ProgramError& error) {
-        std::fprintf(stderr, "objimport: %s\n", error.what());
+        TellError(error.what());
     } catch (const std::bad_alloc&) {
-        std::fputs("objimport: out of memory\n", stderr);
+        TellError("out of memory");
     }
     return NotDone;
 }

@@ -65,6 +65,15 @@ void WriteOften(TextOutput& output, const std::vector<std::string>& texts)
     WriteLeftOut(output, order.size());
 }
 
+std::string OutcomeText(const ImportRecord& import)
+{
+    const std::string outcome = OutcomeOf(import);
+    if (outcome == "out of memory")
+        return import.result ? "out of memory; imported in part"
+                             : "out of memory; the import failed";
+    return outcome == "failed" ? "the import failed" : outcome;
+}
+
 void WriteRefused(TextOutput& output, std::span<const ImportRecord> imports)
 {
     std::vector<std::string> texts;
@@ -179,8 +188,7 @@ std::string Totals(const ConsoleDoc& doc)
 void WriteSummary(TextOutput& output, std::span<const ImportRecord> imports, const ConsoleDoc& doc)
 {
     for (const ImportRecord& import : imports)
-        WriteLine(output, Printable(import.file) + ": " +
-                              (import.result ? "imported" : "the import failed"));
+        WriteLine(output, PrintableLine(import.file) + ": " + OutcomeText(import));
     WriteLine(output, Totals(doc));
     WriteObjectTables(output, doc);
     WriteMaterials(output, doc.Materials());

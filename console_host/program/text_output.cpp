@@ -1,5 +1,8 @@
 #include "console_host/program/text_output.h"
 
+#include "console_host/runtime/terminal_output.h"
+
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -23,7 +26,7 @@ TextOutput::~TextOutput()
 void TextOutput::Flush()
 {
     errno = 0;
-    if (m_error == 0 && std::fwrite(m_buffer.data(), 1, m_used, m_stream) != m_used)
+    if (m_error == 0 && m_used > 0 && !WriteUtf8(m_stream, {m_buffer.data(), m_used}))
         m_error = errno != 0 ? errno : EIO;
     m_used = 0;
 }
@@ -36,6 +39,8 @@ void TextOutput::MakeRoom(std::size_t size)
 
 void TextOutput::Write(std::string_view text)
 {
+    // A character never stands half in one write and half in the next.
+    MakeRoom(std::min(text.size(), m_buffer.size()));
     while (!text.empty()) {
         MakeRoom(1);
         const std::size_t count = std::min(text.size(), m_buffer.size() - m_used);

@@ -1,5 +1,7 @@
 #include "console_host/program/text_table.h"
 
+#include "console_host/runtime/utf8.h"
+
 #include <algorithm>
 
 namespace {
@@ -29,17 +31,12 @@ bool IsWithin(char32_t code, const Range (&ranges)[Count])
     });
 }
 
-/// Takes one character off well-formed UTF-8.
+/// Takes one character off a text.
 char32_t TakeCharacter(std::string_view& utf8)
 {
-    const auto lead = static_cast<unsigned char>(utf8.front());
-    std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    length = std::min(length, utf8.size());
-    char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i)
-        code = code << 6 | (static_cast<unsigned char>(utf8[i]) & 0x3FU);
-    utf8.remove_prefix(length);
-    return code;
+    const Utf8Character first = FirstCharacter(utf8);
+    utf8.remove_prefix(first.size);
+    return first.code;
 }
 
 int WidthOf(char32_t code)

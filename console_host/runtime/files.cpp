@@ -1,5 +1,6 @@
 #include "console_host/runtime/files.h"
 
+#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/native_path.h"
 
 #include <cerrno>
@@ -27,34 +28,20 @@ File Open(const std::filesystem::path& path, const char* mode)
     return File(OpenNative(path, mode));
 }
 
-void WriteAll(const std::filesystem::path& path, std::string_view contents)
-{
-    errno = 0;
-    File stream = Open(path, "wb");
-    if (stream == nullptr)
-        throw std::runtime_error(Reason(errno));
-    bool good = std::fwrite(contents.data(), 1, contents.size(), stream.get()) == contents.size();
-    good = std::fflush(stream.get()) == 0 && good;
-    const int error = errno;
-    good = std::fclose(stream.release()) == 0 && good;
-    if (!good)
-        throw std::runtime_error(Reason(error != 0 ? error : errno));
-}
-
 } // namespace
 
 std::string WhyUnreadable(const std::filesystem::path& path)
 {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
-    if (status.type() == std::filesystem::file_type::not_found)
+    switch (KindOfFile(path)) {
+    case FileKind::Missing:
         return "no such file";
-    if (error)
-        return error.message();
-    if (std::filesystem::is_directory(status))
+    case FileKind::Folder:
         return "a folder, not a file";
-    if (!std::filesystem::is_regular_file(status))
+    case FileKind::Special:
         return "not a plain file";
+    default:
+        break;
+    }
     errno = 0;
     if (Open(path, "rb") == nullptr)
         return Reason(errno);
@@ -79,26 +66,4 @@ std::string ReadWholeFile(const std::filesystem::path& path)
     if (std::ferror(stream.get()) != 0)
         throw std::runtime_error(Reason(errno));
     return contents;
-}
-
-void WriteWholeFile(const std::filesystem::path& path, std::string_view contents)
-{
-    std::error_code error;
-    // A link stays a link: what it points to is replaced.
-    std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
-    if (error)
-        target = path;
-    std::filesystem::create_directories(target.parent_path(), error);
-    std::filesystem::path fresh = target;
-    fresh += ".new";
-    try {
-        WriteAll(fresh, contents);
-        std::filesystem::rename(fresh, target);
-    } catch (const std::filesystem::filesystem_error& failure) {
-        std::filesystem::remove(fresh, error);
-        throw std::runtime_error(failure.code().message());
-    } catch (const std::runtime_error&) {
-        std::filesystem::remove(fresh, error);
-        throw;
-    }
 }

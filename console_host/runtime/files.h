@@ -12,10 +12,6 @@ std::string ReadWholeFile(const std::filesystem::path& path);
 /// Why a file cannot be read: "no such file", "a folder, not a file", ...; empty when it can.
 std::string WhyUnreadable(const std::filesystem::path& path);
 
-/// Writes a file by writing a new one beside it and renaming that, so that there is never half a
-/// file. Folders on the way are made. Throws std::runtime_error, saying why.
-void WriteWholeFile(const std::filesystem::path& path, std::string_view contents);
-
 /// Calls `take` for each line, without its line end (LF or CR LF) and without a byte order mark.
 template <class Take>
 void ForEachLine(std::string_view text, Take take)

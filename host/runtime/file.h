@@ -12,3 +12,8 @@
 // NOLINTNEXTLINE(*-identifier*): the name that it has on Windows
 std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode);
 #endif
+
+/// Tells the host that what the stream shows is part of what is imported (a library, an image), so
+/// that the host replaces this file by nothing that it writes. The stream stays the caller's.
+/// Throws std::bad_alloc when there is no memory.
+void KelvoNoteFileRead(std::FILE* stream);

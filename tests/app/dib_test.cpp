@@ -74,20 +74,30 @@ TEST(Dib, AFailedWriteLeavesWhatWasThere)
 {
     const TemporaryFolder folder;
     fs::create_directories(folder / "taken.png" / "content");
-    fs::create_directories(folder / "unfinished.png.part");
-    folder.Write("unfinished.png", "old");
     const CKelvoDib image = Pattern(3, 3, 24);
 
     EXPECT_FALSE(WriteDib(image, folder / "taken.png"));
-    EXPECT_FALSE(WriteDib(image, folder / "unfinished.png"));
     EXPECT_FALSE(WriteDib(image, folder / "missing" / "a.png"));
     for (const char* name : {"a.bmp", "a", "png", "a.png.tga", "a.pn"})
         EXPECT_FALSE(WriteDib(image, folder / name)) << name;
     EXPECT_FALSE(WriteDib(CKelvoDib(), folder / "empty.png"));
 
-    EXPECT_EQ(folder.Read("unfinished.png"), "old");
-    EXPECT_EQ(FileCount(folder), 3);
+    EXPECT_EQ(FileCount(folder), 1);
 }
+
+#ifndef _WIN32
+TEST(Dib, AnImageIsNotWrittenThroughWhatIsPreparedBesideIt)
+{
+    const TemporaryFolder folder;
+    const fs::path other = folder.Write("other", "kept");
+    for (const char* name : {"a.png", "a.png.part", "a.png.new"})
+        fs::create_symlink(other, folder / name);
+    EXPECT_TRUE(WriteDib(Pattern(3, 3, 24), folder / "a.png"));
+    EXPECT_EQ(folder.Read("other"), "kept");
+    EXPECT_FALSE(fs::is_symlink(folder / "a.png"));
+    EXPECT_EQ(FileCount(folder), 4);
+}
+#endif
 
 TEST(Dib, OnlyImageFilesAreRead)
 {

@@ -111,7 +111,37 @@ TEST(ProfileStore, ReportsAFailedSave)
     ProfileStore unreadable(folder.Path());
     unreadable.WriteInt(Section, L"E", 3);
     EXPECT_FALSE(unreadable.Save());
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot read"), std::string::npos);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("not saved"), std::string::npos);
+}
+
+TEST(ProfileStore, DoesNotReplaceWhatIsNoSettingsFile)
+{
+    const TemporaryFolder folder;
+    const struct
+    {
+        std::string contents;
+        bool isTaken;
+    } cases[] = {
+        {"", true},
+        {" \r\n\n", true},
+        {"; remark\n# another\n[a]\nb\n", true},
+        {"# a library\nnewmtl a\n[a]\n", false},
+        {"# a model\n", false},
+        {"{\"imports\": []}\n", false},
+        {"[a\n", false},
+        {"b=1\n[a]\n", false},
+        {std::string("[a]\n\0", 5), false},
+    };
+    for (const auto& one : cases) {
+        ProfileStore store(folder.Write("settings.ini", one.contents));
+        store.WriteInt(Section, L"E", 3);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(store.Save(), one.isTaken) << one.contents;
+        const bool isSaid =
+            testing::internal::GetCapturedStderr().find("no settings file") != std::string::npos;
+        EXPECT_NE(isSaid, one.isTaken) << one.contents;
+        EXPECT_EQ(folder.Read("settings.ini") == one.contents, !one.isTaken) << one.contents;
+    }
 }
 
 } // namespace

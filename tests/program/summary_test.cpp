@@ -26,8 +26,8 @@ bad.obj: the import failed
 5 objects: 1 mesh, 1 curve, 1 point, 1 point cloud, 1 brep; in meshes 4 vertices and 2 faces
 
 1 mesh
-  #  name     layer  groups       material  vertices  faces  n-gons  closed
-  0  häuse??  upper  wall, north  brick            4      2       1  no
+  #  name           layer  groups       material  vertices  faces  n-gons  closed
+  0  häuse\x1B\x0A  upper  wall, north  brick            4      2       1  no
 
 1 curve
   #  name  layer    groups  material  order  points  rational  closed

@@ -1,0 +1,94 @@
+#include "console_host/runtime/file_identity.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+
+FileIdentity IdentityIn(const struct stat& status) noexcept
+{
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
+std::string WhyNotAllowed(const std::filesystem::path& path, int access)
+{
+    if (faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0)
+        return {};
+    return std::generic_category().message(errno);
+}
+
+} // namespace
+
+FileKind KindOfFile(const std::filesystem::path& path) noexcept
+{
+    struct stat status
+    {
+    };
+    if (stat(path.c_str(), &status) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? FileKind::Missing : FileKind::Unknown;
+    if (S_ISREG(status.st_mode))
+        return FileKind::Plain;
+    return S_ISDIR(status.st_mode) ? FileKind::Folder : FileKind::Special;
+}
+
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) noexcept
+{
+    struct stat status
+    {
+    };
+    if (stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return IdentityIn(status);
+}
+
+std::optional<FileIdentity> IdentityOf(std::FILE* stream) noexcept
+{
+    struct stat status
+    {
+    };
+    if (fstat(fileno(stream), &status) != 0)
+        return std::nullopt;
+    return IdentityIn(status);
+}
+
+std::filesystem::path AbsolutePath(const std::filesystem::path& path)
+{
+    return std::filesystem::absolute(path);
+}
+
+std::filesystem::path FolderOf(const std::filesystem::path& path)
+{
+    const std::filesystem::path folder = path.parent_path();
+    return folder.empty() ? "." : folder;
+}
+
+std::filesystem::path FollowLinks(const std::filesystem::path& path)
+{
+    constexpr int MostLinks = 40; // as many as the system follows
+    std::filesystem::path found = path;
+    std::error_code error;
+    for (int i = 0; i < MostLinks && std::filesystem::is_symlink(found, error); ++i) {
+        const std::filesystem::path next = std::filesystem::read_symlink(found, error);
+        if (error)
+            break;
+        found = FolderOf(found) / next;
+    }
+    return found;
+}
+
+std::string WhyUnwritable(const std::filesystem::path& path)
+{
+    const std::filesystem::path target = FollowLinks(path);
+    const FileKind kind = KindOfFile(path);
+    if (kind == FileKind::Folder)
+        return "a folder, not a file";
+    if (kind == FileKind::Plain || kind == FileKind::Special)
+        if (std::string why = WhyNotAllowed(path, W_OK); !why.empty() || kind == FileKind::Special)
+            return why;
+    if (KindOfFile(FolderOf(target)) != FileKind::Folder)
+        return "no such folder";
+    return WhyNotAllowed(FolderOf(target), W_OK | X_OK);
+}

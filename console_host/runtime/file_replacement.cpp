@@ -1,0 +1,92 @@
+#include "console_host/runtime/file_replacement.h"
+
+#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/file_steps.h"
+
+#include <cerrno>
+#include <random>
+#include <stdexcept>
+#include <system_error>
+
+namespace {
+
+constexpr std::size_t RandomWords = 4;
+
+/// A name that nobody can guess, for a file beside `target`.
+std::filesystem::path FreshName(const std::filesystem::path& target)
+{
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::random_device device;
+    std::string name = ".kelvo-";
+    for (std::size_t word = 0; word < RandomWords; ++word) {
+        unsigned int bits = device();
+        for (int digit = 0; digit < 8; ++digit, bits >>= 4U)
+            name += Digits[bits & 0xFU];
+    }
+    return FolderOf(target) / (name + ".tmp");
+}
+
+/// Runs a step; what the system says of its failure in a few words is thrown.
+template <class Step>
+auto Try(Step step)
+try {
+    return step();
+} catch (const std::system_error& failure) {
+    throw std::runtime_error(failure.code().message());
+}
+
+} // namespace
+
+FileReplacement::FileReplacement(const std::filesystem::path& path, Links links) : m_target(path)
+{
+    Try([&] {
+        if (links == Links::Follow) {
+            if (KindOfFile(path) == FileKind::Special || NamesOpenStream(path)) {
+                m_stream.reset(OpenSpecial(path));
+                return;
+            }
+            m_target = FollowLinks(path);
+        }
+        m_fresh.emplace(FreshName(m_target));
+        try {
+            m_stream.reset(CreateFresh(m_fresh->Path(), m_target));
+        } catch (const std::system_error& failure) {
+            // A file of that name is another's.
+            if (failure.code() == std::errc::file_exists)
+                m_fresh->Finish();
+            throw;
+        }
+    });
+}
+
+/// The stream is closed first: some systems remove no open file.
+FileReplacement::~FileReplacement()
+{
+    m_stream.reset();
+}
+
+void FileReplacement::Commit()
+{
+    Try([&] {
+        if (m_fresh)
+            MakeDurable(m_stream.get());
+        else if (std::fflush(m_stream.get()) != 0)
+            throw std::system_error(errno, std::generic_category());
+        if (std::fclose(m_stream.release()) != 0)
+            throw std::system_error(errno, std::generic_category());
+        if (!m_fresh)
+            return;
+        MoveInto(m_fresh->Path(), m_target);
+        m_fresh->Finish();
+    });
+}
+
+void ReplaceFile(const std::filesystem::path& path, std::string_view contents,
+                 FileReplacement::Links links)
+{
+    FileReplacement file(path, links);
+    errno = 0;
+    if (std::fwrite(contents.data(), 1, contents.size(), file.Stream()) != contents.size())
+        throw std::runtime_error(std::generic_category().message(errno != 0 ? errno : EIO));
+    file.Commit();
+}

@@ -1,0 +1,13 @@
+#include "objreader/out_of_memory.h"
+
+#include "host/app/app.h"
+
+#include <new>
+
+void PrintOutOfMemory(const wchar_t* format, const wchar_t* name) noexcept
+try {
+    KelvoApp().Print(format, name);
+} catch (const std::bad_alloc&) {
+    // There is no memory even to say so.
+    return;
+}

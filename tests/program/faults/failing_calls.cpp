@@ -1,0 +1,172 @@
+#include "tests/program/faults/failing_calls.h"
+
+#include "console_host/geokit/allocation_faults.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <new>
+
+namespace {
+
+std::array<std::atomic<long>, 4> callsToFailure{};
+std::atomic<long> liveAllocations = 0;
+
+bool Fails(Call call) noexcept
+{
+    std::atomic<long>& left = callsToFailure[static_cast<std::size_t>(call)];
+    return left > 0 && --left == 0;
+}
+
+bool FailsWith(Call call, int error) noexcept
+{
+    if (!Fails(call))
+        return false;
+    errno = error;
+    return true;
+}
+
+/// The function that this program's own stands before.
+template <class Function>
+Function* Next(const char* name) noexcept
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+void* AllocateOrFail(std::size_t size)
+{
+    void* block = Fails(Call::Allocate) ? nullptr : std::malloc(size > 0 ? size : 1);
+    if (block == nullptr) {
+        // The handler throws.
+        if (const std::new_handler handler = std::get_new_handler())
+            handler();
+        throw std::bad_alloc();
+    }
+    ++liveAllocations;
+    return block;
+}
+
+void Release(void* block) noexcept
+{
+    liveAllocations -= block != nullptr ? 1 : 0;
+    std::free(block);
+}
+
+} // namespace
+
+void FailCall(Call call, long nth) noexcept
+{
+    if (call == Call::KernelAllocate)
+        FailAllocation(nth);
+    else
+        callsToFailure[static_cast<std::size_t>(call)] = nth;
+}
+
+long LiveAllocations() noexcept
+{
+    return liveAllocations;
+}
+
+void* operator new(std::size_t size)
+{
+    return AllocateOrFail(size);
+}
+
+void* operator new[](std::size_t size)
+{
+    return AllocateOrFail(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return AllocateOrFail(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+void operator delete(void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete(void* block, const std::nothrow_t&) noexcept
+{
+    Release(block);
+}
+
+void operator delete[](void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    Release(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    Release(block);
+}
+
+// Calls of the C library. What it calls itself, inside, does not come here.
+// NOLINTBEGIN(*-identifier*, *-vararg*)
+
+extern "C" {
+
+std::FILE* fopen(const char* path, const char* mode)
+{
+    static auto* const next = Next<std::FILE*(const char*, const char*)>("fopen");
+    return FailsWith(Call::Open, EMFILE) ? nullptr : next(path, mode);
+}
+
+int open(const char* path, int flags, ...)
+{
+    static auto* const next = Next<int(const char*, int, ...)>("open");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return FailsWith(Call::Open, EMFILE) ? -1 : next(path, flags, mode);
+}
+
+std::FILE* fdopen(int descriptor, const char* mode) noexcept
+{
+    static auto* const next = Next<std::FILE*(int, const char*)>("fdopen");
+    return FailsWith(Call::Open, ENOMEM) ? nullptr : next(descriptor, mode);
+}
+
+std::size_t fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* stream)
+{
+    static auto* const next =
+        Next<std::size_t(const void*, std::size_t, std::size_t, std::FILE*)>("fwrite");
+    return FailsWith(Call::Write, ENOSPC) ? 0 : next(data, size, count, stream);
+}
+
+int fflush(std::FILE* stream)
+{
+    static auto* const next = Next<int(std::FILE*)>("fflush");
+    return FailsWith(Call::Write, ENOSPC) ? EOF : next(stream);
+}
+
+int fsync(int descriptor)
+{
+    static auto* const next = Next<int(int)>("fsync");
+    return FailsWith(Call::Write, EIO) ? -1 : next(descriptor);
+}
+
+int rename(const char* from, const char* to) noexcept
+{
+    static auto* const next = Next<int(const char*, const char*)>("rename");
+    return FailsWith(Call::Write, EACCES) ? -1 : next(from, to);
+}
+}
+
+// NOLINTEND(*-identifier*, *-vararg*)
