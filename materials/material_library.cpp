@@ -48,6 +48,10 @@ bool CReadOBJ::ReadMaterialLibrary()
         }
     }
     KelvoNoteFileRead(stream);
-    CMtlReader(*this, stream).Read();
+    CMtlReader reader(*this, stream);
+    reader.Read();
+    if (reader.ReadFailed())
+        KelvoApp().Print(L"Errors occurred reading the library %s, may be incomplete.\n",
+                         GK_wString(std::string_view(name)).Array());
     return true;
 }

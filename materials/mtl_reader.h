@@ -21,6 +21,9 @@ public:
     /// the table has none of its name.
     void Read();
 
+    /// Reading broke off with an error of the stream.
+    [[nodiscard]] bool ReadFailed() const { return m_tokenizer.ReadFailed(); }
+
 private:
     bool HandleStatement();
     bool ReadColor(void (GK_Material::*set)(const GK_Color&));

@@ -41,7 +41,7 @@ std::string WithEscapes(std::string_view utf8, IsKept isKept)
     text.reserve(utf8.size());
     while (!utf8.empty()) {
         const Utf8Character first = FirstCharacter(utf8);
-        const bool isHarmless = first.isValid && !IsControl(first.code) && !IsDisguise(first.code);
+        const bool isHarmless = first.isValid && !IsSteering(first.code);
         if (isHarmless || isKept(utf8))
             text += utf8.substr(0, first.size);
         else if (first.isValid)
@@ -55,6 +55,11 @@ std::string WithEscapes(std::string_view utf8, IsKept isKept)
 }
 
 } // namespace
+
+bool IsSteering(char32_t code)
+{
+    return IsControl(code) || IsDisguise(code);
+}
 
 std::string Printable(std::string_view utf8)
 {

@@ -4,9 +4,12 @@
 #include <string>
 #include <string_view>
 
-/// The text with an escape (\x1B, \u202E) for whatever could steer a terminal or disguise text:
-/// control characters but line ends and tabs, marks that turn the direction of writing, and bytes
-/// that are no UTF-8.
+/// Whether a character could steer a terminal or disguise text: a control character, or a mark that
+/// turns the direction of writing.
+[[nodiscard]] bool IsSteering(char32_t code);
+
+/// The text with an escape (\x1B, \u202E) for every steering character but line ends and
+/// tabs, and for bytes that are no UTF-8.
 std::string Printable(std::string_view utf8);
 
 /// The same for a text that has to stay on one line: line ends and tabs become escapes, too.

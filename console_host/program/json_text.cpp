@@ -1,26 +1,28 @@
 #include "console_host/program/json_text.h"
 
+#include "console_host/app/printable.h"
 #include "console_host/runtime/utf8.h"
 
 namespace {
 
-void WriteEscape(TextOutput& output, char character)
+void WriteEscape(TextOutput& output, char32_t code)
 {
     constexpr std::string_view Digits = "0123456789abcdef";
     constexpr std::string_view Short = "\"\\\b\f\n\r\t";
     constexpr std::string_view ShortNames = "\"\\bfnrt";
     output.Write('\\');
-    if (const std::size_t index = Short.find(character); index != std::string_view::npos)
+    const std::size_t index = code < 0x80 ? Short.find(static_cast<char>(code)) : Short.npos;
+    if (index != Short.npos)
         return output.Write(ShortNames[index]);
-    const auto code = static_cast<unsigned char>(character);
-    output.Write("u00");
-    output.Write(Digits[code >> 4U]);
-    output.Write(Digits[code & 0xFU]);
+    output.Write('u');
+    for (unsigned int bits = 16; bits > 0; bits -= 4)
+        output.Write(Digits[code >> (bits - 4) & 0xFU]);
 }
 
-bool NeedsEscape(char character)
+/// JSON asks for some escapes; the others keep names in a document from steering a terminal.
+bool NeedsEscape(char32_t code)
 {
-    return static_cast<unsigned char>(character) < 0x20 || character == '"' || character == '\\';
+    return code == '"' || code == '\\' || IsSteering(code);
 }
 
 } // namespace
@@ -32,8 +34,8 @@ void WriteJsonText(TextOutput& output, std::string_view text)
         const Utf8Character first = FirstCharacter(text);
         if (!first.isValid)
             output.Write("\xEF\xBF\xBD");
-        else if (NeedsEscape(text.front()))
-            WriteEscape(output, text.front());
+        else if (NeedsEscape(first.code))
+            WriteEscape(output, first.code);
         else
             output.Write(text.substr(0, first.size));
         text.remove_prefix(first.size);

@@ -36,6 +36,13 @@ bool CanBeHandedOver(const std::filesystem::path& path)
     return found.native() == absolute.native() || IsSameFile(found, absolute);
 }
 
+/// Where the user's settings are kept; empty when the system names no folder for them.
+std::filesystem::path UserSettings()
+{
+    const std::filesystem::path folder = UserSettingsFolder();
+    return folder.empty() ? folder : folder / "kelvo" / "settings.ini";
+}
+
 /// Throws when what is written would take the place of something that is read, or of what is
 /// written as well.
 void CheckReplacements(const CommandLine& commandLine)
@@ -47,7 +54,8 @@ void CheckReplacements(const CommandLine& commandLine)
     };
     std::vector<Use> uses = {
         {"the JSON", commandLine.json == "-" ? std::string() : commandLine.json},
-        {"the settings", commandLine.settings},
+        {"the settings",
+         commandLine.settings.empty() ? Utf8Path(UserSettings()) : commandLine.settings},
         {"the string table", commandLine.strings},
         {"the module", commandLine.module}};
     for (const std::string& file : commandLine.files)
@@ -116,13 +124,12 @@ std::unique_ptr<ProfileStore> MakeProfile(const CommandLine& commandLine, const 
     }
     if (!commandLine.settings.empty())
         return SettingsAskedFor(commandLine.settings);
-    const std::filesystem::path folder = UserSettingsFolder();
-    if (folder.empty()) {
+    const std::filesystem::path path = UserSettings();
+    if (path.empty()) {
         TellError("the settings are not kept, since the system names no folder for them; "
                   "--settings names a file");
         return std::make_unique<ProfileStore>();
     }
-    const std::filesystem::path path = folder / "kelvo" / "settings.ini";
     auto profile = std::make_unique<ProfileStore>(path);
     if (const std::string& why = profile->WhyUnreadable(); !why.empty())
         TellError("cannot read the settings " + Utf8Path(path) + ": " + why);

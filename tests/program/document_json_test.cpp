@@ -1,4 +1,6 @@
+#include "console_host/app/printable.h"
 #include "console_host/program/document_json.h"
+#include "console_host/program/json_text.h"
 #include "tests/program/sample_document.h"
 #include "tests/temporary_folder.h"
 
@@ -21,6 +23,27 @@ TEST(DocumentJson, HoldsTheWholeDocument)
     const Json expected =
         Json::parse(ReadBytes(PROJECT_FOLDER "/tests/program/sample_document.json"));
     EXPECT_EQ(json.dump(1), expected.dump(1));
+}
+
+TEST(JsonText, ReadsBackTheSameAndSteersNoTerminal)
+{
+    const struct
+    {
+        std::string text;
+        std::string read;
+    } cases[] = {
+        {"a \"b\" \\ / \b\f\n\r\t", "a \"b\" \\ / \b\f\n\r\t"},
+        {std::string("\0\x1B\x7F", 3), std::string("\0\x1B\x7F", 3)},
+        {"\xC2\x9B\xE2\x80\xAE \xE6\x9C\xA8 \xF0\x9F\x8F\xA0",
+         "\xC2\x9B\xE2\x80\xAE \xE6\x9C\xA8 \xF0\x9F\x8F\xA0"},
+        {"\xFF\xE6\x9C.", "\xEF\xBF\xBD\xEF\xBF\xBD."},
+    };
+    for (const auto& one : cases) {
+        const std::string written =
+            Written([&](TextOutput& output) { WriteJsonText(output, one.text); });
+        EXPECT_EQ(Json::parse(written).get<std::string>(), one.read) << written;
+        EXPECT_EQ(Printable(written), written);
+    }
 }
 
 TEST(TextOutput, WritesNumbersThatReadBackExactly)

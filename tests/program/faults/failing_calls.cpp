@@ -14,7 +14,7 @@
 
 namespace {
 
-std::array<std::atomic<long>, 4> callsToFailure{};
+std::array<std::atomic<long>, 5> callsToFailure{};
 std::atomic<long> liveAllocations = 0;
 
 bool Fails(Call call) noexcept
@@ -141,6 +141,24 @@ std::FILE* fdopen(int descriptor, const char* mode) noexcept
 {
     static auto* const next = Next<std::FILE*(int, const char*)>("fdopen");
     return FailsWith(Call::Open, ENOMEM) ? nullptr : next(descriptor, mode);
+}
+
+std::size_t fread(void* data, std::size_t size, std::size_t count, std::FILE* stream)
+{
+    static auto* const next =
+        Next<std::size_t(void*, std::size_t, std::size_t, std::FILE*)>("fread");
+    if (!FailsWith(Call::Read, EIO))
+        return next(data, size, count, stream);
+    constexpr int ErrorSeen = 0x20;
+    stream->_flags |= ErrorSeen;
+    return 0;
+}
+
+// What a call becomes when the compiler knows how large the target is.
+std::size_t __fread_chk(void* data, std::size_t, std::size_t size, std::size_t count,
+                        std::FILE* stream)
+{
+    return fread(data, size, count, stream);
 }
 
 std::size_t fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* stream)

@@ -7,6 +7,7 @@ enum class Call
     Allocate,       ///< operator new
     KernelAllocate, ///< GK_Allocate and GK_Reallocate
     Open,
+    Read,
     Write ///< writing, flushing, bringing to the disk, closing, renaming
 };
 
