@@ -7,21 +7,23 @@
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/native_path.h"
 
+#include <algorithm>
 #include <new>
 
 namespace {
 
-ProgramError CannotWrite(const std::string& name, const std::string& why)
+[[noreturn]] void ThrowCannotWrite(const std::string& name, const std::string& why)
 {
-    return ProgramError("cannot write " + (name == "-" ? "to standard output" : name) + ": " + why);
+    const std::string target = name == "-" ? "to standard output" : name;
+    throw ProgramError("cannot write " + target + ": " + why);
 }
 
 bool IsTextureOf(const GK_Material& material, const FileIdentity& file)
 {
-    for (const GK_Texture& texture : material.Textures())
-        if (IdentityOf(NativePath(texture.filename.View())) == file)
-            return true;
-    return false;
+    const auto& textures = material.Textures();
+    return std::any_of(textures.begin(), textures.end(), [&](const GK_Texture& texture) {
+        return IdentityOf(NativePath(texture.filename.View())) == file;
+    });
 }
 
 /// What the file is to the document, when it is to be kept: "a texture"; null otherwise.
@@ -59,7 +61,7 @@ void CheckJsonFile(const std::string& name)
     if (name.empty() || name == "-")
         return;
     if (const std::string why = WhyUnwritable(PathFromUtf8(name)); !why.empty())
-        throw CannotWrite(name, why);
+        ThrowCannotWrite(name, why);
 }
 
 void WriteJsonFile(const std::string& name, std::span<const ImportRecord> imports,
@@ -75,7 +77,7 @@ try {
 } catch (const ProgramError&) {
     throw;
 } catch (const std::runtime_error& failure) {
-    throw CannotWrite(name, failure.what());
+    ThrowCannotWrite(name, failure.what());
 } catch (const std::bad_alloc&) {
-    throw CannotWrite(name, "out of memory");
+    ThrowCannotWrite(name, "out of memory");
 }

@@ -11,8 +11,9 @@ void WriteEscape(TextOutput& output, char32_t code)
     constexpr std::string_view Short = "\"\\\b\f\n\r\t";
     constexpr std::string_view ShortNames = "\"\\bfnrt";
     output.Write('\\');
-    const std::size_t index = code < 0x80 ? Short.find(static_cast<char>(code)) : Short.npos;
-    if (index != Short.npos)
+    const std::size_t index =
+        code < 0x80 ? Short.find(static_cast<char>(code)) : std::string_view::npos;
+    if (index != std::string_view::npos)
         return output.Write(ShortNames[index]);
     output.Write('u');
     for (unsigned int bits = 16; bits > 0; bits -= 4)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -24,7 +23,11 @@ struct FileIdentity
 {
     std::uint64_t volume = 0;
     std::uint64_t index = 0;
-    auto operator<=>(const FileIdentity&) const = default;
+    bool operator==(const FileIdentity&) const = default;
+    bool operator<(const FileIdentity& other) const
+    {
+        return volume != other.volume ? volume < other.volume : index < other.index;
+    }
 };
 
 /// The identity of the file at a path, links followed, or of an open stream; none when there is no
