@@ -2,11 +2,10 @@
 
 #include "host/geokit/string.h"
 
-#include <string_view>
-#include <unordered_map>
+#include <map>
 
-/// Finds the lowest index of a name, compared exactly, in a time that does not grow with the
-/// number of names.
+/// Finds the lowest index of a name, compared exactly. The names are kept in their order: names
+/// come from files, which could hold such that collide in any hash that is known.
 class NameIndex
 {
 public:
@@ -22,13 +21,13 @@ public:
     }
 
 private:
-    struct Hash
+    struct ByText
     {
-        std::size_t operator()(const GK_wString& name) const
+        bool operator()(const GK_wString& a, const GK_wString& b) const
         {
-            return std::hash<std::wstring_view>()(name.View());
+            return a.View() < b.View();
         }
     };
 
-    std::unordered_map<GK_wString, int, Hash> m_indices;
+    std::map<GK_wString, int, ByText> m_indices;
 };

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string>
-#include <unordered_map>
 
 /// Texts by id, in place of the plug-ins' English ones. A file of them holds lines of an id, a tab
 /// and a text, in UTF-8; in the text "\n", "\t" and "\\" stand for a line end, a tab and '\'.
@@ -24,6 +24,6 @@ public:
     const wchar_t* Localize(const wchar_t* text, int id);
 
 private:
-    std::unordered_map<int, std::wstring> m_texts;
+    std::map<int, std::wstring> m_texts;
     std::set<int> m_noted;
 };
