@@ -113,18 +113,40 @@ int GK_String::CompareNoCase(const char* other) const
     return m_text.size() < theirs.size() ? -1 : 1;
 }
 
+GK_wString::GK_wString(std::wstring text)
+{
+    if (!text.empty())
+        m_text = std::make_shared<std::wstring>(std::move(text));
+}
+
 GK_wString::GK_wString(std::string_view utf8)
 {
-    m_text.reserve(utf8.size());
+    std::wstring text;
+    text.reserve(utf8.size());
     while (!utf8.empty())
-        AppendWide(m_text, TakeUtf8(utf8));
+        AppendWide(text, TakeUtf8(utf8));
+    *this = GK_wString(std::move(text));
+}
+
+/// The text to change, which no other string shares.
+std::wstring& GK_wString::TextOfItsOwn()
+{
+    if (m_text == nullptr || m_text.use_count() > 1)
+        m_text = std::make_shared<std::wstring>(View());
+    return *m_text;
+}
+
+GK_wString& GK_wString::operator+=(std::wstring_view text)
+{
+    TextOfItsOwn() += text;
+    return *this;
 }
 
 std::string GK_wString::Utf8() const
 {
     std::string utf8;
-    utf8.reserve(m_text.size());
-    std::wstring_view rest = m_text;
+    std::wstring_view rest = View();
+    utf8.reserve(rest.size());
     while (!rest.empty())
         AppendUtf8(utf8, TakeWide(rest));
     return utf8;
@@ -132,24 +154,24 @@ std::string GK_wString::Utf8() const
 
 int GK_wString::ReverseFind(wchar_t character) const
 {
-    const std::size_t place = m_text.rfind(character);
+    const std::size_t place = View().rfind(character);
     return place == std::wstring::npos ? -1 : static_cast<int>(place);
 }
 
 GK_wString GK_wString::Left(int count) const
 {
-    return count <= 0 ? GK_wString()
-                      : GK_wString(m_text.substr(0, static_cast<std::size_t>(count)));
+    if (count <= 0)
+        return {};
+    return GK_wString(std::wstring(View().substr(0, static_cast<std::size_t>(count))));
 }
 
 int GK_wString::Replace(wchar_t from, wchar_t to)
 {
-    int replaced = 0;
-    for (wchar_t& character : m_text) {
-        if (character != from)
-            continue;
-        character = to;
-        ++replaced;
+    const std::wstring_view text = View();
+    const auto replaced = static_cast<int>(std::count(text.begin(), text.end(), from));
+    if (replaced > 0) {
+        std::wstring& own = TextOfItsOwn();
+        std::replace(own.begin(), own.end(), from, to);
     }
     return replaced;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -47,38 +48,38 @@ private:
 };
 
 /// A wide string: texts shown to the user, file paths, names in a document. On the product's
-/// platform it holds UTF-16, elsewhere UTF-32, as the platform's wide character does.
+/// platform it holds UTF-16, elsewhere UTF-32, as the platform's wide character does. Copies share
+/// the text until one of them changes, so that a name costs its length once, however many carry it.
 class GK_wString
 {
 public:
     GK_wString() = default;
     GK_wString(const wchar_t* text) // NOLINT(*-explicit-*): a literal is a text
-        : m_text(text != nullptr ? text : L"")
+        : GK_wString(std::wstring(text != nullptr ? text : L""))
     {
     }
-    explicit GK_wString(std::wstring text) : m_text(std::move(text)) {}
+    explicit GK_wString(std::wstring text);
 
     /// Converts from UTF-8; each byte that is no part of a well-formed sequence becomes U+FFFD.
     explicit GK_wString(std::string_view utf8);
     explicit GK_wString(const GK_String& utf8) : GK_wString(utf8.View()) {}
 
-    [[nodiscard]] int Length() const { return static_cast<int>(m_text.size()); }
-    [[nodiscard]] bool IsEmpty() const { return m_text.empty(); }
+    [[nodiscard]] int Length() const { return static_cast<int>(View().size()); }
+    [[nodiscard]] bool IsEmpty() const { return View().empty(); }
 
     /// The zero-terminated text, valid until the string changes.
-    [[nodiscard]] const wchar_t* Array() const { return m_text.c_str(); }
-    [[nodiscard]] std::wstring_view View() const { return m_text; }
+    [[nodiscard]] const wchar_t* Array() const { return m_text ? m_text->c_str() : L""; }
+    [[nodiscard]] std::wstring_view View() const
+    {
+        return m_text ? std::wstring_view(*m_text) : std::wstring_view();
+    }
 
     /// The text as UTF-8; an unpaired surrogate becomes U+FFFD.
     [[nodiscard]] std::string Utf8() const;
 
-    void Empty() { m_text.clear(); }
+    void Empty() { m_text.reset(); }
 
-    GK_wString& operator+=(std::wstring_view text)
-    {
-        m_text += text;
-        return *this;
-    }
+    GK_wString& operator+=(std::wstring_view text);
 
     /// Position of the last such character, or -1.
     [[nodiscard]] int ReverseFind(wchar_t character) const;
@@ -89,8 +90,13 @@ public:
     /// Puts `to` in place of every `from`; gives how many there were.
     int Replace(wchar_t from, wchar_t to);
 
-    friend bool operator==(const GK_wString& a, const GK_wString& b) = default;
+    friend bool operator==(const GK_wString& a, const GK_wString& b)
+    {
+        return a.m_text == b.m_text || a.View() == b.View();
+    }
 
 private:
-    std::wstring m_text;
+    std::wstring& TextOfItsOwn();
+
+    std::shared_ptr<std::wstring> m_text; ///< null: empty
 };
