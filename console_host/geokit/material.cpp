@@ -8,9 +8,18 @@ void GK_Material::Default()
     *this = GK_Material();
 }
 
-void GK_Material::SetName(GK_wString name)
+const GK_Material::Contents& GK_Material::View() const
 {
-    m_name = std::move(name);
+    static const Contents fresh;
+    return m_contents != nullptr ? *m_contents : fresh;
+}
+
+/// The contents to change, which no other material shares.
+GK_Material::Contents& GK_Material::Change()
+{
+    if (m_contents == nullptr || m_contents.use_count() > 1)
+        m_contents = std::make_shared<Contents>(View());
+    return *m_contents;
 }
 
 double GK_Material::MaxShine()
@@ -21,17 +30,18 @@ double GK_Material::MaxShine()
 void GK_Material::SetShine(double shine)
 {
     if (!std::isnan(shine))
-        m_shine = std::clamp(shine, 0.0, MaxShine());
+        Change().shine = std::clamp(shine, 0.0, MaxShine());
 }
 
 void GK_Material::SetTransparency(double transparency)
 {
     if (!std::isnan(transparency))
-        m_transparency = std::clamp(transparency, 0.0, 1.0);
+        Change().transparency = std::clamp(transparency, 0.0, 1.0);
 }
 
 int GK_Material::AddTexture(const GK_Texture& texture)
 {
-    m_textures.Append(texture);
-    return m_textures.Count() - 1;
+    GK_ClassArray<GK_Texture>& textures = Change().textures;
+    textures.Append(texture);
+    return textures.Count() - 1;
 }

@@ -5,7 +5,10 @@
 #include "host/geokit/string.h"
 #include "host/geokit/texture.h"
 
-/// How a surface looks: colours, shine, transparency and textures.
+#include <memory>
+
+/// How a surface looks: colours, shine, transparency and textures. Copies share all this but the
+/// transparent colour until one of them changes, since a table may hold one material many times.
 class GK_Material
 {
 public:
@@ -13,15 +16,15 @@ public:
     /// transparent white, no shine, no transparency, no textures.
     void Default();
 
-    void SetName(GK_wString name);
-    [[nodiscard]] const GK_wString& Name() const { return m_name; }
+    void SetName(GK_wString name) { Change().name = std::move(name); }
+    [[nodiscard]] const GK_wString& Name() const { return View().name; }
 
-    void SetAmbient(const GK_Color& color) { m_ambient = color; }
-    void SetDiffuse(const GK_Color& color) { m_diffuse = color; }
-    void SetSpecular(const GK_Color& color) { m_specular = color; }
-    [[nodiscard]] const GK_Color& Ambient() const { return m_ambient; }
-    [[nodiscard]] const GK_Color& Diffuse() const { return m_diffuse; }
-    [[nodiscard]] const GK_Color& Specular() const { return m_specular; }
+    void SetAmbient(const GK_Color& color) { Change().ambient = color; }
+    void SetDiffuse(const GK_Color& color) { Change().diffuse = color; }
+    void SetSpecular(const GK_Color& color) { Change().specular = color; }
+    [[nodiscard]] const GK_Color& Ambient() const { return View().ambient; }
+    [[nodiscard]] const GK_Color& Diffuse() const { return View().diffuse; }
+    [[nodiscard]] const GK_Color& Specular() const { return View().specular; }
 
     /// The colour of light that passes through.
     GK_Color transparent{255, 255, 255};
@@ -31,22 +34,30 @@ public:
 
     /// Kept within 0 to MaxShine(); what is not a number changes nothing.
     void SetShine(double shine);
-    [[nodiscard]] double Shine() const { return m_shine; }
+    [[nodiscard]] double Shine() const { return View().shine; }
 
     /// 0 opaque to 1 clear, kept within; what is not a number changes nothing.
     void SetTransparency(double transparency);
-    [[nodiscard]] double Transparency() const { return m_transparency; }
+    [[nodiscard]] double Transparency() const { return View().transparency; }
 
     /// Appends a copy of the texture; gives its index.
     int AddTexture(const GK_Texture& texture);
-    [[nodiscard]] const GK_ClassArray<GK_Texture>& Textures() const { return m_textures; }
+    [[nodiscard]] const GK_ClassArray<GK_Texture>& Textures() const { return View().textures; }
 
 private:
-    GK_wString m_name;
-    GK_Color m_ambient;
-    GK_Color m_diffuse{128, 128, 128};
-    GK_Color m_specular{255, 255, 255};
-    double m_shine = 0.0;
-    double m_transparency = 0.0;
-    GK_ClassArray<GK_Texture> m_textures;
+    struct Contents
+    {
+        GK_wString name;
+        GK_Color ambient;
+        GK_Color diffuse{128, 128, 128};
+        GK_Color specular{255, 255, 255};
+        double shine = 0.0;
+        double transparency = 0.0;
+        GK_ClassArray<GK_Texture> textures;
+    };
+
+    [[nodiscard]] const Contents& View() const;
+    Contents& Change();
+
+    std::shared_ptr<Contents> m_contents; ///< null: those of a fresh material
 };
