@@ -88,9 +88,25 @@ void CReadOBJ::AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes&
 {
     for (const GK_3dPoint& point : geometry.points)
         doc.AddPointObject(point, attributes, nullptr, AddAsReference);
-    for (const GK_PointCloud& cloud : geometry.pointClouds) {
-        result = AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, doc, attributes);
+    int first = 0;
+    for (const int end : geometry.cloudEnds) {
+        const std::span<const int> cloud(geometry.cloudVertices.Array() + first,
+                                         geometry.cloudVertices.Array() + end);
+        result = AddPointCloud(cloud, attributes);
+        first = end;
     }
+}
+
+/// As AddObjectOf, also when there is no memory for the cloud itself.
+bool CReadOBJ::AddPointCloud(std::span<const int> indices, const GK_MdxObjectAttributes& attributes)
+try {
+    GK_PointCloud cloud;
+    cloud.points.Reserve(static_cast<int>(indices.size()));
+    for (const int index : indices)
+        cloud.AppendPoint(vertices[index]);
+    return AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, doc, attributes);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 void CReadOBJ::AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)

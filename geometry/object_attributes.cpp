@@ -25,19 +25,25 @@ bool CReadOBJ::MakeAttributes(Group_Object& record, GK_MdxObjectAttributes& attr
     const bool hasNames = names != nullptr && !names->names.IsEmpty();
     if (HowToAddGs == AsObjectNames) {
         const bool sameNames = record.groupName == record.objectName;
-        attributes.name = GK_wString(sameNames && hasNames ? *names->names[0] : *record.groupName);
+        SetName(attributes, sameNames && hasNames ? names->names[0] : record.groupName);
         return true;
     }
-    if (UseONames)
-        attributes.name = GK_wString(*record.objectName);
-    EnterGroupNames(names);
-    if (HowToAddGs == AsGroups && hasNames) {
-        for (const int group : names->groupIndices)
-            attributes.AddToGroup(group);
-    } else if (HowToAddGs == AsLayers && hasNames) {
-        attributes.layerIndex = names->layerIndex;
+    if (hasNames) {
+        EnterGroupNames(names);
+        attributes = names->attributes;
     }
+    if (UseONames)
+        SetName(attributes, record.objectName);
     return true;
+}
+
+/// Sets the name of objects, which records that follow each other often share.
+void CReadOBJ::SetName(GK_MdxObjectAttributes& attributes, const GK_String* name)
+{
+    if (m_wideNameOf != name)
+        m_wideName = GK_wString(*name);
+    m_wideNameOf = name;
+    attributes.name = m_wideName;
 }
 
 /// Finds or adds the groups or layers of the names, once for all records that share them.
@@ -45,13 +51,14 @@ void CReadOBJ::EnterGroupNames(GroupNames* names)
 {
     if (names == nullptr || names->entered)
         return;
+    names->attributes.layerIndex = doc.LayerTable().CurrentLayerIndex();
     GK_UUID parentId = GK_nil_uuid;
     for (const GK_String* const name : names->names) {
         const GK_wString wideName(*name);
         if (HowToAddGs == AsGroups)
-            names->groupIndices.Append(FindOrAddGroup(wideName));
+            names->attributes.AddToGroup(FindOrAddGroup(wideName));
         else if (HowToAddGs == AsLayers)
-            names->layerIndex = FindOrAddLayer(wideName, parentId);
+            names->attributes.layerIndex = FindOrAddLayer(wideName, parentId);
     }
     names->entered = true;
 }

@@ -3,7 +3,7 @@
 #include "objreader/read_obj.h"
 
 #include "host/geokit/mesh.h"
-#include "host/geokit/point_cloud.h"
+#include "host/geokit/object_attributes.h"
 
 #include <vector>
 
@@ -13,9 +13,8 @@ struct CReadOBJ::GroupNames
 {
     GK_SimpleArray<const GK_String*> names;
 
-    bool entered = false;             ///< into the document, which gives the following
-    GK_SimpleArray<int> groupIndices; ///< one for each name, when names become groups
-    int layerIndex = -1;              ///< of the last name, when names become layers
+    bool entered = false;              ///< into the document, which sets the following
+    GK_MdxObjectAttributes attributes; ///< layer and groups of the objects under these names
 };
 
 /// One face: a run of a record's corners.
@@ -32,7 +31,8 @@ struct CReadOBJ::Geometry
     GK_SimpleArray<V_TN_IDX> corners; ///< of every face, end to end in the order of the file
     GK_SimpleArray<Face> faces;
     GK_SimpleArray<GK_3dPoint> points;
-    GK_ClassArray<GK_PointCloud> pointClouds;
+    GK_SimpleArray<int> cloudVertices; ///< of all point clouds, end to end in the order of the file
+    GK_SimpleArray<int> cloudEnds;     ///< one for each cloud: where its vertices end
     std::vector<std::unique_ptr<VX_NurbsCurve>> curves;
     std::vector<std::unique_ptr<VX_Brep>> breps; ///< one for each surface
     GK_SimpleArray<int> surfaceCVs; ///< positions that the latest surface names, in its order

@@ -27,12 +27,13 @@ bool CReadOBJ::ReadPoint()
 /// The points before a bad index stay in the cloud.
 bool CReadOBJ::ReadPointCloud(Geometry& geometry)
 {
-    GK_PointCloud& cloud = geometry.pointClouds.AppendNew();
+    geometry.cloudEnds.Append(geometry.cloudVertices.Count());
     for (int i = 1; i < tokenizer.TokenCount(); ++i) {
         int index = -1;
         if (!ReadVertexIndex(tokenizer.Token(i), index))
             return false;
-        cloud.AppendPoint(vertices[index]);
+        geometry.cloudVertices.Append(index);
+        *geometry.cloudEnds.Last() = geometry.cloudVertices.Count();
     }
     return true;
 }

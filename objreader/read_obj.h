@@ -298,13 +298,17 @@ private:
     void AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes, bool& result);
     void AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes& attributes,
                    bool& result);
+    bool AddPointCloud(std::span<const int> indices, const GK_MdxObjectAttributes& attributes);
     void AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result);
     void AddBreps(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result);
+    void SetName(GK_MdxObjectAttributes& attributes, const GK_String* name);
     void EnterGroupNames(GroupNames* names);
     int FindOrAddGroup(const GK_wString& name);
     int FindOrAddLayer(const GK_wString& name, GK_UUID& parentId);
 
     NameTable m_names;
+    const GK_String* m_wideNameOf = nullptr; ///< whose wide form the following is
+    GK_wString m_wideName;
     std::string m_joinedName; ///< scratch, as are the following: kept to be used again
     GK_SimpleArray<int> meshFaceIndices;
     GK_SimpleArray<double> m_polygonPoints;

@@ -3,7 +3,6 @@
 #include "console_host/app/import_journal.h"
 #include "console_host/app/soundness.h"
 
-#include <algorithm>
 #include <new>
 
 namespace {
@@ -36,9 +35,7 @@ void ConsoleDoc::CheckAttributes(const char* call, const GK_MdxObjectAttributes&
         NoteGuestFault(call, "a layer index that the document does not have");
     if (attributes.materialIndex != -1 && !IsIndexOf(attributes.materialIndex, Materials().Count()))
         NoteGuestFault(call, "a material index that the document does not have");
-    const GK_SimpleArray<int>& groups = attributes.Groups();
-    if (!std::all_of(groups.begin(), groups.end(),
-                     [this](int group) { return IsIndexOf(group, Groups().Count()); }))
+    if (!attributes.GroupsAreBelow(Groups().Count()))
         NoteGuestFault(call, "a group index that the document does not have");
 }
 

@@ -1,73 +1,37 @@
 #include "host/geokit/object_attributes.h"
 
-#include <algorithm>
-#include <limits>
-
-namespace {
-
-constexpr int FewGroups = 32;
-constexpr int NoGroup = std::numeric_limits<int>::min();
-
-/// The place of a group in a hash table whose size is a power of two: where it stands, or the free
-/// place where it belongs.
-int PlaceOf(const GK_SimpleArray<int>& table, int groupIndex)
-{
-    const auto last = static_cast<unsigned int>(table.Count() - 1);
-    constexpr unsigned int Spread = 2654435769U;
-    auto place = static_cast<unsigned int>(groupIndex) * Spread & last;
-    while (table[static_cast<int>(place)] != NoGroup &&
-           table[static_cast<int>(place)] != groupIndex)
-        place = (place + 1) & last;
-    return static_cast<int>(place);
-}
-
-} // namespace
-
 void GK_MdxObjectAttributes::Default()
 {
     *this = GK_MdxObjectAttributes();
 }
 
-void GK_MdxObjectAttributes::RemoveFromAllGroups()
-{
-    m_groups.Empty();
-    m_groupIndex.Empty();
-}
-
 void GK_MdxObjectAttributes::AddToGroup(int groupIndex)
 {
-    if (IsInGroup(groupIndex))
+    if (m_groups != nullptr && m_groups->members.contains(groupIndex))
         return;
-    m_groups.Append(groupIndex);
-    if (m_groups.Count() > FewGroups && m_groups.Count() * 2 > m_groupIndex.Count())
-        IndexGroups(m_groups.Count() * 4);
-    else if (!m_groupIndex.IsEmpty())
-        m_groupIndex[PlaceOf(m_groupIndex, groupIndex)] = groupIndex;
+    if (m_groups == nullptr)
+        m_groups = std::make_shared<GroupList>();
+    else if (m_groups.use_count() > 1)
+        m_groups = std::make_shared<GroupList>(*m_groups);
+    m_groups->members.insert(groupIndex);
+    m_groups->inOrder.push_back(groupIndex);
 }
 
-bool GK_MdxObjectAttributes::IsInGroup(int groupIndex) const
+const std::vector<int>& GK_MdxObjectAttributes::Groups() const
 {
-    if (m_groupIndex.IsEmpty())
-        return std::find(m_groups.begin(), m_groups.end(), groupIndex) != m_groups.end();
-    return m_groupIndex[PlaceOf(m_groupIndex, groupIndex)] == groupIndex;
+    static const std::vector<int> none;
+    return m_groups != nullptr ? m_groups->inOrder : none;
 }
 
-void GK_MdxObjectAttributes::IndexGroups(int capacity)
+bool GK_MdxObjectAttributes::GroupsAreBelow(int count) const
 {
-    int size = FewGroups;
-    while (size < capacity)
-        size *= 2;
-    GK_SimpleArray<int> table;
-    table.SetCount(size);
-    std::fill(table.begin(), table.end(), NoGroup);
-    for (const int group : m_groups)
-        table[PlaceOf(table, group)] = group;
-    m_groupIndex = std::move(table);
+    return m_groups == nullptr || m_groups->members.empty() ||
+           (*m_groups->members.begin() >= 0 && *m_groups->members.rbegin() < count);
 }
 
 bool operator==(const GK_MdxObjectAttributes& a, const GK_MdxObjectAttributes& b)
 {
     return a.layerIndex == b.layerIndex && a.materialIndex == b.materialIndex &&
            a.m_materialSource == b.m_materialSource && a.name == b.name &&
-           std::equal(a.m_groups.begin(), a.m_groups.end(), b.m_groups.begin(), b.m_groups.end());
+           (a.m_groups == b.m_groups || a.Groups() == b.Groups());
 }

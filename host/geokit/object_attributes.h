@@ -1,7 +1,10 @@
 #pragma once
 
-#include "host/geokit/simple_array.h"
 #include "host/geokit/string.h"
+
+#include <memory>
+#include <set>
+#include <vector>
 
 namespace GK {
 
@@ -15,7 +18,7 @@ enum object_material_source
 } // namespace GK
 
 /// What an object carries beside its geometry. Indices are those of the document's tables; -1 is
-/// none.
+/// none. Copies share the name and the groups until one of them changes.
 class GK_MdxObjectAttributes
 {
 public:
@@ -26,13 +29,16 @@ public:
     /// Back to the defaults: layer 0, no name, no groups, no material of its own.
     void Default();
 
-    void RemoveFromAllGroups();
+    void RemoveFromAllGroups() { m_groups.reset(); }
 
     /// Adds the object to a group once; a second time changes nothing.
     void AddToGroup(int groupIndex);
 
     /// The groups in the order of adding.
-    [[nodiscard]] const GK_SimpleArray<int>& Groups() const { return m_groups; }
+    [[nodiscard]] const std::vector<int>& Groups() const;
+
+    /// Every group is one of the first `count`.
+    [[nodiscard]] bool GroupsAreBelow(int count) const;
 
     void SetMaterialSource(GK::object_material_source source) { m_materialSource = source; }
     [[nodiscard]] GK::object_material_source MaterialSource() const { return m_materialSource; }
@@ -40,10 +46,12 @@ public:
     friend bool operator==(const GK_MdxObjectAttributes& a, const GK_MdxObjectAttributes& b);
 
 private:
-    [[nodiscard]] bool IsInGroup(int groupIndex) const;
-    void IndexGroups(int capacity);
+    struct GroupList
+    {
+        std::vector<int> inOrder;
+        std::set<int> members;
+    };
 
-    GK_SimpleArray<int> m_groups;
-    GK_SimpleArray<int> m_groupIndex; ///< hash table of m_groups; empty while those are few
+    std::shared_ptr<GroupList> m_groups; ///< null: none
     GK::object_material_source m_materialSource = GK::material_from_layer;
 };

@@ -28,7 +28,11 @@ public:
             Append(value);
     }
 
-    GK_SimpleArray(const GK_SimpleArray& other) { Append(other.m_count, other.m_elements); }
+    GK_SimpleArray(const GK_SimpleArray& other)
+    {
+        Reserve(other.m_count);
+        Append(other.m_count, other.m_elements);
+    }
 
     GK_SimpleArray(GK_SimpleArray&& other) noexcept { Swap(other); }
 

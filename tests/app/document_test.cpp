@@ -151,9 +151,9 @@ TEST_F(Document, ObjectsAreInAGroupOnce)
 {
     for (int i = 0; i < 1000; ++i)
         attributes.AddToGroup(i % 400);
-    ASSERT_EQ(attributes.Groups().Count(), 400);
+    ASSERT_EQ(attributes.Groups().size(), 400U);
     for (int i = 0; i < 400; ++i)
-        EXPECT_EQ(attributes.Groups()[i], i);
+        EXPECT_EQ(attributes.Groups()[static_cast<std::size_t>(i)], i);
 }
 
 TEST_F(Document, ZoomsToWhatItHolds)

@@ -192,7 +192,7 @@ TEST_F(PointStatement, AnIndexOfNothingEndsTheParse)
         EXPECT_TRUE(Journal().prints.empty());
         const CReadOBJ::Geometry& geometry = reader.currentGroup->GeometryToFill();
         EXPECT_EQ(geometry.points.Count(), 0);
-        EXPECT_EQ(geometry.pointClouds.Count(), clouds);
+        EXPECT_EQ(geometry.cloudEnds.Count(), clouds);
     }
 }
 
