@@ -26,17 +26,11 @@ std::string NameAt(const Table& table, int index, NameOf nameOf)
     return index >= 0 && index < table.Count() ? Shown(nameOf(table[index])) : "-";
 }
 
-std::string GroupNames(const ConsoleDoc& doc, const GK_SimpleArray<int>& groups)
+std::string GroupNames(const ConsoleDoc& doc, const std::vector<int>& groups)
 {
-    constexpr int ShownGroups = 3;
-    std::string names;
-    for (int i = 0; i < std::min(groups.Count(), ShownGroups); ++i)
-        names.append(i > 0 ? ", " : "").append(NameAt(doc.Groups(), groups[i], [](const auto& g) {
-            return g.name;
-        }));
-    if (groups.Count() > ShownGroups)
-        names.append(" + ").append(Number(static_cast<std::size_t>(groups.Count() - ShownGroups)));
-    return names.empty() ? "-" : names;
+    return FirstFew(groups, [&doc](int group) {
+        return NameAt(doc.Groups(), group, [](const auto& g) { return g.name; });
+    });
 }
 
 /// The cells that every kind of object has.

@@ -12,6 +12,21 @@ std::string Counted(std::size_t count, const char* one, const char* many);
 /// The count in groups of three digits.
 std::string Number(std::size_t count);
 
+/// The texts of the first few elements of a list, and how many more there are; "-" for none.
+template <class List, class ToText>
+std::string FirstFew(const List& list, ToText toText)
+{
+    constexpr std::size_t Shown = 3;
+    std::string text;
+    std::size_t count = 0;
+    for (const auto& element : list)
+        if (++count <= Shown)
+            text.append(count > 1 ? ", " : "").append(toText(element));
+    if (count > Shown)
+        text.append(" + ").append(Number(count - Shown));
+    return text.empty() ? "-" : text;
+}
+
 /// Says how many of a list are left out, when any are.
 void WriteLeftOut(TextOutput& output, std::size_t count);
 

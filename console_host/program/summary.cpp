@@ -98,6 +98,12 @@ void WriteKernelErrors(TextOutput& output, std::span<const ImportRecord> imports
     WriteOften(output, texts);
 }
 
+std::string TextureText(const GK_Texture& texture)
+{
+    constexpr std::array<const char*, 4> Words = {"", "bitmap ", "bump ", "transparency "};
+    return Words[static_cast<std::size_t>(texture.type)] + OneLine(texture.filename.Utf8());
+}
+
 void WriteMaterials(TextOutput& output, const GK_ClassArray<GK_Material>& materials)
 {
     if (materials.IsEmpty())
@@ -112,17 +118,10 @@ void WriteMaterials(TextOutput& output, const GK_ClassArray<GK_Material>& materi
                      {"textures"}});
     for (int i = 0; i < std::min(materials.Count(), ShownRows); ++i) {
         const GK_Material& material = materials[i];
-        std::string textures;
-        for (const GK_Texture& texture : material.Textures()) {
-            constexpr std::array<const char*, 4> Words = {"", "bitmap ", "bump ", "transparency "};
-            textures.append(textures.empty() ? "" : ", ")
-                .append(Words[static_cast<std::size_t>(texture.type)])
-                .append(OneLine(texture.filename.Utf8()));
-        }
-        table.AddRow({std::to_string(i), OneLine(material.Name().Utf8()),
-                      ColorText(material.Diffuse()),
-                      Percent(material.Shine() / GK_Material::MaxShine()),
-                      Percent(material.Transparency()), textures.empty() ? "-" : textures});
+        table.AddRow(
+            {std::to_string(i), OneLine(material.Name().Utf8()), ColorText(material.Diffuse()),
+             Percent(material.Shine() / GK_Material::MaxShine()), Percent(material.Transparency()),
+             FirstFew(material.Textures(), TextureText)});
     }
     table.Write(output);
     WriteLeftOut(output, count);
