@@ -12,13 +12,23 @@ CMtlReader::CMtlReader(CReadOBJ& objReader, std::FILE* stream)
 {
 }
 
-void CMtlReader::Read()
+void EnterMaterials(const MtlMaterials& materials, CKelvoMaterialTable& table)
+{
+    for (const GK_Material& material : materials) {
+        const bool isLast = &material == materials.Last();
+        if (!isLast || table.FindMaterial(material.Name(), true) == -1)
+            table.AddMaterial(material, false);
+    }
+}
+
+MtlMaterials CMtlReader::Read()
 {
     while (!m_tokenizer.AtEnd() && m_tokenizer.ReadLine()) {
         if (m_tokenizer.TokenCount() > 0 && !HandleStatement())
             break;
     }
-    FinishLastMaterial();
+    FinishMaterial();
+    return std::move(m_materials);
 }
 
 /// False ends the reading of the library.
@@ -89,17 +99,15 @@ void CMtlReader::BeginMaterial()
 {
     if (m_tokenizer.TokenCount() < 2)
         return;
-    if (!m_material.Name().IsEmpty())
-        m_objReader.doc.MaterialTable().AddMaterial(m_material, false);
+    FinishMaterial();
     m_material.Default();
     m_material.SetName(GK_wString(std::string_view(JoinTokens(" "))));
 }
 
-void CMtlReader::FinishLastMaterial()
+void CMtlReader::FinishMaterial()
 {
-    CKelvoMaterialTable& table = m_objReader.doc.MaterialTable();
-    if (!m_material.Name().IsEmpty() && table.FindMaterial(m_material.Name(), true) == -1)
-        table.AddMaterial(m_material, false);
+    if (!m_material.Name().IsEmpty())
+        m_materials.Append(m_material);
 }
 
 void CMtlReader::AddTexture(GK_Texture::TYPE type, std::string_view fileName)
@@ -132,6 +140,12 @@ void CMtlReader::AddSplitTexture(GK_Texture& diffuse)
         m_material.AddTexture(diffuse);
     if (isSplit && alpha.on)
         m_material.AddTexture(alpha);
+}
+
+void CReadOBJ::FinishTextures()
+{
+    if (splitOutcomes != nullptr)
+        splitOutcomes->Finish();
 }
 
 /// The tokens behind the keyword as one text, valid until the next call.

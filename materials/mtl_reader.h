@@ -7,19 +7,26 @@
 #include <cstdio>
 #include <string>
 
+class CKelvoMaterialTable;
 class CReadOBJ;
 
-/// Reads one material library into the material table of the document that is imported into.
+/// The materials of a library, in its order. All have names.
+using MtlMaterials = GK_ClassArray<GK_Material>;
+
+/// Adds the materials of a library to a table; the last one only when the table has none of its
+/// name.
+void EnterMaterials(const MtlMaterials& materials, CKelvoMaterialTable& table);
+
+/// Reads one material library.
 class CMtlReader
 {
 public:
     /// Takes the open stream over. The reader of the OBJ file must outlive this one.
     CMtlReader(CReadOBJ& objReader, std::FILE* stream);
 
-    /// Reads to the end of the library, or to the first colour that cannot be read. Each material
-    /// is added to the table when the next one begins, the last one at the end, and that only when
-    /// the table has none of its name.
-    void Read();
+    /// Returns the materials up to the end of the library, or to the first colour that cannot be
+    /// read. To be called once.
+    MtlMaterials Read();
 
     /// Reading broke off with an error of the stream.
     [[nodiscard]] bool ReadFailed() const { return m_tokenizer.ReadFailed(); }
@@ -31,7 +38,7 @@ private:
     void ReadOpacity();
 
     void BeginMaterial();
-    void FinishLastMaterial();
+    void FinishMaterial();
 
     void AddTexture(GK_Texture::TYPE type, std::string_view fileName);
     void AddSplitTexture(GK_Texture& diffuse);
@@ -40,6 +47,7 @@ private:
 
     CReadOBJ& m_objReader;
     CObjLineTokenizer m_tokenizer;
+    MtlMaterials m_materials;
     GK_Material m_material; ///< being gathered; it has no name before the first "newmtl"
     std::string m_joined;   ///< scratch
 };

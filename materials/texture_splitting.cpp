@@ -14,31 +14,43 @@ bool WriteForTexture(const CKelvoDib& image, const GK_wString& file, GK_Texture&
     return texture.on;
 }
 
+GK_wString FileBeside(const GK_wString& source, std::wstring_view ending)
+{
+    GK_wString name = source.Left(source.ReverseFind(L'.'));
+    name += ending;
+    return name;
+}
+
 } // namespace
+
+GK_wString ColorFileOf(const GK_wString& source)
+{
+    return FileBeside(source, L"_kvDiffuse.png");
+}
+
+GK_wString AlphaFileOf(const GK_wString& source)
+{
+    return FileBeside(source, L"_kvAlpha.png");
+}
 
 bool SplitTexture(GK_Texture& diffuse, GK_Texture& alpha)
 {
     const GK_wString source = diffuse.filename;
-    const int dot = source.ReverseFind(L'.');
     CKelvoDib image;
-    if (dot < 0 || image.ReadFromFile(source.Array()) == 0)
+    if (source.ReverseFind(L'.') < 0 || image.ReadFromFile(source.Array()) == 0)
         return false;
-    GK_wString colorFile = source.Left(dot);
-    GK_wString alphaFile = colorFile;
-    colorFile += L"_kvDiffuse.png";
-    alphaFile += L"_kvAlpha.png";
 
     bool white = true;
     CKelvoDib alphaImage;
     const bool isTransparent = SplitImage(image, alphaImage, white);
     bool alphaWritten = false;
     if (isTransparent) {
-        alphaWritten = WriteForTexture(alphaImage, alphaFile, alpha);
+        alphaWritten = WriteForTexture(alphaImage, AlphaFileOf(source), alpha);
         if (alphaWritten)
             alpha.type = GK_Texture::TYPE::transparency_texture;
         alphaImage.DestroyDib();
     }
-    const bool colorWritten = !white && WriteForTexture(image, colorFile, diffuse);
+    const bool colorWritten = !white && WriteForTexture(image, ColorFileOf(source), diffuse);
     if (isTransparent && (alphaWritten || colorWritten)) {
         diffuse.on = colorWritten;
         return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 class CKelvoDib;
+class GK_wString;
 struct GK_Texture;
 
 /// Splits the image of a texture with 32 bits a pixel into two PNG files beside it: the colours
@@ -10,6 +11,10 @@ struct GK_Texture;
 /// has its source file or, for an image without transparency, the colour file. Every failure leaves
 /// the source file in use.
 bool SplitTexture(GK_Texture& diffuse, GK_Texture& alpha);
+
+/// The files that a texture's image is split into.
+GK_wString ColorFileOf(const GK_wString& source);
+GK_wString AlphaFileOf(const GK_wString& source);
 
 /// Splits an image of 32 bits: `image` becomes its own colours with 24 bits and `alphaImage` its
 /// alpha channel as grey, or empty when every pixel is opaque. `white`: every pixel has a red,

@@ -80,6 +80,14 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
 bool CReadOBJ::Parse()
 {
     const CWaitCursor waitCursor;
+    const bool result = ParseStatements();
+    FinishTextures();
+    return result && !tokenizer.ReadFailed();
+}
+
+/// Reads to the end of the file or to the first statement that ends the parse; this gives false.
+bool CReadOBJ::ParseStatements()
+{
     bool result = true;
     while (result && !tokenizer.AtEnd()) {
         if (ReadPlainStatement())
@@ -89,7 +97,7 @@ bool CReadOBJ::Parse()
         if (tokenizer.TokenCount() > 0)
             result = HandleStatement();
     }
-    return result && !tokenizer.ReadFailed();
+    return result;
 }
 
 /// Reads the next line when it is one of those that files consist of, and a plain one. False, and

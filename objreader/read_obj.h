@@ -23,6 +23,7 @@
 #include <span>
 #include <string>
 
+class MaterialLibraries;
 class SplitOutcomes;
 
 /// All state of one import of one OBJ file: it is made for the file, `Parse` reads the file's
@@ -131,6 +132,10 @@ public:
     /// is then printed.
     bool ReadMaterialLibrary();
 
+    /// Brings the files of textures that were split to their final state; to be called when all
+    /// libraries have been read.
+    void FinishTextures();
+
     /// Puts the OBJ file's drive and folder before a file name and turns each '/' into '\'. False,
     /// with the name unchanged, for an empty name, for one that has drive, folder, name and
     /// extension, and for one with a part of more than 255 characters.
@@ -212,7 +217,8 @@ public:
     bool parmUSet = false;                   ///< knots in u were given since the last "surf"
     bool parmVSet = false;
 
-    std::shared_ptr<SplitOutcomes> splitOutcomes; ///< null until a texture is split
+    std::shared_ptr<MaterialLibraries> materialLibraries; ///< null until one is named
+    std::shared_ptr<SplitOutcomes> splitOutcomes;         ///< null until a texture is split
 
     double tolerance; ///< the document's absolute tolerance
     GK_Xform ObjYToZ; ///< (x, y, z) becomes (x, -z, y)
@@ -227,6 +233,7 @@ public:
 private:
     struct Statement;
     static const Statement* FindStatement(const char* keyword);
+    bool ParseStatements();
     bool HandleStatement();
 
     // Lines of numbers or corners with spaces between them, as nearly all are, are read in place,

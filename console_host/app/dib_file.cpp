@@ -96,7 +96,8 @@ try {
 int CKelvoDib::ReadFromFile(const wchar_t* path)
 try {
     const File file(_wfopen(path, L"rb"));
-    if (file == nullptr || !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
+    if (file == nullptr || !IsPlainFile(file.get()) ||
+        !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
         return 0;
     KelvoNoteFileRead(file.get());
     return ReadImage(ReadBytes(file.get(), SizeOf(file.get())), *this) ? 1 : 0;

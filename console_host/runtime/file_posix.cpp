@@ -26,13 +26,25 @@ int OpenFlags(std::string_view mode)
     }
 }
 
-/// Pipes and devices may never end, and a folder is no file.
-bool IsPlainFile(int descriptor)
+bool IsPlain(int descriptor, int flags)
 {
     struct stat status
     {
     };
-    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    const bool isToBeRead = (flags & O_ACCMODE) == O_RDONLY;
+    char bytes[4096];
+    return status.st_size > 0 || !isToBeRead || pread(descriptor, bytes, sizeof bytes, 0) == 0;
+}
+
+/// The folder's own path, then the name as it stands in it.
+std::filesystem::path KeyOf(const std::filesystem::path& path)
+{
+    std::error_code error;
+    const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
+    const std::filesystem::path canonical = std::filesystem::canonical(folder, error);
+    return error ? path.lexically_normal() : canonical / path.filename();
 }
 
 } // namespace
@@ -52,8 +64,24 @@ std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode)
         open(NativePath(path).c_str(), flags | O_NONBLOCK | O_CLOEXEC, ReadAndWrite);
     if (descriptor < 0)
         return nullptr;
-    std::FILE* stream = IsPlainFile(descriptor) ? fdopen(descriptor, narrowMode.c_str()) : nullptr;
+    std::FILE* stream =
+        IsPlain(descriptor, flags) ? fdopen(descriptor, narrowMode.c_str()) : nullptr;
     if (stream == nullptr)
         close(descriptor);
     return stream;
+}
+
+bool IsPlainFile(std::FILE* stream)
+{
+    return IsPlain(fileno(stream), O_RDONLY);
+}
+
+std::filesystem::path FileKey(const wchar_t* name)
+{
+    return KeyOf(NativePath(name));
+}
+
+std::filesystem::path FileKey(const char* name)
+{
+    return KeyOf(name);
 }

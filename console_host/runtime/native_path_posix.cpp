@@ -1,46 +1,13 @@
+#include "console_host/runtime/folder_names.h"
 #include "console_host/runtime/native_path.h"
 
 #include "host/geokit/string.h"
 
 #include <algorithm>
 #include <climits>
-#include <clocale>
-#include <cwctype>
-#include <dirent.h>
-#include <memory>
 #include <sys/stat.h>
 
 namespace {
-
-/// Case of letters beyond ASCII, whatever the process's locale is.
-class CaseFolding
-{
-public:
-    CaseFolding() : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {}
-    CaseFolding(const CaseFolding&) = delete;
-    CaseFolding& operator=(const CaseFolding&) = delete;
-    ~CaseFolding()
-    {
-        if (m_locale != nullptr)
-            freelocale(m_locale);
-    }
-
-    [[nodiscard]] std::wstring Fold(std::string_view utf8) const
-    {
-        std::wstring text(GK_wString(utf8).View());
-        for (wchar_t& character : text)
-            character = static_cast<wchar_t>(FoldOne(static_cast<wint_t>(character)));
-        return text;
-    }
-
-private:
-    [[nodiscard]] wint_t FoldOne(wint_t character) const
-    {
-        return m_locale != nullptr ? towlower_l(character, m_locale) : std::towlower(character);
-    }
-
-    locale_t m_locale;
-};
 
 bool Exists(const std::string& path)
 {
@@ -48,25 +15,6 @@ bool Exists(const std::string& path)
     {
     };
     return stat(path.c_str(), &status) == 0;
-}
-
-/// The name in `folder` that equals `name` but for case; empty when there is none.
-std::string NameWithoutCase(const std::string& folder, std::string_view name)
-{
-    const auto close = [](DIR* stream) { closedir(stream); };
-    const std::unique_ptr<DIR, decltype(close)> stream(opendir(folder.c_str()), close);
-    if (stream == nullptr)
-        return {};
-    const CaseFolding folding;
-    const std::wstring wanted = folding.Fold(name);
-    std::string found;
-    while (const dirent* entry = readdir(stream.get())) {
-        const std::string_view candidate = entry->d_name;
-        const bool better = found.empty() || candidate < found;
-        if (better && folding.Fold(candidate) == wanted)
-            found = candidate;
-    }
-    return found;
 }
 
 /// Finds a path part by part.
@@ -81,7 +29,8 @@ std::string FindWithoutCase(std::string_view path)
         if (Exists(found + std::string(part))) {
             found += part;
         } else {
-            const std::string name = NameWithoutCase(found.empty() ? "." : found, part);
+            const std::string name =
+                FolderNames::Instance().Find(found.empty() ? "." : found, part);
             if (name.empty())
                 return found.append(path);
             found += name;

@@ -31,7 +31,8 @@ protected:
     {
         const fs::path path = m_folder.Write("library.mtl", text);
         CReadOBJ reader(L"C:\\models\\scene.obj", m_document, m_options);
-        CMtlReader(reader, std::fopen(path.string().c_str(), "rb")).Read();
+        EnterMaterials(CMtlReader(reader, std::fopen(path.string().c_str(), "rb")).Read(),
+                       m_document.MaterialTable());
     }
 
     /// The material that these statements make.

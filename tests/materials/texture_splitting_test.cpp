@@ -1,6 +1,5 @@
 #include "console_host/app/document.h"
 #include "console_host/runtime/native_path.h"
-#include "materials/mtl_reader.h"
 #include "materials/texture_splitting.h"
 #include "objreader/read_obj.h"
 #include "tests/temporary_folder.h"
@@ -99,12 +98,12 @@ protected:
     std::vector<std::string> Textures(const std::string& file = "wood.png")
     {
         m_folder.Write("library.mtl", "newmtl a\nmap_Kd " + file + "\n");
-        const std::wstring obj = WidePath(m_folder / "scene.obj");
+        const std::wstring obj = WidePath(m_folder.Write("scene.obj", "mtllib library.mtl\n"));
         ConsoleDoc document(0.001);
         const CKelvoFileReadOptions options;
         CReadOBJ reader(obj.c_str(), document, options);
         reader.Split32bitTextures = true;
-        CMtlReader(reader, std::fopen((m_folder / "library.mtl").string().c_str(), "rb")).Read();
+        EXPECT_TRUE(reader.Parse());
         std::vector<std::string> textures;
         for (const GK_Texture& texture : document.Materials()[0].Textures()) {
             EXPECT_TRUE(texture.on);
