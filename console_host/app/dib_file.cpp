@@ -1,10 +1,13 @@
 #include "console_host/app/dib_layout.h"
+#include "console_host/app/image_header.h"
 #include "console_host/app/image_library.h"
 #include "console_host/app/image_reader.h"
+#include "console_host/app/import_journal.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/native_path.h"
 
 #include "host/app/dib.h"
+#include "host/geokit/string.h"
 #include "host/runtime/file.h"
 #include "host/runtime/split_path.h"
 
@@ -91,6 +94,17 @@ try {
     return false;
 }
 
+/// Says which image was not read for its size. Every other that is not read is none at all.
+void NoteWhenTooLarge(const wchar_t* path, ImageBytes file)
+{
+    ImageHeader header;
+    if (!ReadImageHeader(file, header) || IsInProportion(header, file.size()))
+        return;
+    NoteRefused("image", GK_wString(path).Utf8() + ": " + std::to_string(header.width) + " x " +
+                             std::to_string(header.height) + " pixels in a file of " +
+                             std::to_string(file.size()) + " bytes are out of proportion");
+}
+
 } // namespace
 
 int CKelvoDib::ReadFromFile(const wchar_t* path)
@@ -100,7 +114,11 @@ try {
         !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
         return 0;
     KelvoNoteFileRead(file.get());
-    return ReadImage(ReadBytes(file.get(), SizeOf(file.get())), *this) ? 1 : 0;
+    const std::vector<unsigned char> bytes = ReadBytes(file.get(), SizeOf(file.get()));
+    if (ReadImage(bytes, *this))
+        return 1;
+    NoteWhenTooLarge(path, bytes);
+    return 0;
 } catch (const std::bad_alloc&) {
     return 0;
 }

@@ -244,11 +244,9 @@ bool HasImageSignature(ImageBytes start)
 
 bool IsInProportion(const ImageHeader& header, std::uint64_t fileSize)
 {
-    constexpr std::uint64_t AlwaysGranted = std::uint64_t{64} << 20U;
-    constexpr std::uint64_t MostForOneByte = 1100;
-    if (header.fewestFileBytes > fileSize)
-        return false;
-    const std::uint64_t pixelBytes = PixelCount(header) * 4;
-    return pixelBytes <= CKelvoUiDib::MaxStorageSize &&
-           pixelBytes <= AlwaysGranted + MostForOneByte * fileSize;
+    constexpr std::uint64_t AlwaysGranted = std::uint64_t{4096} * 4096;
+    constexpr std::uint64_t PixelsForOneByte = 16;
+    const std::uint64_t pixels = PixelCount(header);
+    return header.fewestFileBytes <= fileSize && pixels * 4 <= CKelvoUiDib::MaxStorageSize &&
+           pixels <= AlwaysGranted + PixelsForOneByte * fileSize;
 }

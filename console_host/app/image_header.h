@@ -28,5 +28,5 @@ bool HasImageSignature(ImageBytes start);
 constexpr std::size_t ImageSignatureSize = 32;
 
 /// The image is within the limits, its data can be there, and its pixels are in proportion to the
-/// file.
+/// file: any file may hold 4096 x 4096 of them, and another 16 for each of its bytes.
 bool IsInProportion(const ImageHeader& header, std::uint64_t fileSize);

@@ -22,7 +22,7 @@ struct ImportJournal
 
     struct Refusal
     {
-        std::string type; ///< "mesh", "curve", "point", "point_cloud", "brep" or "loop"
+        std::string type; ///< "mesh", "curve", "point", "point_cloud", "brep", "loop" or "image"
         std::string reason;
     };
 
@@ -39,7 +39,7 @@ struct ImportJournal
 /// The journal that is written now: that of the running import, or of what happens outside one.
 ImportJournal& CurrentJournal();
 
-/// Notes geometry that is not taken, and why.
+/// Notes geometry, or an image, that is not taken, and why.
 void NoteRefused(std::string_view type, std::string_view reason);
 
 /// Notes that a plug-in does not keep to what is agreed: the call at which it showed, and what is

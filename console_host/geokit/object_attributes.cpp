@@ -7,14 +7,28 @@ void GK_MdxObjectAttributes::Default()
 
 void GK_MdxObjectAttributes::AddToGroup(int groupIndex)
 {
-    if (m_groups != nullptr && m_groups->members.contains(groupIndex))
+    MakeGroupsChangeable();
+    GroupList& groups = *m_groups;
+    if (!groups.sorted.insert(groupIndex).second)
         return;
+    groups.smallest = *groups.sorted.begin();
+    groups.largest = *groups.sorted.rbegin();
+    groups.inOrder.push_back(groupIndex);
+}
+
+/// A list that others share stays theirs, and what was sorted goes with the one that is added to.
+void GK_MdxObjectAttributes::MakeGroupsChangeable()
+{
     if (m_groups == nullptr)
         m_groups = std::make_shared<GroupList>();
-    else if (m_groups.use_count() > 1)
-        m_groups = std::make_shared<GroupList>(*m_groups);
-    m_groups->members.insert(groupIndex);
-    m_groups->inOrder.push_back(groupIndex);
+    if (m_groups.use_count() > 1) {
+        auto own = std::make_shared<GroupList>();
+        own->inOrder = m_groups->inOrder;
+        own->sorted.swap(m_groups->sorted);
+        m_groups = std::move(own);
+    }
+    if (m_groups->sorted.size() != m_groups->inOrder.size())
+        m_groups->sorted = {m_groups->inOrder.begin(), m_groups->inOrder.end()};
 }
 
 const std::vector<int>& GK_MdxObjectAttributes::Groups() const
@@ -25,8 +39,7 @@ const std::vector<int>& GK_MdxObjectAttributes::Groups() const
 
 bool GK_MdxObjectAttributes::GroupsAreBelow(int count) const
 {
-    return m_groups == nullptr || m_groups->members.empty() ||
-           (*m_groups->members.begin() >= 0 && *m_groups->members.rbegin() < count);
+    return Groups().empty() || (m_groups->smallest >= 0 && m_groups->largest < count);
 }
 
 bool operator==(const GK_MdxObjectAttributes& a, const GK_MdxObjectAttributes& b)

@@ -35,7 +35,7 @@ bool IsPlain(int descriptor, int flags)
         return false;
     const bool isToBeRead = (flags & O_ACCMODE) == O_RDONLY;
     char bytes[4096];
-    return status.st_size > 0 || !isToBeRead || pread(descriptor, bytes, sizeof bytes, 0) == 0;
+    return status.st_size > 0 || !isToBeRead || pread(descriptor, bytes, sizeof bytes, 0) <= 0;
 }
 
 /// The folder's own path, then the name as it stands in it.

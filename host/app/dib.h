@@ -68,7 +68,8 @@ public:
     /// Reads a PNG, TGA, BMP or JPEG in place of this image: 32 bits deep when the file has an
     /// alpha channel or a transparent colour, otherwise 24; 16 bits a channel become 8. Non-zero on
     /// success; otherwise the image is unchanged. Refused are, beside what is no such image, images
-    /// above MaxSide or MaxStorageSize and headers that claim more than the file can hold.
+    /// above MaxSide or MaxStorageSize, headers that claim more than the file can hold, and images
+    /// of more than 4096 x 4096 pixels and another 16 for each byte of the file.
     int ReadFromFile(const wchar_t* path);
 
     /// Writes the image in the format that the name's extension calls for: ".png", in any case. The

@@ -49,8 +49,12 @@ private:
     struct GroupList
     {
         std::vector<int> inOrder;
-        std::set<int> members;
+        std::set<int> sorted; ///< empty until, and after, this is the list that is added to
+        int smallest = 0;
+        int largest = 0;
     };
+
+    void MakeGroupsChangeable();
 
     std::shared_ptr<GroupList> m_groups; ///< null: none
     GK::object_material_source m_materialSource = GK::material_from_layer;

@@ -156,6 +156,22 @@ TEST_F(Document, ObjectsAreInAGroupOnce)
         EXPECT_EQ(attributes.Groups()[static_cast<std::size_t>(i)], i);
 }
 
+TEST_F(Document, ObjectsShareNameAndGroups)
+{
+    attributes.name = L"wall";
+    attributes.AddToGroup(doc.GroupTable().AddGroup({L"house"}, false));
+    for (int i = 0; i < 2; ++i)
+        Add<CKelvoMeshObject>([](CKelvoMeshObject& object) { object.SetMesh(Triangle()); });
+    const GK_MdxObjectAttributes& first = *doc.Object(0).attributes;
+    EXPECT_EQ(first.name.Array(), doc.Object(1).attributes->name.Array());
+    EXPECT_EQ(&first.Groups(), &doc.Object(1).attributes->Groups());
+    // What changes in one is as it was in the others.
+    attributes.name += L"s";
+    attributes.AddToGroup(7);
+    EXPECT_EQ(first.name, GK_wString(L"wall"));
+    EXPECT_THAT(first.Groups(), ElementsAre(0));
+}
+
 TEST_F(Document, ZoomsToWhatItHolds)
 {
     const GK_BoundingBox empty = KvZoomExtentsBoundingBox(doc);

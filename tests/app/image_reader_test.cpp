@@ -1,3 +1,4 @@
+#include "console_host/app/image_header.h"
 #include "console_host/app/image_reader.h"
 #include "console_host/app/library_memory.h"
 #include "tests/temporary_folder.h"
@@ -139,6 +140,22 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
     std::string tall = ReadBytes(Seeds / "grey_transparent.png");
     tall.replace(16, 8, Bytes({0, 0, 0x40, 0, 0, 0, 0x3E, 0x80}));
     EXPECT_FALSE(Reads(tall.append(260000, '\0')));
+}
+
+TEST(ImageReader, PixelsAreInProportionToTheFile)
+{
+    struct
+    {
+        int side;
+        std::uint64_t fileSize;
+        bool granted;
+    } const cases[] = {
+        {4096, 66'000, true},    {8192, 278'000, false}, // one colour, packed as well as can be
+        {8192, 3'200'000, true}, {16384, 16'000'000, true}, {16384, 15'000'000, false},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(IsInProportion({each.side, each.side, 0, 0}, each.fileSize), each.granted)
+            << each.side << " " << each.fileSize;
 }
 
 TEST(ImageReader, PixelDataBeyondTheClaimIsNotTakenIn)

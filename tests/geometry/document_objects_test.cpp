@@ -1,4 +1,3 @@
-#include "console_host/geokit/allocation_faults.h"
 #include "tests/objreader/reader_test.h"
 
 #include <gtest/gtest.h>
@@ -132,27 +131,6 @@ TEST_F(DocumentObjects, KindsOfARecordKeepTheirOrder)
         EXPECT_TRUE(Import(text, {}));
         EXPECT_EQ(Kinds(), (Texts{"mesh", "curve", "point", "cloud", "brep"}));
     }
-}
-
-TEST_F(DocumentObjects, ACurveGoesWithTheObjectForWhichThereIsNoMemory)
-{
-    int curvesLost = 0;
-    for (long nth = 1; nth < 20; ++nth) {
-        doc = std::make_unique<ConsoleDoc>(0.001);
-        CReadOBJ& reader =
-            Parsed(Positions + "g a\ncstype bezier\ndeg 1\ncurv 0 1 1 2\nparm u 0 1");
-        FailAllocation(nth);
-        try {
-            if (!reader.Build()) {
-                EXPECT_EQ(reader.currentGroup->geometry->curves[0], nullptr);
-                ++curvesLost;
-            }
-        } catch (const std::bad_alloc&) {
-            EXPECT_EQ(doc->ObjectCount(), 0);
-        }
-        FailAllocation(0);
-    }
-    EXPECT_GT(curvesLost, 0);
 }
 
 } // namespace

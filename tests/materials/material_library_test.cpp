@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <gmock/gmock.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace {
 
@@ -188,6 +191,33 @@ TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderAndThenBesideTheObjFile)
     EXPECT_THAT(ParseObj("mtllib " + (m_folder / "absolute.mtl").string() + "\n"), IsEmpty());
     EXPECT_THAT(MaterialNames(), ElementsAre("current", "beside", "two words", "absolute"));
 }
+
+TEST_F(MaterialLibrary, IsReadOnceAndEntersAsOftenAsItIsNamed)
+{
+    m_folder.Write("library.mtl", "newmtl a\nmap_Kd a.png\nnewmtl b\n");
+    std::string names;
+    for (int i = 0; i < 1000; ++i)
+        names += "mtllib library.mtl\nmtllib ./library.mtl\nmtllib LIBRARY.mtl\n";
+    EXPECT_THAT(ParseObj(names), IsEmpty());
+    const GK_ClassArray<GK_Material>& materials = m_document.Materials();
+    ASSERT_EQ(materials.Count(), 3001) << "the last of a library enters when it is not there yet";
+    EXPECT_EQ(materials[0].Textures().Array(), materials[3000].Textures().Array());
+    EXPECT_THAT(materials[1].Name().Utf8() + materials[2].Name().Utf8(), "ba");
+}
+
+#ifndef _WIN32
+TEST_F(MaterialLibrary, IsAFileThatEnds)
+{
+    m_folder.Write("empty.mtl", "");
+    ASSERT_EQ(mkfifo((m_folder / "pipe.mtl").c_str(), S_IRWXU), 0);
+    const std::vector<std::string> prints =
+        ParseObj("mtllib /proc/self/pagemap\nmtllib /dev/zero\nmtllib pipe.mtl\n"
+                 "mtllib empty.mtl\n");
+    ASSERT_EQ(prints.size(), 3U);
+    EXPECT_THAT(prints[0], HasSubstr("pagemap.  Materials"));
+    EXPECT_THAT(prints[2], HasSubstr("pipe.mtl.  Materials"));
+}
+#endif
 
 TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportGoesOn)
 {

@@ -1,5 +1,6 @@
 #include "console_host/app/document.h"
 #include "console_host/runtime/native_path.h"
+#include "materials/split_outcomes.h"
 #include "materials/texture_splitting.h"
 #include "objreader/read_obj.h"
 #include "tests/temporary_folder.h"
@@ -173,22 +174,48 @@ TEST_F(SplitTextures, FilesHoldTheColorsAndTheAlpha)
     EXPECT_EQ(ColorAt(image, 4, 3), (Rgba{100, 100, 100}));
 }
 
-TEST_F(SplitTextures, AnImageOfManyMaterialsIsSplitOnce)
+TEST_F(SplitTextures, AnImageIsSplitOnceHoweverItIsSpelled)
 {
-    // Some ten seconds, were each one split for itself.
-    ASSERT_TRUE(WriteDib(Image(1024, 1024, 32, BrownGlass), m_folder / "wood.png"));
-    std::string statements = "wood.png";
-    for (int i = 0; i < 1000; ++i)
-        statements += "\nmap_Kd wood.png";
-    EXPECT_EQ(Textures(statements).size(), 2002U);
+    SetSource(BrownGlass);
+    struct Spelling
+    {
+        const char* file;
+        std::string color;
+    } const spellings[] = {
+        {"wood.png", "\\wood_kvDiffuse.png"},
+        {"./wood.png", "\\.\\wood_kvDiffuse.png"},
+        {"WOOD.Png", "\\WOOD_kvDiffuse.png"},
+        {"wood.png", "\\wood_kvDiffuse.png"},
+    };
+    SplitOutcomes outcomes;
+    for (const Spelling& spelling : spellings) {
+        SCOPED_TRACE(spelling.file);
+        GK_Texture diffuse;
+        diffuse.filename = GK_wString(WidePath(m_folder.Path()) + L"\\");
+        diffuse.filename += GK_wString(std::string_view(spelling.file)).View();
+        diffuse.filename.Replace(L'/', L'\\');
+        GK_Texture alpha;
+        EXPECT_TRUE(outcomes.Split(diffuse, alpha));
+        EXPECT_THAT(diffuse.filename.Utf8(), testing::EndsWith(spelling.color));
+        EXPECT_TRUE(fs::exists(NativePath(diffuse.filename.View())));
+        EXPECT_TRUE(fs::exists(NativePath(alpha.filename.View())));
+        // A second splitting would read, and write, this.
+        SetSource(Brown);
+    }
+    CKelvoDib image;
+    ASSERT_TRUE(ReadDib(image, m_folder / AlphaFile));
+    EXPECT_EQ(ColorAt(image, 0, 0), (Rgba{100, 100, 100}));
+}
 
-    // Names that differ only in their extension share their files: the last one's stay.
-    fs::copy_file(m_folder / "wood.png", m_folder / "wood.bmp");
+TEST_F(SplitTextures, NamesThatDifferInTheirEndingShareTheirFiles)
+{
+    ASSERT_TRUE(WriteDib(Image(7, 7, 32, BrownGlass), m_folder / "wood.bmp.png"));
+    fs::rename(m_folder / "wood.bmp.png", m_folder / "wood.bmp");
     SetSource(Brown);
     EXPECT_EQ(Textures("wood.png\nmap_Kd wood.bmp\nmap_Kd wood.png").size(), 4U);
     CKelvoDib image;
     ASSERT_TRUE(ReadDib(image, m_folder / ColorFile));
-    EXPECT_EQ(image.Width(), 5);
+    EXPECT_EQ(image.Width(), 5) << "the one that was named last";
 }
 
 TEST_F(SplitTextures, TheLastDotOfTheWholeNameCounts)

@@ -68,10 +68,15 @@ TEST(Summary, CutsLongLists)
         attributes.AddToGroup(doc.GroupTable().AddGroup({GK_wString(std::to_wstring(i))}, false));
         doc.AddPointObject({}, attributes, nullptr, false);
     }
+    GK_Material material;
+    for (int i = 0; i < 5000; ++i)
+        material.AddTexture({.filename = GK_wString(std::to_wstring(i))});
+    doc.MaterialTable().AddMaterial(material, false);
     const std::string text = Summary(doc, {});
     EXPECT_THAT(text, HasSubstr("5,000 objects: 5,000 points\n"));
     EXPECT_THAT(text, HasSubstr("  ... and 4,980 more\n"));
     EXPECT_THAT(text, HasSubstr("0, 1, 2 + 17"));
+    EXPECT_THAT(text, HasSubstr("bitmap 0, bitmap 1, bitmap 2 + 4,997\n"));
     EXPECT_THAT(text, HasSubstr("18, 19 ... and 4,980 more\n"));
     EXPECT_LT(text.size(), 3000U);
 }

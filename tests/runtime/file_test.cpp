@@ -5,10 +5,14 @@
 #include "host/geokit/string.h"
 #include "host/runtime/file.h"
 
+#include <chrono>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
+#ifndef _WIN32
+#include "console_host/runtime/folder_names.h"
+#endif
 
 namespace {
 
@@ -67,12 +71,45 @@ TEST(WideOpen, PrefersTheNameAsWritten)
     EXPECT_EQ(FirstBytes(start + L"b.MTL"), "B.MTL");
 }
 
+TEST(WideOpen, ReadsAFolderAgainOnlyWhenItHasChanged)
+{
+    const TemporaryFolder folder;
+    folder.Write("Wood.mtl", "wood");
+    const std::wstring start = WidePath(folder.Path()) + L"/";
+    const auto anHourAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(folder.Path(), anHourAgo);
+    const int before = FolderNames::Instance().ReadCount();
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_EQ(FirstBytes(start + std::to_wstring(i)), "none");
+    EXPECT_EQ(FirstBytes(start + L"WOOD.mtl"), "wood");
+    EXPECT_EQ(FolderNames::Instance().ReadCount(), before + 1);
+    folder.Write("Stone.mtl", "stone");
+    EXPECT_EQ(FirstBytes(start + L"STONE.mtl"), "stone");
+}
+
 TEST(WideOpen, NeverOpensWhatMayNotEnd)
 {
     EXPECT_EQ(FirstBytes(L"/dev/zero"), "none");
+    EXPECT_EQ(FirstBytes(L"/proc/self/pagemap"), "none");
     EXPECT_EQ(_wfopen(L"/dev/null", L"nonsense"), nullptr);
 }
 #endif
+
+TEST(FileKeys, AreTheSameForAllSpellings)
+{
+    const TemporaryFolder folder;
+    const std::string path = Utf8(folder.Write("a/Wood.png", "wood"));
+    folder.Write("b/Wood.png", "wood");
+    const std::string start = Utf8(folder.Path());
+    const std::filesystem::path key = FileKey(path.c_str());
+    for (const char* name : {"/a/Wood.png", "/a/./Wood.png", "/b/../a//Wood.png"}) {
+        EXPECT_EQ(FileKey((start + name).c_str()), key) << name;
+        EXPECT_EQ(FileKey(GK_wString(std::string_view(start + name)).Array()), key) << name;
+    }
+    EXPECT_EQ(FileKey(GK_wString(std::string_view(start + "\\A\\wood.PNG")).Array()), key);
+    EXPECT_NE(FileKey((start + "/b/Wood.png").c_str()), key);
+    EXPECT_NE(FileKey((start + "/absent/Wood.png").c_str()), key);
+}
 
 TEST(WholeFiles, SayWhyTheyCannotBeRead)
 {

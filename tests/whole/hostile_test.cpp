@@ -10,8 +10,13 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
+#ifdef __linux__
+#include <malloc.h>
+#endif
 
 namespace {
+
+namespace fs = std::filesystem;
 
 const GK_Mesh* MeshAt(const Session& session, int index)
 {
@@ -33,12 +38,14 @@ std::string Repeated(std::string_view text, int count)
 
 TEST(Hostile, EveryPrefixOfEveryExample)
 {
+    const TemporaryFolder folder;
     for (const std::string& path : FilesIn(PROJECT_FOLDER "/examples", ".obj")) {
         SCOPED_TRACE(path);
-        const std::string bytes = ReadBytes(path);
-        for (std::size_t size = 0; size < bytes.size(); ++size) {
+        const fs::path file = folder.Write("prefix.obj", ReadBytes(path));
+        for (auto size = fs::file_size(file); size-- > 0;) {
+            fs::resize_file(file, size);
             Session session;
-            session.ImportBytes(std::string_view(bytes).substr(0, size));
+            session.Import(Utf8(file));
         }
     }
 }
@@ -67,7 +74,7 @@ TEST(Hostile, NoFileToRead)
     const TemporaryFolder own;
     const auto folder = Utf8(own.Path());
     const auto unreadable = Utf8(own.Write("unreadable.obj", "v 0 0 0\n"));
-    std::filesystem::permissions(unreadable, std::filesystem::perms::none);
+    fs::permissions(unreadable, fs::perms::none);
     for (const std::string& path : {folder, folder + "/no such file.obj", std::string(),
                                     folder + "/no such folder/file.obj", unreadable}) {
         SCOPED_TRACE(path);
@@ -197,5 +204,85 @@ TEST(Hostile, PolygonOfAHundredThousandCorners)
     EXPECT_EQ(mesh->FaceCount(), Count - 2);
     EXPECT_EQ(mesh->NgonList()->Count(), 1);
 }
+
+std::string Lines(std::string_view line, int count)
+{
+    std::string lines;
+    for (int i = 0; i < count; ++i)
+        lines.append(line).append(std::to_string(i)).append("\np 1 1\n");
+    return lines;
+}
+
+TEST(Hostile, ObjectsShareTheirNamesAndGroups)
+{
+    std::string bytes = "v 0 0 0\no " + std::string(1'000'000, 'x') + "\ng";
+    for (int i = 0; i < 12'000; ++i)
+        bytes.append(" ").append(std::to_string(i));
+    Session session;
+    EXPECT_TRUE(session.ImportBytes(bytes.append("\n").append(Lines("usemtl ", 12'000))));
+    ASSERT_EQ(session.Doc().ObjectCount(), 12'000);
+    const GK_MdxObjectAttributes& first = *session.Doc().Object(0).attributes;
+    EXPECT_EQ(first.Groups().size(), 12'000U);
+    EXPECT_EQ(first.name.Length(), 1'000'000);
+    for (int i = 0; i < session.Doc().ObjectCount(); ++i) {
+        const GK_MdxObjectAttributes& attributes = *session.Doc().Object(i).attributes;
+        ASSERT_EQ(&attributes.Groups(), &first.Groups()) << i;
+        ASSERT_EQ(attributes.name.Array(), first.name.Array()) << i;
+    }
+}
+
+#if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
+/// How much more memory than before the process has used since the object was made, in bytes.
+class MemoryPeak
+{
+public:
+    MemoryPeak()
+    {
+        malloc_trim(0);
+        std::ofstream("/proc/self/clear_refs") << "5";
+        m_before = Status("VmRSS:");
+    }
+
+    [[nodiscard]] double Growth() const { return Status("VmHWM:") - m_before; }
+
+private:
+    static double Status(const std::string& field)
+    {
+        std::ifstream status("/proc/self/status");
+        for (std::string word; status >> word;)
+            if (double kibibytes = 0.0; word == field && status >> kibibytes)
+                return kibibytes * 1024.0;
+        throw std::runtime_error("there is no " + field);
+    }
+
+    double m_before = 0.0;
+};
+
+TEST(Hostile, MemoryIsInProportionToTheFile)
+{
+    const TemporaryFolder folder;
+    std::string names = "v 0 0 0\ng";
+    for (int i = 0; i < 12'000; ++i)
+        names.append(" ").append(std::to_string(i));
+    struct
+    {
+        const char* what;
+        std::string bytes;
+        double most; ///< bytes
+    } const cases[] = {
+        {"small clouds", "v 0 0 0\n" + Repeated("p 1 1\n", 200'000), 64.0 * 1'200'000},
+        {"groups of all objects", names.append("\n").append(Lines("usemtl ", 12'000)), 100e6},
+        {"a library that is named often", Repeated("mtllib many.mtl\n", 1'600), 150e6},
+    };
+    folder.Write("many.mtl", Lines("newmtl ", 1'600));
+    for (const auto& each : cases) {
+        const auto path = Utf8(folder.Write("scene.obj", each.bytes));
+        const MemoryPeak peak;
+        Session session;
+        EXPECT_TRUE(session.Import(path));
+        EXPECT_LT(peak.Growth(), each.most) << each.what;
+    }
+}
+#endif
 
 } // namespace

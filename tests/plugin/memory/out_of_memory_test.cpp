@@ -180,9 +180,11 @@ TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
 
 TEST(OutOfMemoryForAnObject, CostsThisObjectOnly)
 {
-    const Outcomes outcomes =
-        ImportWithEachFailure("sphere.obj", [](long nth) noexcept { allocationsToFailure = nth; });
-    EXPECT_GT(outcomes.withoutOneObject, 0);
+    for (const char* example : {"sphere.obj", "bezier_curves.obj"}) {
+        const Outcomes outcomes =
+            ImportWithEachFailure(example, [](long nth) noexcept { allocationsToFailure = nth; });
+        EXPECT_GT(outcomes.withoutOneObject, 0) << example;
+    }
 }
 
 TEST(OutOfMemoryForAMesh, CostsOneFaceOnly)
