@@ -238,6 +238,8 @@ class MemoryPeak
 public:
     MemoryPeak()
     {
+        // What is freed goes back to the system, whatever was freed before.
+        mallopt(M_MMAP_THRESHOLD, 1 << 17);
         malloc_trim(0);
         std::ofstream("/proc/self/clear_refs") << "5";
         m_before = Status("VmRSS:");
