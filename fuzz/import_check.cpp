@@ -1,0 +1,81 @@
+#include "fuzz/import_check.h"
+
+#include "console_host/app/console_app.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/program/document_json.h"
+#include "console_host/program/summary.h"
+#include "fuzz/own_folder.h"
+#include "objreader/group_object.h"
+#include "objreader/read_obj.h"
+
+#include <nlohmann/json.hpp>
+
+namespace {
+
+/// What is written to a stream.
+template <class Write>
+std::string Written(Write write)
+{
+    char* text = nullptr;
+    std::size_t size = 0;
+    std::FILE* const stream = open_memstream(&text, &size);
+    {
+        TextOutput output(stream);
+        write(output);
+        Expect(output.Finish().empty());
+    }
+    std::fclose(stream);
+    std::string written(text, size);
+    std::free(text);
+    return written;
+}
+
+void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
+{
+    const std::span imports(&record, 1);
+    const std::string text =
+        Written([&](TextOutput& output) { WriteDocumentJson(output, imports, doc); });
+    const auto json = nlohmann::json::parse(text);
+    Expect(json.at("objects").size() == static_cast<std::size_t>(doc.ObjectCount()));
+    Expect(json.at("groups").size() == static_cast<std::size_t>(doc.Groups().Count()));
+    Expect(json.at("materials").size() == static_cast<std::size_t>(doc.Materials().Count()));
+    Expect(json.at("imports")[0].at("prints").size() == record.journal.prints.size());
+    const std::string summary =
+        Written([&](TextOutput& output) { WriteSummary(output, imports, doc); });
+    constexpr std::size_t LongestSummary = 100'000;
+    Expect(summary.size() < LongestSummary);
+}
+
+} // namespace
+
+void SetOptions(CReadOBJ& reader, unsigned int choice)
+{
+    reader.HowToAddGs = static_cast<int>(choice % 4);
+    reader.UseONames = (choice & 4U) != 0;
+    reader.ImportAsMorphTarget = (choice & 24U) == 24U;
+    reader.ReverseGroupOrder = (choice & 32U) != 0;
+    reader.ZUp = (choice & 64U) != 0;
+    reader.IgnoreTextures = (choice & 128U) != 0;
+    reader.Split32bitTextures = true;
+}
+
+void ImportAndCheck(const wchar_t* path, unsigned int options)
+{
+    ConsoleApp& app = ConsoleApp::Instance();
+    app.SetPrintStream(nullptr);
+    app.TakeJournal();
+    ConsoleDoc doc(0.001);
+    const CKelvoFileReadOptions readOptions;
+    ImportRecord record{"fuzz.obj", false, {}};
+    {
+        CReadOBJ reader(path, doc, readOptions);
+        SetOptions(reader, options);
+        reader.Parse();
+        record.result = reader.Build();
+    }
+    record.journal = app.TakeJournal();
+    for (const ImportJournal::KernelError& error : record.journal.kernelErrors)
+        Expect(error.source != "host"); // a rule of the host was broken
+    Expect(WorkNote::Instance().Depth() == 0);
+    CheckJson(doc, record);
+}

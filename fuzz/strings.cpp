@@ -1,0 +1,23 @@
+// A table of texts, which stand in for the plug-in's own and are formatted with its arguments.
+
+#include "console_host/app/console_app.h"
+#include "console_host/app/string_table.h"
+#include "fuzz/own_folder.h"
+
+#include "host/app/localize.h"
+
+#include <stdexcept>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    const OwnFolder& folder = OwnFolder::OfTheRun();
+    ConsoleApp& app = ConsoleApp::Instance();
+    app.SetPrintStream(nullptr);
+    app.Strings() = StringTable::Load(folder.Write("strings.txt", Text(data, size)));
+    app.Print(KvLocalizeString(L"Unable to find or open %s.  Materials will be ignored.\n", 24489),
+              L"a.mtl");
+    app.Print(KvLocalizeString(L"File had %i bogus indexes in it.\n", 24466), 7);
+    app.Print(KvLocalizeString(L"%S|%5.2f|%c|%llx\n", 1), "text", 1.5, L'c', 255LL);
+    Expect(app.TakeJournal().prints.size() == 3);
+    return 0;
+}
