@@ -21,5 +21,5 @@ public:
     ~StandardStreams(); // NOLINT(*-trivially-destructible): not so on Windows
 
 private:
-    unsigned int m_before = 0;
+    [[maybe_unused]] unsigned int m_before = 0;
 };
