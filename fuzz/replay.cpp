@@ -28,6 +28,8 @@ std::vector<std::string> ReadSeeds(const std::vector<std::string>& folders)
     std::vector<std::string> seeds;
     for (const std::string& folder : folders)
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            if (!entry.is_regular_file())
+                continue;
             std::ifstream stream(entry.path(), std::ios::binary);
             seeds.emplace_back(std::istreambuf_iterator<char>(stream),
                                std::istreambuf_iterator<char>());
