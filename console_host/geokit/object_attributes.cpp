@@ -39,7 +39,7 @@ const std::vector<int>& GK_MdxObjectAttributes::Groups() const
 
 bool GK_MdxObjectAttributes::GroupsAreBelow(int count) const
 {
-    return Groups().empty() || (m_groups->smallest >= 0 && m_groups->largest < count);
+    return m_groups == nullptr || (m_groups->smallest >= 0 && m_groups->largest < count);
 }
 
 bool operator==(const GK_MdxObjectAttributes& a, const GK_MdxObjectAttributes& b)

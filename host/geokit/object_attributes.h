@@ -51,7 +51,7 @@ private:
         std::vector<int> inOrder;
         std::set<int> sorted; ///< empty until, and after, this is the list that is added to
         int smallest = 0;
-        int largest = 0;
+        int largest = -1;
     };
 
     void MakeGroupsChangeable();
