@@ -123,10 +123,12 @@ bool CReadOBJ::ReadBezierKnots(GK_NurbsSurface& surface, int direction)
     const std::int64_t degree = surface.Degree(direction);
     GK_SimpleArray<double> knots;
     // A degree that asks for more control points than the statement named is only noted.
-    if (degree < currentGroup->geometry->surfaceCVs.Count())
+    if (degree < currentGroup->geometry->surfaceCVs.Count()) {
+        knots.Reserve(static_cast<int>(2 * degree));
         for (const double value : ends)
             for (std::int64_t i = 0; i < degree; ++i)
                 knots.Append(value);
+    }
     surface.SetControlPointCount(direction,
                                  ControlPointCount(2 * degree, surface.Order(direction)));
     surface.SetKnots(direction, std::move(knots));

@@ -1,5 +1,7 @@
 #include "host/geokit/brep.h"
 
+#include <algorithm>
+
 namespace {
 
 // For each part its new index, or -1 when it goes.
@@ -25,6 +27,7 @@ void Replace(const std::vector<int>& numbers, GK_SimpleArray<int>& indices)
     for (const int index : indices)
         if (New(numbers, index) >= 0)
             kept.Append(New(numbers, index));
+    kept.Shrink();
     indices = std::move(kept);
 }
 
@@ -32,6 +35,8 @@ template <class List>
 void Erase(List& list, const std::vector<char>& keep)
 {
     List kept;
+    kept.Reserve(
+        static_cast<int>(std::count_if(keep.begin(), keep.end(), [](char k) { return k != 0; })));
     std::size_t i = 0;
     for (auto& item : list)
         if (keep[i++] != 0)
@@ -47,6 +52,7 @@ std::vector<int> EraseUnused(std::vector<std::unique_ptr<T>>& list, const std::v
         if (index >= 0)
             keep[static_cast<std::size_t>(index)] = 1;
     std::vector<std::unique_ptr<T>> kept;
+    kept.reserve(static_cast<std::size_t>(std::count(keep.begin(), keep.end(), 1)));
     for (std::size_t i = 0; i < list.size(); ++i)
         if (keep[i] != 0)
             kept.push_back(std::move(list[i]));

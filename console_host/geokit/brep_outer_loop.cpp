@@ -47,6 +47,9 @@ Boundary MakeBoundary(const GK_NurbsSurface& surface)
     boundary.sides[East].curve = surface.IsoCurve(1, u[1]);
     boundary.sides[North].curve = surface.IsoCurve(0, v[1]);
     boundary.sides[West].curve = surface.IsoCurve(1, u[0]);
+    // Sides opposite have equal knots: most surfaces are small, and files have very many.
+    boundary.sides[North].curve->knots = boundary.sides[South].curve->knots;
+    boundary.sides[West].curve->knots = boundary.sides[East].curve->knots;
     const SurfaceClosure closure = ClosureOf(surface, 0.0);
     boundary.sides[South].collapsed = closure.pole[1][0];
     boundary.sides[East].collapsed = closure.pole[0][1];

@@ -136,6 +136,7 @@ std::unique_ptr<GK_NurbsCurve> IsoCurveOver(const GK_NurbsSurface& surface, int 
     const BasisValues basis(surface.Knots(across).Array() + row, surface.Degree(across), parameter);
     auto curve = std::make_unique<GK_NurbsCurve>();
     curve->Create(3, surface.IsRational(), degree + 1, last - first + degree + 1);
+    curve->knots.Reserve(last - first + 2 * degree);
     curve->knots.Append(last - first + 2 * degree, surface.Knots(direction).Array() + first);
     for (int i = 0; i < curve->controlPointCount; ++i)
         SetSum(*curve, i, basis, surface.Order(across), [&](int j) {
