@@ -115,9 +115,9 @@ ImportJournal& CurrentJournal()
     return ConsoleApp::Instance().Journal();
 }
 
-void NoteRefused(std::string_view type, std::string_view reason)
+void NoteRefused(std::string_view type, std::string_view reason, int number)
 {
-    CurrentJournal().refused.push_back({std::string(type), std::string(reason)});
+    CurrentJournal().refused.push_back({std::string(type), std::string(reason), number});
 }
 
 void NoteGuestFault(std::string_view call, std::string_view fault)

@@ -14,11 +14,24 @@ bool IsIndexOf(int index, int count)
     return index >= 0 && index < count;
 }
 
+/// Counts an object that is offered and returns which of its type it is, from 1.
+int CountOffered(const CKelvoObject& object)
+{
+    ImportJournal::Offered& offered = CurrentJournal().offered;
+    if (dynamic_cast<const CKelvoMeshObject*>(&object) != nullptr)
+        return ++offered.meshes;
+    if (dynamic_cast<const CKelvoCurveObject*>(&object) != nullptr)
+        return ++offered.curves;
+    if (dynamic_cast<const CKelvoPointCloudObject*>(&object) != nullptr)
+        return ++offered.pointClouds;
+    return offered.breps; // counted by the repair
+}
+
 /// Notes a refusal as far as there is memory to; always false.
-bool Refuse(const char* type, const std::string& reason)
+bool Refuse(const char* type, const std::string& reason, int number)
 {
     try {
-        NoteRefused(type, reason);
+        NoteRefused(type, reason, number);
     } catch (const std::bad_alloc&) {
         return false;
     }
@@ -56,15 +69,16 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
         return false;
     }
     const char* kind = KindOf(*object);
+    const int number = CountOffered(*object);
     try {
         if (const std::string reason = WhyRefused(*object); !reason.empty())
-            return Refuse(kind, reason);
+            return Refuse(kind, reason, number);
         CheckAttributes("AddObject", object->Attributes());
         if (auto* mesh = dynamic_cast<CKelvoMeshObject*>(object.get()))
             ReplaceUnsoundDirections(*mesh->Mesh());
         m_entries.push_back({std::move(object), nullptr, {}});
     } catch (const std::bad_alloc&) {
-        return Refuse(kind, NoMemory);
+        return Refuse(kind, NoMemory, number);
     }
     return true;
 }
@@ -72,9 +86,10 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
 bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttributes& attributes,
                                 const CKelvoHistory*, bool)
 {
+    const int number = ++CurrentJournal().offered.points;
     try {
         if (const std::string reason = WhyUnsound(&point); !reason.empty())
-            return Refuse("point", reason);
+            return Refuse("point", reason, number);
         const bool shared = !m_pointAttributes.empty() && m_pointAttributes.back() == attributes;
         if (!shared) {
             CheckAttributes("AddPointObject", attributes);
@@ -82,7 +97,7 @@ bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttri
         }
         m_entries.push_back({nullptr, &m_pointAttributes.back(), point});
     } catch (const std::bad_alloc&) {
-        return Refuse("point", NoMemory);
+        return Refuse("point", NoMemory, number);
     }
     return true;
 }

@@ -24,12 +24,24 @@ struct ImportJournal
     {
         std::string type; ///< "mesh", "curve", "point", "point_cloud", "brep", "loop" or "image"
         std::string reason;
+        int number = 0; ///< which of its type, as they were offered, from 1; of a loop: its brep
+    };
+
+    /// How many of each type were offered to the document, breps to the repair.
+    struct Offered
+    {
+        int meshes = 0;
+        int curves = 0;
+        int points = 0;
+        int pointClouds = 0;
+        int breps = 0;
     };
 
     std::vector<std::string> prints; ///< the finished text of each Print
     std::vector<Box> boxes;
     std::vector<KernelError> kernelErrors;
     std::vector<Refusal> refused;
+    Offered offered;
     bool cancelled = false;   ///< a prompt or dialog was
     bool outOfMemory = false; ///< an allocation failed, whatever became of it
     bool zoomed = false;
@@ -40,7 +52,8 @@ struct ImportJournal
 ImportJournal& CurrentJournal();
 
 /// Notes geometry, or an image, that is not taken, and why.
-void NoteRefused(std::string_view type, std::string_view reason);
+/// `number` says which of its type it is, 0 that this is not known.
+void NoteRefused(std::string_view type, std::string_view reason, int number = 0);
 
 /// Notes that a plug-in does not keep to what is agreed: the call at which it showed, and what is
 /// wrong. Goes to standard error and to the kernel errors, with the source "host".

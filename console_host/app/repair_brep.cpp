@@ -5,11 +5,12 @@
 
 bool KelvoRepairBrep(GK_Brep& brep, double tolerance)
 {
+    const int number = ++CurrentJournal().offered.breps;
     BrepRepairReport report;
     const bool sound = RepairBrep(brep, tolerance, report);
     for (const std::string& reason : report.dropped)
-        NoteRefused("loop", reason);
+        NoteRefused("loop", reason, number);
     if (!sound)
-        NoteRefused("brep", report.reason);
+        NoteRefused("brep", report.reason, number);
     return sound;
 }

@@ -61,6 +61,8 @@ void WriteImport(JsonStream& json, const ImportRecord& import)
         json.BeginObject();
         json.Member("type", refusal.type);
         json.Member("reason", refusal.reason);
+        if (refusal.number > 0)
+            json.Member("number", refusal.number);
         json.EndObject();
     });
     json.EndObject();

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <utility>
 
 namespace {
 
@@ -48,21 +49,61 @@ void WriteHeading(TextOutput& output, const std::string& heading)
     WriteLine(output, heading);
 }
 
-/// The texts of a list that has many alike: each once, in order of coming, with how often it came.
-void WriteOften(TextOutput& output, const std::vector<std::string>& texts)
+// A text that comes up once or more, and of what.
+struct OftenText
 {
-    std::map<std::string, std::size_t> counts;
-    std::vector<const std::string*> order;
-    for (const std::string& text : texts)
-        if (++counts[text] == 1)
-            order.push_back(&text);
-    for (std::size_t i = 0; i < std::min<std::size_t>(order.size(), ShownRows); ++i) {
-        const std::size_t count = counts[*order[i]];
-        constexpr int Width = 120;
-        WriteLine(output, "  " + OneLine(*order[i], Width) +
-                              (count > 1 ? " (" + Number(count) + " times)" : ""));
+    std::string text;
+    std::string label; // of the numbers
+    std::size_t count = 0;
+    std::vector<int> numbers; // the first few
+};
+
+class OftenTexts
+{
+public:
+    // `number` is 0 when the text is of nothing that has one.
+    void Add(const std::string& text, int number = 0, const char* label = "no. ")
+    {
+        constexpr std::size_t MostNumbers = 5;
+        const auto [place, isNew] = m_places.try_emplace(text, m_texts.size());
+        if (isNew)
+            m_texts.push_back({text, label, 0, {}});
+        OftenText& often = m_texts[place->second];
+        ++often.count;
+        ++m_count;
+        if (number > 0 && often.numbers.size() < MostNumbers)
+            often.numbers.push_back(number);
     }
-    WriteLeftOut(output, order.size());
+
+    [[nodiscard]] std::size_t Count() const { return m_count; }
+
+    // Writes each text once, in the order in which they first came up.
+    void Write(TextOutput& output) const;
+
+private:
+    std::vector<OftenText> m_texts;
+    std::map<std::string, std::size_t> m_places;
+    std::size_t m_count = 0;
+};
+
+// " (7 times: no. 1, 2, 5, 8, 9, ...)"
+std::string HowOften(const OftenText& often)
+{
+    std::string text = often.count > 1 ? Number(often.count) + " times" : "";
+    std::string before = text.empty() ? often.label : ": " + often.label;
+    for (const int number : often.numbers)
+        text += std::exchange(before, ", ") + std::to_string(number);
+    if (!often.numbers.empty() && often.count > often.numbers.size())
+        text += ", ...";
+    return text.empty() ? "" : " (" + text + ")";
+}
+
+void OftenTexts::Write(TextOutput& output) const
+{
+    constexpr int Width = 120;
+    for (std::size_t i = 0; i < std::min<std::size_t>(m_texts.size(), ShownRows); ++i)
+        WriteLine(output, "  " + OneLine(m_texts[i].text, Width) + HowOften(m_texts[i]));
+    WriteLeftOut(output, m_texts.size());
 }
 
 std::string OutcomeText(const ImportRecord& import)
@@ -76,26 +117,27 @@ std::string OutcomeText(const ImportRecord& import)
 
 void WriteRefused(TextOutput& output, std::span<const ImportRecord> imports)
 {
-    std::vector<std::string> texts;
+    OftenTexts texts;
     for (const ImportRecord& import : imports)
         for (const ImportJournal::Refusal& refusal : import.journal.refused)
-            texts.push_back(refusal.type + ": " + refusal.reason);
-    if (texts.empty())
+            texts.Add(refusal.type + ": " + refusal.reason, refusal.number,
+                      refusal.type == "loop" ? "brep no. " : "no. ");
+    if (texts.Count() == 0)
         return;
-    WriteHeading(output, "refused: " + Number(texts.size()));
-    WriteOften(output, texts);
+    WriteHeading(output, "refused: " + Number(texts.Count()));
+    texts.Write(output);
 }
 
 void WriteKernelErrors(TextOutput& output, std::span<const ImportRecord> imports)
 {
-    std::vector<std::string> texts;
+    OftenTexts texts;
     for (const ImportRecord& import : imports)
         for (const ImportJournal::KernelError& error : import.journal.kernelErrors)
-            texts.push_back(error.source + ": " + error.text);
-    if (texts.empty())
+            texts.Add(error.source + ": " + error.text);
+    if (texts.Count() == 0)
         return;
-    WriteHeading(output, "inconsistencies: " + Number(texts.size()));
-    WriteOften(output, texts);
+    WriteHeading(output, "inconsistencies: " + Number(texts.Count()));
+    texts.Write(output);
 }
 
 std::string TextureText(const GK_Texture& texture)

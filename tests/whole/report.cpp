@@ -76,7 +76,7 @@ private:
                  Quoted(error["text"]));
         for (const Json& refusal : import["refused"])
             Line("  refused " + refusal["type"].get<std::string>() + " " +
-                 Quoted(refusal["reason"]));
+                 std::to_string(refusal.value("number", 0)) + " " + Quoted(refusal["reason"]));
     }
 
     void WriteTables()
