@@ -94,16 +94,14 @@ public:
               const ParameterPlane& plane, BrepRepairReport& report)
         : m_report(report)
     {
-        for (WalkedLoop& loop : loops) {
-            Candidate candidate = CandidateOf(std::move(loop), shapes, plane);
-            const bool inner = candidate.loop.type == GK_BrepLoop::inner;
-            (inner ? m_inner : m_outer).push_back(std::move(candidate));
-        }
+        for (WalkedLoop& loop : loops)
+            Add(CandidateOf(std::move(loop), shapes, plane));
     }
 
     std::vector<FaceBounds> Run();
 
 private:
+    void Add(Candidate candidate);
     void DropOverlapping();
     std::size_t OuterOf(const Candidate& inner);
     void Drop(const Candidate& inner, const char* reason)
@@ -115,6 +113,18 @@ private:
     std::vector<Candidate> m_outer;
     std::vector<Candidate> m_inner;
 };
+
+void Placement::Add(Candidate candidate)
+{
+    constexpr double Flat = 1e-9;
+    const double extent = candidate.polygon.Extent();
+    if (candidate.polygon.Area() <= Flat * extent * extent)
+        Drop(candidate, "encloses no area");
+    else if (candidate.loop.type == GK_BrepLoop::inner)
+        m_inner.push_back(std::move(candidate));
+    else
+        m_outer.push_back(std::move(candidate));
+}
 
 // A loop far smaller than what the polygons stray by is held against them as they are.
 Relation RelationTo(const Candidate& outer, const Candidate& inner)

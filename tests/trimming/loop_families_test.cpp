@@ -282,4 +282,18 @@ TEST(LoopFamilies, EdgesOfSmallHolesAreTrue)
     }
 }
 
+TEST(LoopFamilies, LoopsWithoutArea)
+{
+    const Pieces there = PolygonOf({{0.2, 0.2}, {0.8, 0.7}});
+    const Pieces eight = PolygonOf({{0.2, 0.2}, {0.8, 0.8}, {0.8, 0.2}, {0.2, 0.8}});
+    for (const Pieces& loop : {there, eight}) {
+        ExpectImportedEverywhere(WithDropped(Whole(PlaneShape(2, 1)), loop));
+        TrimmedShape outer = Bare(PlaneShape(2, 1));
+        outer.loops = {{false, loop}};
+        outer.faces = 0;
+        outer.dropped = 1;
+        ExpectImportedEverywhere(outer);
+    }
+}
+
 } // namespace
