@@ -117,6 +117,18 @@ bool IsBeyond(const Uv& place, std::size_t d, const ParameterPlane& plane)
     return !(plane.PointAt(place).DistanceTo(plane.PointAt(within)) <= plane.Closeness());
 }
 
+// The place of a loop that is farthest from the middle of the domain in a direction.
+Uv FarthestOut(const LoopShape& loop, std::size_t d, const ParameterPlane& plane)
+{
+    Uv farthest = loop.samples.front().samples.front().place;
+    const auto out = [&](const Uv& place) { return std::abs(plane.Normalized(place)[d] - 0.5); };
+    ForEachPlace(loop, [&](const Uv& place) {
+        if (out(place) > out(farthest))
+            farthest = place;
+    });
+    return farthest;
+}
+
 std::string WhyBeyond(const Uv& place, std::size_t d, const ParameterPlane& plane)
 {
     const bool below = place[d] < plane.Low(d);
@@ -141,7 +153,7 @@ std::string WhyOutside(const LoopShape& loop, const ParameterPlane& plane)
                     return "runs around the surface too far";
                 for (std::size_t i = span.first; i <= span.last; ++i)
                     if (IsBeyond(samples.samples[i].place, d, plane))
-                        return WhyBeyond(samples.samples[i].place, d, plane);
+                        return WhyBeyond(FarthestOut(loop, d, plane), d, plane);
             }
         }
     }
