@@ -4,11 +4,20 @@
 #include "console_host/geokit/face_holes.h"
 #include "console_host/geokit/loop_shape.h"
 #include "console_host/geokit/seam_strip.h"
+#include "console_host/geokit/stray_seams.h"
 #include "console_host/geokit/text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
+
+bool StaysOnPole(const std::vector<LoopPiece>& pieces, const ParameterPlane& plane)
+{
+    return std::all_of(pieces.begin(), pieces.end(), [&](const LoopPiece& piece) {
+        return plane.CommonPole(piece.Start(), piece.End()).has_value();
+    });
+}
 
 class Bounder
 {
@@ -24,6 +33,9 @@ public:
 private:
     bool Shape();
     bool Reject(GK_BrepLoop::TYPE type, int number, const std::string& reason);
+    void Add(LoopShape loop);
+    bool AddSplit(const LoopShape& open);
+    bool AddRings(const LoopShape& whole, const std::vector<std::vector<LoopPiece>>& parts);
     bool Orient();
     bool OrientRings();
     [[nodiscard]] bool FirstRingRises(const std::vector<LoopShape*>& rings) const;
@@ -103,11 +115,11 @@ bool Bounder::Shape()
             m_report.Drop(loop.type, loop.number, "has no trims");
             continue;
         }
-        const std::string reason = m_use.Add(loop.pieces)
-                                       ? ShapeLoop(loop, m_plane)
-                                       : "runs along a curve that others already run along twice";
+        const bool fits = m_use.Add(loop.pieces);
+        const std::string reason = fits ? ShapeLoop(loop, m_plane)
+                                        : "runs along a curve that others already run along twice";
         if (!reason.empty()) {
-            if (!Reject(loop.type, loop.number, reason))
+            if (!(fits && AddSplit(loop)) && !Reject(loop.type, loop.number, reason))
                 return false;
             continue;
         }
@@ -115,9 +127,55 @@ bool Bounder::Shape()
             m_report.reason = FormatText("loop %d ", loop.number) + outside;
             return false;
         }
-        m_loops.push_back(std::move(loop));
+        Add(std::move(loop));
     }
     m_natural = OnlyInner();
+    return true;
+}
+
+// An outer loop with a seam elsewhere than the surface's bounds the face with what it has besides.
+void Bounder::Add(LoopShape loop)
+{
+    if (loop.type == GK_BrepLoop::inner) {
+        m_loops.push_back(std::move(loop));
+        return;
+    }
+    const auto parts = WithoutStraySeams(loop.pieces, loop.samples, m_plane);
+    const bool same = parts.size() == 1 && parts.front().size() == loop.pieces.size();
+    if (same || !AddRings(loop, parts))
+        m_loops.push_back(std::move(loop));
+}
+
+// A loop that does not close may be several, without the seams between them.
+bool Bounder::AddSplit(const LoopShape& open)
+{
+    const auto rings = RingsOf(open.pieces, m_plane);
+    return !rings.empty() && AddRings(open, rings);
+}
+
+// Adds parts of a loop that run around the surface each, beside others along poles, in its place,
+// with the face on their left; where none does, an outer loop without pieces, which stands for the
+// sides of the domain. False, and nothing added, when a part is none of that.
+bool Bounder::AddRings(const LoopShape& whole, const std::vector<std::vector<LoopPiece>>& parts)
+{
+    LoopShape part;
+    part.number = whole.number;
+    part.type = whole.type;
+    std::vector<LoopShape> rings;
+    for (const std::vector<LoopPiece>& pieces : parts) {
+        if (StaysOnPole(pieces, m_plane))
+            continue;
+        LoopShape& ring = rings.emplace_back(part);
+        ring.pieces = pieces;
+        if (!ShapeLoop(ring, m_plane).empty() || !ring.RunsAround() ||
+            !WhyOutside(ring, m_plane).empty())
+            return false;
+        if (whole.polygon.SignedArea() < 0.0)
+            ring.Turn();
+    }
+    if (rings.empty())
+        rings.push_back(part);
+    std::move(rings.begin(), rings.end(), std::back_inserter(m_loops));
     return true;
 }
 
@@ -144,6 +202,12 @@ bool Bounder::OrientRings()
     if (rings.empty())
         return true;
     const std::size_t around = rings.front()->winding[0] != 0 ? 0 : 1;
+    if (rings.size() % 2 != 0 && m_plane.IsClosed(1 - around) && !OnlyInner()) {
+        m_report.reason = FormatText("loop %d runs around the surface, and nothing bounds the face "
+                                     "on its other side",
+                                     rings.back()->number);
+        return false;
+    }
     for (const LoopShape* ring : rings)
         if (ring->winding[around] == 0) {
             m_report.reason = FormatText("loops %d and %d run around the surface in different "

@@ -237,3 +237,42 @@ LoopChain ChainPieces(std::vector<LoopPiece>& pieces, const ParameterPlane& plan
     }
     return chain;
 }
+
+namespace {
+
+// The pieces may be a ring as far as the ends of the first and the last one tell.
+bool MayClose(const LoopPiece& first, const LoopPiece& last, const ParameterPlane& plane)
+{
+    for (const Uv& start : {first.Start(), first.End()})
+        for (const Uv& end : {last.Start(), last.End()}) {
+            const Uv periods = plane.PeriodsBetween(end, start);
+            if (periods != Uv{} && plane.Meet(end, start + periods))
+                return true;
+        }
+    return false;
+}
+
+} // namespace
+
+std::vector<std::vector<LoopPiece>> RingsOf(const std::vector<LoopPiece>& pieces,
+                                            const ParameterPlane& plane)
+{
+    int attempts = 16; // each takes the time of its pieces, or their square
+    std::vector<std::vector<LoopPiece>> rings;
+    std::vector<LoopPiece> ring;
+    for (const LoopPiece& piece : pieces) {
+        ring.push_back(piece);
+        ring.back().shift = {};
+        if (!MayClose(ring.front(), ring.back(), plane))
+            continue;
+        if (--attempts < 0)
+            return {};
+        std::vector<LoopPiece> chained = ring;
+        const LoopChain chain = ChainPieces(chained, plane);
+        if (chain.gapAfter >= 0 || chain.winding == std::array<int, 2>{})
+            continue;
+        rings.push_back(std::move(chained));
+        ring.clear();
+    }
+    return ring.empty() && rings.size() > 1 ? rings : std::vector<std::vector<LoopPiece>>{};
+}

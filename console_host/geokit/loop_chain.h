@@ -19,3 +19,8 @@ struct LoopChain
 ///
 /// Work grows with the number of pieces; its square where a loop of up to a thousand is reordered.
 LoopChain ChainPieces(std::vector<LoopPiece>& pieces, const ParameterPlane& plane);
+
+/// Splits pieces that do not make one loop, in their order, into loops that each run around the
+/// surface, in one or several pieces. Returns two at least, or none when they are no such loops.
+std::vector<std::vector<LoopPiece>> RingsOf(const std::vector<LoopPiece>& pieces,
+                                            const ParameterPlane& plane);

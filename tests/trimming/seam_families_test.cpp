@@ -83,12 +83,50 @@ TEST(SeamFamilies, TwoRingsBoundTheBandBetweenThem)
                     if (HasFailure())
                         return;
                 }
+                shape.loops = {{false, Joined(shape.loops[0].pieces, shape.loops[1].pieces)}};
+                ExpectImportedEverywhere(shape, false); // as one statement without seams
             }
         }
         TrimmedShape turned = Band(closed.surface, 0.1, 0.9, Ring(0.0, 0.1, 1), Ring(0.0, 0.9, 1));
         ExpectImportedEverywhere(Counted(turned, 2, 2, 1));
         std::swap(turned.loops[0], turned.loops[1]);
         ExpectImportedEverywhere(Counted(turned, 2, 2, 1));
+    }
+}
+
+TEST(SeamFamilies, SeamsElsewhereThanTheSurfaces)
+{
+    for (const NamedSurface& closed : ClosedSurfaces()) {
+        SCOPED_TRACE(closed.name);
+        for (const double u : {0.5, -0.3}) {
+            for (const double top : {0.8, 1.0}) {
+                std::vector<UV> corners = Rectangle(u, 0.2, u + 1, top);
+                const Pieces loop = PolygonOf(corners);
+                TrimmedShape shape = WithOuter(Bare(closed.surface), loop);
+                ExpectImportedEverywhere(shape);
+                ExpectImportedEverywhere(WithHole(shape, EllipseOf({0.1, 0.5}, 0.2, 0.1, 1)));
+                shape.loops[0].pieces = Backwards(Styled(Rotated(loop, 1), 10, 5));
+                ExpectImportedEverywhere(shape);
+                corners.push_back(corners.front());
+                shape.loops[0].pieces = {PolylinePiece(corners)};
+                ExpectImportedEverywhere(shape);
+                if (HasFailure())
+                    return;
+            }
+        }
+    }
+    const ShapeSurface surfaces[] = {SphereShape(2), TorusShape(3, 1)};
+    for (const ShapeSurface& surface : surfaces) {
+        TrimmedShape shape = Whole(surface);
+        shape.loops = {{false, PolygonOf(Rectangle(0.4, 0, 1.4, 1))}};
+        ExpectImportedEverywhere(shape);
+        if (surface.closed[1]) {
+            shape.loops = {{false, PolygonOf(Rectangle(0.4, -0.3, 1.4, 0.7))}};
+            ExpectImportedEverywhere(Counted(shape, 1, 0, 2));
+            shape.loops = {{false, Ring(0, 0.4, 1)}}; // has the face on both sides
+            shape.faces = 0;
+            ExpectImportedEverywhere(shape);
+        }
     }
 }
 
