@@ -50,7 +50,8 @@ public:
         if (curve == nullptr)
             return 0.0;
         double area = 0.0;
-        const std::vector<double> breaks = Breaks(curve->knots, domain.Min(), domain.Max());
+        std::vector<double> breaks = Breaks(curve->knots, domain.Min(), domain.Max());
+        AddCrossings(*curve, breaks);
         for (std::size_t i = 0; i + 1 < breaks.size(); ++i)
             area += AlongPart(*curve, breaks[i], breaks[i + 1],
                               Sum(*curve, breaks[i], breaks[i + 1]), MostHalvings);
@@ -59,6 +60,26 @@ public:
 
 private:
     static constexpr int MostHalvings = 12;
+
+    // Adds where the curve crosses knots of the surface in v, where the area element may leap: too
+    // near to an end for a rule of five nodes to see, a leap would go unnoticed.
+    void AddCrossings(const GK_NurbsCurve& curve, std::vector<double>& breaks) const
+    {
+        std::vector<double> crossings;
+        for (std::size_t i = 0; i + 1 < breaks.size(); ++i)
+            for (const double knot : m_surface.Knots(1)) {
+                double low = breaks[i];
+                double high = breaks[i + 1];
+                const bool above = curve.PointAt(low).y > knot;
+                if (above == (curve.PointAt(high).y > knot))
+                    continue;
+                for (double t = 0.5 * (low + high); low < t && t < high; t = 0.5 * (low + high))
+                    ((curve.PointAt(t).y > knot) == above ? low : high) = t;
+                crossings.push_back(low);
+            }
+        breaks.insert(breaks.end(), crossings.begin(), crossings.end());
+        std::sort(breaks.begin(), breaks.end());
+    }
 
     // The area element summed over u up to a boundary.
     [[nodiscard]] double Strip(double u, double v) const
