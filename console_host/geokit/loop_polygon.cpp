@@ -80,8 +80,14 @@ void LoopPolygon::FillRows() const
 {
     if (!m_rowStarts.empty())
         return;
-    constexpr std::size_t MostRows = 4096;
-    m_rowStarts.assign(std::clamp<std::size_t>(m_lines.size(), 1, MostRows) + 1, 0);
+    // As many as make a line stand in two on average: what has tall lines has few rows.
+    constexpr double MostRows = 4096.0;
+    double heights = 0.0;
+    for (const auto& [from, to] : m_lines)
+        heights += std::abs(to[1] - from[1]);
+    const double share = heights > 0.0 ? (m_high[1] - m_low[1]) / heights : 1.0;
+    const double rows = std::clamp(static_cast<double>(m_lines.size()) * share, 1.0, MostRows);
+    m_rowStarts.assign(static_cast<std::size_t>(rows) + 1, 0);
     const auto forEachRow = [&](const auto& visit) {
         for (std::size_t i = 0; i < m_lines.size(); ++i) {
             const auto& [from, to] = m_lines[i];
