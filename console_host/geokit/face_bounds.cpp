@@ -277,6 +277,7 @@ void Bounder::DropCrossingAtSeams(std::vector<DomainLoop>& loops)
     if (std::none_of(loops.begin(), loops.end(), isMerged))
         return;
     std::vector<LoopPolygon> polygons;
+    polygons.reserve(loops.size());
     for (const DomainLoop& loop : loops)
         polygons.push_back(PolygonOf(loop, m_plane));
     for (std::size_t i = loops.size(); i-- > 0;) {
