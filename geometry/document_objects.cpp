@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Adds an object of this geometry, which `setGeometry` gives it; gives the outcome. Want of memory
-/// for the object costs this object only, with the geometry that it would have taken over.
+/// Adds an object of this geometry, which `setGeometry` hands over; returns the outcome. An object
+/// that cannot be made, out of memory, costs only itself and the geometry that it would have taken.
 template <class Object, class Taken>
 bool AddObjectOf(std::type_identity_t<Taken> geometry, void (Object::*setGeometry)(Taken),
                  CKelvoDoc& doc, const GK_MdxObjectAttributes& attributes)

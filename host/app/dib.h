@@ -7,7 +7,7 @@ class CKelvoPalette;
 
 /// A device-independent bitmap in memory. Pixels are blue, green, red (24 bits) or blue, green,
 /// red, alpha (32 bits); the bottom row comes first; each row starts at a multiple of 4 bytes, so
-/// the rows of a 24-bit image may end in padding, whose value is of no account.
+/// the rows of a 24-bit image may end in padding, whose value is ignored.
 class CKelvoUiDib
 {
 public:

@@ -29,6 +29,6 @@ struct ScriptDialog
 };
 
 /// The DIALOGEX statements of a resource script: texts, push buttons, and controls of the classes
-/// "Button" and "Static". Other resources are passed over. Throws std::runtime_error, with the
+/// "Button" and "Static". Other resources are ignored. Throws std::runtime_error, with the
 /// line, for what it does not understand.
 std::vector<ScriptDialog> ReadResourceScript(const std::filesystem::path& path);

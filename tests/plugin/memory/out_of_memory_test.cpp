@@ -3,86 +3,14 @@
 #include "console_host/framework/work_note.h"
 #include "console_host/geokit/allocation_faults.h"
 #include "plugin/import_obj_plugin.h"
+#include "tests/failing_new.h"
 
 #include "host/app/file_type.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <new>
-
-// This program's own operator new, which fails once at a chosen allocation, also serves the
-// libraries that it links.
-
-namespace {
-
-std::atomic<long> allocationsToFailure = 0;
-std::atomic<long> liveAllocations = 0;
-
-void* AllocateOrFail(std::size_t size)
-{
-    if (allocationsToFailure > 0 && --allocationsToFailure == 0)
-        throw std::bad_alloc();
-    void* block = std::malloc(size > 0 ? size : 1);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    ++liveAllocations;
-    return block;
-}
-
-void Release(void* block) noexcept
-{
-    liveAllocations -= block != nullptr ? 1 : 0;
-    std::free(block);
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return AllocateOrFail(size);
-}
-
-void* operator new[](std::size_t size)
-{
-    return AllocateOrFail(size);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return AllocateOrFail(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void operator delete(void* block) noexcept
-{
-    Release(block);
-}
-
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    Release(block);
-}
-
-void operator delete[](void* block) noexcept
-{
-    Release(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept
-{
-    Release(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept
-{
-    Release(block);
-}
 
 namespace {
 
@@ -134,7 +62,7 @@ Outcomes ImportWithEachFailure(const char* example, FailNth failNth)
     // A report for which there is no memory may be lost without harm to the import, so an import
     // that succeeds need not be the one without a failure.
     for (int successes = 0, nth = 1; successes < 20; ++nth) {
-        const long before = liveAllocations;
+        const long before = LiveAllocations();
         bool result = false;
         {
             ConsoleDoc doc(0.001);
@@ -147,7 +75,7 @@ Outcomes ImportWithEachFailure(const char* example, FailNth failNth)
                 BogusFaces(journal) == BogusFaces(wholeJournal) + 1)
                 ++outcomes.withoutOneFace;
         }
-        EXPECT_EQ(liveAllocations, before) << "allocation " << nth;
+        EXPECT_EQ(LiveAllocations(), before) << "allocation " << nth;
         EXPECT_EQ(WorkNote::Instance().Depth(), 0) << "allocation " << nth;
         successes = result ? successes + 1 : 0;
         outcomes.failures += result ? 0 : 1;
@@ -161,10 +89,7 @@ class OutOfMemory : public testing::TestWithParam<const char*>
 
 TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
 {
-    EXPECT_GT(
-        ImportWithEachFailure(GetParam(), [](long nth) noexcept { allocationsToFailure = nth; })
-            .failures,
-        20);
+    EXPECT_GT(ImportWithEachFailure(GetParam(), FailNew).failures, 20);
     EXPECT_GT(ImportWithEachFailure(GetParam(), FailAllocation).failures, 5);
 }
 
@@ -181,16 +106,14 @@ TEST_P(OutOfMemory, TheDocumentKeepsWhatItHad)
 TEST(OutOfMemoryForAnObject, CostsThisObjectOnly)
 {
     for (const char* example : {"sphere.obj", "bezier_curves.obj"}) {
-        const Outcomes outcomes =
-            ImportWithEachFailure(example, [](long nth) noexcept { allocationsToFailure = nth; });
+        const Outcomes outcomes = ImportWithEachFailure(example, FailNew);
         EXPECT_GT(outcomes.withoutOneObject, 0) << example;
     }
 }
 
 TEST(OutOfMemoryForAMesh, CostsOneFaceOnly)
 {
-    const Outcomes outcomes =
-        ImportWithEachFailure("faulty.obj", [](long nth) noexcept { allocationsToFailure = nth; });
+    const Outcomes outcomes = ImportWithEachFailure("faulty.obj", FailNew);
     EXPECT_EQ(outcomes.withoutOneFace, 1) << "the first face of \"patched\"";
 }
 

@@ -1,21 +1,19 @@
 #include "tests/program/faults/failing_calls.h"
 
 #include "console_host/geokit/allocation_faults.h"
+#include "tests/failing_new.h"
 
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <new>
 
 namespace {
 
 std::array<std::atomic<long>, 5> callsToFailure{};
-std::atomic<long> liveAllocations = 0;
 
 bool Fails(Call call) noexcept
 {
@@ -38,82 +36,16 @@ Function* Next(const char* name) noexcept
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-void* AllocateOrFail(std::size_t size)
-{
-    void* block = Fails(Call::Allocate) ? nullptr : std::malloc(size > 0 ? size : 1);
-    if (block == nullptr) {
-        // The handler throws.
-        if (const std::new_handler handler = std::get_new_handler())
-            handler();
-        throw std::bad_alloc();
-    }
-    ++liveAllocations;
-    return block;
-}
-
-void Release(void* block) noexcept
-{
-    liveAllocations -= block != nullptr ? 1 : 0;
-    std::free(block);
-}
-
 } // namespace
 
 void FailCall(Call call, long nth) noexcept
 {
-    if (call == Call::KernelAllocate)
+    if (call == Call::Allocate)
+        FailNew(nth);
+    else if (call == Call::KernelAllocate)
         FailAllocation(nth);
     else
         callsToFailure[static_cast<std::size_t>(call)] = nth;
-}
-
-long LiveAllocations() noexcept
-{
-    return liveAllocations;
-}
-
-void* operator new(std::size_t size)
-{
-    return AllocateOrFail(size);
-}
-
-void* operator new[](std::size_t size)
-{
-    return AllocateOrFail(size);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return AllocateOrFail(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void operator delete(void* block) noexcept
-{
-    Release(block);
-}
-
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    Release(block);
-}
-
-void operator delete[](void* block) noexcept
-{
-    Release(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept
-{
-    Release(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept
-{
-    Release(block);
 }
 
 // Calls of the C library. What it calls itself, inside, does not come here.

@@ -13,6 +13,3 @@ enum class Call
 
 /// The `nth` call of this kind from now on fails (1: the next), and only that one; 0: none does.
 void FailCall(Call call, long nth) noexcept;
-
-/// Returns how many blocks of operator new there are.
-long LiveAllocations() noexcept;

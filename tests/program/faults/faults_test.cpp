@@ -2,6 +2,7 @@
 
 #include "console_host/app/console_app.h"
 #include "console_host/program/program.h"
+#include "tests/failing_new.h"
 #include "tests/program/faults/failing_calls.h"
 #include "tests/temporary_folder.h"
 
