@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace {
 
@@ -25,7 +24,7 @@ private:
     struct Bounded
     {
         int surface;
-        std::unique_ptr<ParameterPlane> plane;
+        ParameterPlane plane;
         BoundedFaces bounds;
     };
 
@@ -52,7 +51,7 @@ bool Repair::Run()
             return false;
     BrepAssembly assembly(m_brep);
     for (const Bounded& bounded : m_bounded)
-        assembly.Add(bounded.surface, *bounded.plane, bounded.bounds);
+        assembly.Add(bounded.surface, bounded.plane, bounded.bounds);
     JoinTrimEnds(m_brep, Nearness());
     DropUnusedVertices();
     for (int i = 0; i < m_brep.SurfaceCount(); ++i) // nothing is pushed up onto it any more
@@ -124,14 +123,11 @@ std::vector<int> Repair::FacesToKeep() const
 bool Repair::Bound(int face)
 {
     const int surface = m_brep.Face(face).surfaceIndex;
-    Bounded bounded{surface,
-                    std::make_unique<ParameterPlane>(
-                        *GK_NurbsSurface::Cast(m_brep.Surface(surface)), m_tolerance),
-                    {}};
-    bounded.bounds = BoundFace(m_brep, m_brep.Face(face), *bounded.plane, m_report);
-    if (bounded.bounds.faces.empty())
+    const ParameterPlane plane(*GK_NurbsSurface::Cast(m_brep.Surface(surface)), m_tolerance);
+    BoundedFaces bounds = BoundFace(m_brep, m_brep.Face(face), plane, m_report);
+    if (bounds.faces.empty())
         return false;
-    m_bounded.push_back(std::move(bounded));
+    m_bounded.push_back({surface, plane, std::move(bounds)});
     return true;
 }
 
@@ -143,7 +139,7 @@ double Repair::Nearness() const
     constexpr double RoundingOfFiles = 3e-6;
     double size = 0.0;
     for (const Bounded& bounded : m_bounded)
-        size = std::max(size, bounded.plane->Size());
+        size = std::max(size, bounded.plane.Size());
     return std::min(m_tolerance, RoundingOfFiles * size);
 }
 

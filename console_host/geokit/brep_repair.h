@@ -12,7 +12,7 @@ struct BrepRepairReport
     std::vector<std::string> dropped; ///< why each loop that was dropped went
 
     /// Notes a loop that is dropped by its number in the brep, from 1, and what is wrong with it.
-    void Drop(GK_BrepLoop::TYPE type, int number, const std::string& reason);
+    void Drop(GK_BrepLoop::TYPE type, int number, const std::string& why);
 };
 
 /// Makes a brep usable:

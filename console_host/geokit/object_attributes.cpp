@@ -34,7 +34,9 @@ void GK_MdxObjectAttributes::MakeGroupsChangeable()
 const std::vector<int>& GK_MdxObjectAttributes::Groups() const
 {
     static const std::vector<int> none;
-    return m_groups != nullptr ? m_groups->inOrder : none;
+    if (m_groups == nullptr)
+        return none;
+    return m_groups->inOrder;
 }
 
 bool GK_MdxObjectAttributes::GroupsAreBelow(int count) const

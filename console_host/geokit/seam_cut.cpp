@@ -113,8 +113,7 @@ void Cutter::EndAt(double t, long cell, bool onLine)
 std::vector<Cutter::Stretch> Cutter::Run()
 {
     m_start = m_piece.part[0];
-    for (std::size_t i = 0; i < m_samples.spans.size(); ++i) {
-        const PieceSamples::Span& span = m_samples.spans[i];
+    for (const PieceSamples::Span& span : m_samples.spans) {
         const auto line = LineAlong(span);
         if (!line) {
             AddOffLine(span);
