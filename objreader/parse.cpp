@@ -28,7 +28,7 @@ struct CReadOBJ::Statement
     OnFailure onFailure = OnFailure::EndParse;
 };
 
-/// The statement of a keyword, or null for one that is read over. Keywords count whole and without
+/// The statement of a keyword, or null for one that is ignored. Keywords count whole and without
 /// regard to case; those that begin with v are told apart by their second character alone.
 const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
 {

@@ -49,7 +49,7 @@ public:
 
     int HowToAddGs = 1;    ///< what group names become: 0 nothing, 1 groups, 2 layers, 3 names
     bool UseONames = true; ///< object names become names of document objects
-    bool IgnoreTextures = false; ///< "usemtl" statements are read over
+    bool IgnoreTextures = false; ///< "usemtl" statements are ignored
     bool ImportAsMorphTarget =
         false; ///< the whole file becomes one mesh, without normals or textures
     bool ReverseGroupOrder = false;  ///< the last, not the first, name of a "g" statement counts

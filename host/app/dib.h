@@ -26,7 +26,7 @@ public:
 
     /// Makes a new image in place of this one; `depth` is 24 or 32 bits and takes no palette. With
     /// `withPixels` the pixel storage is made too, its contents undefined. False, leaving an empty
-    /// image, for a size or depth that cannot be had or for want of memory.
+    /// image, for a size or depth that is not supported, and out of memory.
     bool CreateDib(int width, int height, int depth, bool withPixels,
                    const CKelvoPalette* palette = nullptr);
 
@@ -61,7 +61,7 @@ class CKelvoDib : public CKelvoUiDib
 public:
     CKelvoDib() = default;
 
-    /// As CreateDib; an image that cannot be had is empty.
+    /// As CreateDib; an image that cannot be made is empty.
     CKelvoDib(int width, int height, int depth, bool withPixels,
               const CKelvoPalette* palette = nullptr);
 
