@@ -1,10 +1,9 @@
 #include "console_host/geokit/brep_join.h"
 
-#include "console_host/geokit/brep_trims.h"
-
 #include "host/geokit/nurbs_curve.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -86,6 +85,22 @@ private:
     std::unordered_multimap<GK_3dPoint, Entry, Hash> m_cells;
 };
 
+// Where a trim starts and ends in space.
+std::array<GK_3dPoint, 2> EndsOf(const GK_Brep& brep, const GK_BrepTrim& trim)
+{
+    if (trim.edgeIndex < 0) {
+        const GK_BrepFace& face = brep.Face(brep.Loop(trim.loopIndex).faceIndex);
+        const GK_Surface& surface = *brep.Surface(face.surfaceIndex);
+        const GK_3dPoint start = trim.PointAtStart();
+        const GK_3dPoint end = trim.PointAtEnd();
+        return {surface.PointAt(start.x, start.y), surface.PointAt(end.x, end.y)};
+    }
+    const GK_BrepEdge& edge = brep.Edge(trim.edgeIndex);
+    if (trim.reversed)
+        return {edge.PointAtEnd(), edge.PointAtStart()};
+    return {edge.PointAtStart(), edge.PointAtEnd()};
+}
+
 // The farthest that an edge gets from its start.
 double Reach(const GK_BrepEdge& edge)
 {
@@ -163,9 +178,9 @@ std::vector<Box> Joiner::Gather()
     std::vector<Box> boxes(m_leader.size());
     for (int i = 0; i < m_brep.TrimCount(); ++i) {
         const GK_BrepTrim& trim = m_brep.Trim(i);
-        const TrimEnds ends = EndsOf(m_brep, trim);
+        const std::array<GK_3dPoint, 2> ends = EndsOf(m_brep, trim);
         for (const std::size_t end : {0U, 1U})
-            boxes[Size(Leader(trim.vertexIndex[end]))].Add(ends.point[end]);
+            boxes[Size(Leader(trim.vertexIndex[end]))].Add(ends[end]);
     }
     return boxes;
 }

@@ -137,25 +137,36 @@ std::string WhyBeyond(const Uv& place, std::size_t d, const ParameterPlane& plan
                       below ? plane.Low(d) : plane.High(d));
 }
 
+// Control points of a span lie beyond the domain by more than `room`.
+bool ReachesBeyond(const PieceSamples::Span& span, std::size_t d, double room,
+                   const ParameterPlane& plane)
+{
+    return span.low[d] < plane.Low(d) - room || span.high[d] > plane.High(d) + room;
+}
+
+std::string WhyOutside(const LoopShape& loop, std::size_t d, const ParameterPlane& plane)
+{
+    constexpr double MostPeriods = 64.0;
+    const bool closed = plane.IsClosed(d);
+    const double room = closed ? MostPeriods * plane.Length(d) : 0.0;
+    for (const auto& [samples, spans] : loop.samples) {
+        for (const PieceSamples::Span& span : spans) {
+            if (!ReachesBeyond(span, d, room, plane))
+                continue;
+            if (closed)
+                return "runs around the surface too far";
+            for (std::size_t i = span.first; i <= span.last; ++i)
+                if (IsBeyond(samples[i].place, d, plane))
+                    return WhyBeyond(FarthestOut(loop, d, plane), d, plane);
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 std::string WhyOutside(const LoopShape& loop, const ParameterPlane& plane)
 {
-    constexpr double MostPeriods = 64.0;
-    for (const PieceSamples& samples : loop.samples) {
-        for (const PieceSamples::Span& span : samples.spans) {
-            for (const std::size_t d : {0U, 1U}) {
-                const bool closed = plane.IsClosed(d);
-                const double room = closed ? MostPeriods * plane.Length(d) : 0.0;
-                if (span.low[d] >= plane.Low(d) - room && span.high[d] <= plane.High(d) + room)
-                    continue;
-                if (closed)
-                    return "runs around the surface too far";
-                for (std::size_t i = span.first; i <= span.last; ++i)
-                    if (IsBeyond(samples.samples[i].place, d, plane))
-                        return WhyBeyond(FarthestOut(loop, d, plane), d, plane);
-            }
-        }
-    }
-    return {};
+    const std::string inU = WhyOutside(loop, 0, plane);
+    return inU.empty() ? WhyOutside(loop, 1, plane) : inU;
 }

@@ -1,10 +1,11 @@
 #include "console_host/geokit/nurbs_checks.h"
 
+#include "console_host/geokit/text.h"
+
 #include "host/geokit/curve.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 bool Unsound(std::string* reason, std::string text)
 {
@@ -17,9 +18,7 @@ namespace {
 
 std::string Number(double value)
 {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.6g", value);
-    return text;
+    return FormatText("%.6g", value);
 }
 
 std::string The(const char* subject)

@@ -1,5 +1,6 @@
 #include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_evaluation.h"
+#include "console_host/geokit/text.h"
 #include "console_host/vxkit/curve_restriction.h"
 #include "console_host/vxkit/image_fit.h"
 #include "console_host/vxkit/pushup_allowance.h"
@@ -9,7 +10,6 @@
 #include "host/vxkit/nurbs_surface.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
 
@@ -37,12 +37,11 @@ bool IsSound(const GK_NurbsCurve* curve)
 
 void SayOutside(const GK_Interval& part, const GK_Interval& domain)
 {
-    char text[256];
-    std::snprintf(text, sizeof text,
-                  "A trim was left out, as it asks for the part from %.9g to %.9g of a curve that "
-                  "goes from %.9g to %.9g.",
-                  part[0], part[1], domain[0], domain[1]);
-    PushupAllowance::Current().Say(PushupAllowance::OutsideDomain, text);
+    PushupAllowance::Current().Say(
+        PushupAllowance::OutsideDomain,
+        FormatText("A trim was left out, as it asks for the part from %.9g to %.9g of a curve that "
+                   "goes from %.9g to %.9g.",
+                   part[0], part[1], domain[0], domain[1]));
 }
 
 void SayGivenUp(ImageFit::Outcome outcome)
