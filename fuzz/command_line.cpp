@@ -1,6 +1,6 @@
 // The arguments of the program, one a line.
 
-#include "console_host/program/command_line.h"
+#include "objimport/command_line.h"
 
 #include "fuzz/own_folder.h"
 

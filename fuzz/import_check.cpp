@@ -2,9 +2,9 @@
 
 #include "console_host/app/console_app.h"
 #include "console_host/framework/work_note.h"
-#include "console_host/program/document_json.h"
-#include "console_host/program/summary.h"
 #include "fuzz/own_folder.h"
+#include "objimport/document_json.h"
+#include "objimport/summary.h"
 #include "objreader/group_object.h"
 #include "objreader/read_obj.h"
 

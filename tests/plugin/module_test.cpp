@@ -1,5 +1,5 @@
 #include "console_host/app/console_app.h"
-#include "console_host/program/plugin_module.h"
+#include "objimport/plugin_module.h"
 
 #include "host/geokit/string.h"
 

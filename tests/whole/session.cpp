@@ -2,9 +2,9 @@
 
 #include "console_host/app/console_app.h"
 #include "console_host/framework/work_note.h"
-#include "console_host/program/document_json.h"
-#include "console_host/program/option_switches.h"
-#include "console_host/program/plugin_module.h"
+#include "objimport/document_json.h"
+#include "objimport/option_switches.h"
+#include "objimport/plugin_module.h"
 #include "tests/temporary_folder.h"
 #include "tests/whole/report.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "console_host/app/document.h"
-#include "console_host/program/import_record.h"
+#include "objimport/import_record.h"
 
 #include <string>
 #include <vector>

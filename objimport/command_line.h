@@ -1,0 +1,49 @@
+#pragma once
+
+#include "objimport/option_switches.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// How the plug-in comes to its options.
+enum class Asking
+{
+    EnterAtOnce, ///< its prompt is answered by Enter
+    Prompt,      ///< its prompt is answered by the user
+    Dialog       ///< its dialog
+};
+
+/// What the command line asks for. Texts are UTF-8.
+struct CommandLine
+{
+    std::vector<std::string> files;
+    OptionSwitches switches;
+    Asking asking = Asking::EnterAtOnce;
+    bool zoom = false;
+    bool about = false;
+    bool quiet = false;
+    double tolerance = 0.001;
+    std::string run; ///< the command to run; empty: none
+    std::string json;
+    std::string settings;
+    std::string strings;
+    std::string module;
+
+    CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+    ~CommandLine();
+
+    /// Reads the arguments. An exit status when that ends the program: 0 after help or version, 2
+    /// after wrong usage, with one line on standard error.
+    std::optional<int> Read(std::vector<std::string> arguments);
+
+private:
+    void AddImportOptions();
+    void AddProgramOptions();
+    void CheckWhatIsAsked() const;
+
+    std::unique_ptr<CLI::App> m_app;
+};

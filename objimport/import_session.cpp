@@ -1,0 +1,60 @@
+#include "objimport/import_session.h"
+
+#include "console_host/app/console_app.h"
+#include "console_host/app/printable.h"
+#include "console_host/framework/work_note.h"
+#include "console_host/runtime/allocation_failures.h"
+#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/native_path.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <new>
+
+ImportSession::ImportSession(CKelvoFileImportPlugIn& plugIn, ConsoleDoc& doc, ImportMode mode)
+    : m_plugIn(plugIn), m_doc(doc)
+{
+    m_options.SetMode(ReadModeAskOnCommandLine, mode.askOnCommandLine);
+    m_options.SetMode(ReadModeZoomExtents, mode.zoom);
+}
+
+bool ImportSession::ReadFile(const std::string& file)
+{
+    try {
+        const std::wstring path = WidePath(AbsolutePath(PathFromUtf8(file)));
+        return m_plugIn.ReadFile(path.c_str(), 0, m_doc, m_options);
+    } catch (const std::bad_alloc&) {
+        return false;
+    } catch (const std::exception& failure) {
+        NoteGuestFault("ReadFile", std::string("it let an exception out: ") + failure.what());
+        return false;
+    }
+}
+
+void ImportSession::Import(const std::string& file)
+{
+    ConsoleApp& app = ConsoleApp::Instance();
+    app.TakeJournal();
+    ImportRecord& import = m_imports.emplace_back(ImportRecord{file, false, {}});
+    const long failuresBefore = AllocationFailures();
+    import.result = ReadFile(file);
+    WorkNote& note = WorkNote::Instance();
+    if (note.Depth() > 0)
+        NoteGuestFault("ReadFile", "it did not end its wait cursor");
+    while (note.End()) {
+    }
+    import.journal = app.TakeJournal();
+    import.journal.outOfMemory = AllocationFailures() > failuresBefore;
+    if (import.journal.outOfMemory)
+        WriteForPerson(stderr, "objimport: " + PrintableLine(file) + ": out of memory; " +
+                                   (import.result ? "something of it is missing\n"
+                                                  : "the reading ended before its end\n"));
+}
+
+bool ImportSession::AllSucceeded() const
+{
+    return std::all_of(m_imports.begin(), m_imports.end(), [](const ImportRecord& import) {
+        return import.result && !import.journal.outOfMemory;
+    });
+}

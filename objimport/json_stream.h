@@ -1,0 +1,126 @@
+#pragma once
+
+#include "objimport/json_text.h"
+#include "objimport/text_output.h"
+
+#include <string>
+#include <string_view>
+
+/// Writes one JSON value piece by piece, so that a large document is never held as text or as a
+/// tree. The caller keeps the pieces in order; commas come by themselves.
+class JsonStream
+{
+public:
+    explicit JsonStream(TextOutput& output) : m_output(output) {}
+
+    void BeginObject() { Begin('{'); }
+    void EndObject() { End('}'); }
+    void BeginArray() { Begin('['); }
+    void EndArray() { End(']'); }
+
+    /// Puts the next element, or the end, on a line of its own.
+    void NewLine() { m_newLine = true; }
+
+    /// The name of the member whose value comes next.
+    void Key(std::string_view name)
+    {
+        Separate();
+        m_output.Write('"');
+        m_output.Write(name);
+        m_output.Write("\": ");
+        m_needsComma = false;
+    }
+
+    void Value(double number)
+    {
+        Element([&] { m_output.Write(number); });
+    }
+    void Value(int number)
+    {
+        Element([&] { m_output.Write(number); });
+    }
+    void Value(bool value)
+    {
+        Element([&] { m_output.Write(value ? "true" : "false"); });
+    }
+
+    /// A text in UTF-8; bytes that are none stand as U+FFFD.
+    void Value(std::string_view text)
+    {
+        Element([&] { WriteJsonText(m_output, text); });
+    }
+    void Value(const std::string& text) { Value(std::string_view(text)); }
+    void Value(const char* text) { Value(std::string_view(text)); }
+
+    void Null()
+    {
+        Element([&] { m_output.Write("null"); });
+    }
+
+    template <class ValueType>
+    void Member(std::string_view name, const ValueType& value)
+    {
+        Key(name);
+        Value(value);
+    }
+
+    /// A member that is a list: `write` is called for each element.
+    template <class List, class Write>
+    void ListMember(std::string_view name, const List& list, Write write)
+    {
+        Key(name);
+        BeginArray();
+        for (const auto& element : list)
+            write(element);
+        EndArray();
+    }
+
+    /// An array of numbers.
+    template <class... Numbers>
+    void Tuple(Numbers... numbers)
+    {
+        BeginArray();
+        (Value(numbers), ...);
+        EndArray();
+    }
+
+private:
+    void Separate()
+    {
+        if (m_needsComma)
+            m_output.Write(',');
+        if (m_newLine)
+            m_output.Write('\n');
+        else if (m_needsComma)
+            m_output.Write(' ');
+        m_newLine = false;
+        m_needsComma = true;
+    }
+
+    template <class Write>
+    void Element(Write write)
+    {
+        Separate();
+        write();
+    }
+
+    void Begin(char bracket)
+    {
+        Separate();
+        m_output.Write(bracket);
+        m_needsComma = false;
+    }
+
+    void End(char bracket)
+    {
+        if (m_newLine)
+            m_output.Write('\n');
+        m_newLine = false;
+        m_output.Write(bracket);
+        m_needsComma = true;
+    }
+
+    TextOutput& m_output;
+    bool m_needsComma = false;
+    bool m_newLine = false;
+};

@@ -1,0 +1,48 @@
+#include "console_host/runtime/unfinished_file.h"
+#include "objimport/platform.h"
+
+#include <csignal>
+
+namespace {
+
+/// Returning leaves the signal to end the program, as it would have done.
+void CleanUp(int signal)
+{
+    RemoveUnfinishedFiles();
+    std::raise(signal);
+}
+
+} // namespace
+
+std::vector<std::string> ProgramArguments(int count, char** arguments)
+{
+    return {arguments + (count > 0 ? 1 : 0), arguments + count};
+}
+
+void RemoveUnfinishedFilesAtTheEnd()
+{
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGABRT, SIGALRM, SIGTERM, SIGUSR1, SIGUSR2,
+                             SIGXCPU, SIGVTALRM, SIGPROF}) {
+        struct sigaction before
+        {
+        };
+        // What the program was started to ignore stays ignored.
+        if (sigaction(signal, nullptr, &before) != 0 || before.sa_handler != SIG_DFL)
+            continue;
+        struct sigaction action
+        {
+        };
+        action.sa_handler = CleanUp;
+        action.sa_flags = static_cast<int>(SA_RESETHAND);
+        sigaction(signal, &action, nullptr);
+    }
+}
+
+StandardStreams::StandardStreams()
+{
+    // A closed pipe and a file that may not grow are errors like any other.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+StandardStreams::~StandardStreams() = default;

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "objimport/library.h"
+
+#include "host/app/plugin.h"
+
+#include <array>
+
+/// An import plug-in's module, loaded into the program.
+class PlugInModule
+{
+public:
+    /// The functions that give a text, in the order in which they are looked up.
+    enum TextExport
+    {
+        Organization,
+        Address,
+        Country,
+        Phone,
+        Fax,
+        Email,
+        Website,
+        UpdateUrl,
+        TextExportCount
+    };
+
+    /// Loads the module and finds its exports and its plug-in. Throws ProgramError, which names
+    /// the file and the reason, when it is no module, lacks an export or brings no import plug-in.
+    explicit PlugInModule(const std::filesystem::path& path);
+    PlugInModule(const PlugInModule&) = delete;
+    PlugInModule& operator=(const PlugInModule&) = delete;
+
+    /// Unloads the module, after the unload hook when the load hook was run.
+    ~PlugInModule();
+
+    /// Runs the load hook. Throws ProgramError when the plug-in does not want to stay.
+    void RunLoadHook();
+
+    /// Runs the unload hook, once, when the load hook was run.
+    void RunUnloadHook();
+
+    [[nodiscard]] CKelvoFileImportPlugIn& PlugIn() const { return *m_plugIn; }
+
+    /// What an export says.
+    [[nodiscard]] const wchar_t* Text(TextExport which) const { return m_texts[which](); }
+    [[nodiscard]] int SdkVersion() const { return m_sdkVersion(); }
+    [[nodiscard]] int SdkServiceRelease() const { return m_sdkServiceRelease(); }
+
+private:
+    using TextFunction = const wchar_t* (*)();
+    using NumberFunction = int (*)();
+
+    long m_failuresBefore; ///< allocations that failed before the module was loaded
+    Library m_library;
+    std::array<TextFunction, TextExportCount> m_texts{};
+    NumberFunction m_sdkVersion = nullptr;
+    NumberFunction m_sdkServiceRelease = nullptr;
+    CKelvoFileImportPlugIn* m_plugIn = nullptr;
+    bool m_loaded = false;
+};

@@ -1,0 +1,232 @@
+#include "plugin/developer_information.h"
+#include "tests/objimport/process.h"
+#include "tests/temporary_folder.h"
+
+#include "host/geokit/string.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// Runs objimport with the scripted module.
+class Program : public testing::Test
+{
+protected:
+    /// Settings are kept in the test's folder unless the arguments name them.
+    ProcessResult Run(std::vector<std::string> arguments, const std::string& outputFile = "",
+                      const std::string& before = "")
+    {
+        arguments.insert(arguments.begin(), {"--module", SCRIPTED_MODULE});
+        if (std::find(arguments.begin(), arguments.end(), "--settings") == arguments.end())
+            arguments.insert(arguments.begin(), {"--settings", Settings()});
+        return RunObjimport(arguments, outputFile, before);
+    }
+
+    [[nodiscard]] std::string Script(const std::string& name, const std::string& words) const
+    {
+        return Utf8(
+            folder.Write(std::filesystem::path(std::u8string(name.begin(), name.end())), words));
+    }
+
+    [[nodiscard]] std::string Settings() const { return Utf8(folder.Path() / "s.ini"); }
+
+    TemporaryFolder folder;
+};
+
+void ExpectOneLine(const ProcessResult& result, const std::string& text)
+{
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_THAT(result.errors, StartsWith("objimport: "));
+    EXPECT_THAT(result.errors, HasSubstr(text));
+    EXPECT_EQ(result.errors.find('\n'), result.errors.size() - 1) << result.errors;
+}
+
+TEST_F(Program, NamesTheFileThatCannotBeReadBeforeImportingAnything)
+{
+    const std::string good = Script("good.txt", "state");
+    ExpectOneLine(Run({good, "absent.obj"}), "cannot read absent.obj: no such file");
+    ExpectOneLine(Run({good, folder.Path().string()}), "a folder, not a file");
+    ExpectOneLine(Run({"--json", good, good}), "the JSON would replace the input");
+    ExpectOneLine(Run({"--json", folder.Path().string(), good}), "cannot write");
+    ExpectOneLine(Run({"--strings", "absent.txt", good}), "string table absent.txt");
+    ExpectOneLine(Run({"--settings", folder.Path().string(), good}), "cannot read the settings");
+    EXPECT_EQ(folder.Read("good.txt"), "state");
+}
+
+TEST_F(Program, NamesTheModuleThatIsNone)
+{
+    const std::string good = Script("good.txt", "state");
+    const std::string text = Script("text.so", "no module");
+    const auto run = [&](const std::string& module) {
+        return RunObjimport({"--module", module, good});
+    };
+    ExpectOneLine(run("absent.so"), "absent.so: no such file");
+    ExpectOneLine(run(text), text);
+    ExpectOneLine(run(NO_MODULE), "lacks the export KelvoPlugIn");
+    ExpectOneLine(run(UNREGISTERED_MODULE), "brings no import plug-in");
+}
+
+TEST_F(Program, ShowsWhatTheModuleSaysOfItself)
+{
+    const ProcessResult about = Run({"--about"});
+    EXPECT_EQ(about.status, 0);
+    for (const char* text : {"Scripted\n", "1.0\n", "01000000-0000-0000-0000-000000000000\n",
+                             "Script (*.txt), extension txt\n"})
+        EXPECT_THAT(about.output, HasSubstr(text));
+    using namespace DeveloperInformation;
+    for (const GK_wString text : {Organization, Country, Phone, Fax, Email, Website, UpdateUrl})
+        EXPECT_THAT(about.output, HasSubstr(text.Utf8() + "\n"));
+    std::string address = GK_wString(Address).Utf8();
+    address.replace(address.find("\r\n"), 2, "\n" + std::string(22, ' '));
+    EXPECT_THAT(about.output, HasSubstr(address + "\n"));
+    for (const int version : {SdkVersion, SdkServiceRelease})
+        EXPECT_THAT(about.output, HasSubstr(std::to_string(version) + "\n"));
+    const std::string strings = Script("de.txt", "1\tGeskriptet");
+    EXPECT_THAT(Run({"--strings", strings, "--about"}).output, HasSubstr("Geskriptet\n"));
+    EXPECT_FALSE(std::filesystem::exists(Settings()));
+    EXPECT_THAT(Run({"--version"}).output, StartsWith("objimport "));
+    EXPECT_THAT(Run({"--help"}).output, HasSubstr("--reverse-groups"));
+}
+
+TEST_F(Program, ImportsInOrderAndTellsHowItWent)
+{
+    const std::string first = Script("a \xC3\xA4 \xE6\x9C\xA8.txt", "path point");
+    const std::string second = Script("b.txt", "box fail");
+    const ProcessResult result = Run({"--json", "-", first, second});
+    EXPECT_EQ(result.status, 1);
+    const auto json = nlohmann::json::parse(result.output);
+    EXPECT_EQ(json["imports"][0]["file"], first);
+    EXPECT_EQ(json["imports"][0]["result"], true);
+    EXPECT_EQ(json["imports"][1]["result"], false);
+    EXPECT_EQ(json["imports"][1]["boxes"][0]["text"], "boxed");
+    EXPECT_EQ(json["objects"].size(), 1U);
+    EXPECT_THAT(json["imports"][0]["prints"][0].get<std::string>(),
+                HasSubstr("a \xC3\xA4 \xE6\x9C\xA8.txt"));
+    EXPECT_THAT(result.errors, HasSubstr("caption: boxed\n"));
+    EXPECT_THAT(result.errors, HasSubstr("1 object: 1 point\n"));
+}
+
+TEST_F(Program, TellsThePlugInHowToRead)
+{
+    const std::string file = Script("a.txt", "state");
+    EXPECT_THAT(Run({file}).output, StartsWith("groups 1 zup 0 modes 10 tolerance 0.001\n"));
+    EXPECT_THAT(Run({"--zoom", "--tolerance", "0.5", file}).output,
+                StartsWith("groups 1 zup 0 modes 11 tolerance 0.5\n"));
+    EXPECT_EQ(Run({"--quiet", file}).output, "");
+}
+
+TEST_F(Program, KeepsOptionsOfOneRunOutOfTheSettings)
+{
+    const std::string file = Script("a.txt", "state");
+    folder.Write("s.ini", "[Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings]\n"
+                          "HowToAddGs=3\nZUp=false\n");
+    EXPECT_THAT(Run({file}).output, StartsWith("groups 3 zup 0"));
+    const std::string before = folder.Read("s.ini");
+    EXPECT_THAT(Run({"--groups", "layers", "--z-up", file}).output, StartsWith("groups 2 zup 1"));
+    EXPECT_EQ(folder.Read("s.ini"), before);
+    EXPECT_THAT(Run({file}).output, StartsWith("groups 3 zup 0"));
+}
+
+TEST_F(Program, RunsACommandInsteadOfImporting)
+{
+    EXPECT_EQ(Run({"--run", "SAY"}).output, "groups 1\n");
+    EXPECT_EQ(Run({"--run", "say"}).status, 0);
+    EXPECT_EQ(Run({"--groups", "names", "--run", "say"}).output, "groups 3\n");
+    EXPECT_EQ(Run({"--run", "giveup"}).status, 1);
+    ExpectOneLine(Run({"--run", "sa"}), "no command sa; the plug-in has say, giveUp");
+}
+
+TEST_F(Program, RunsTheTestCommandOfTheImporter)
+{
+    const ProcessResult result =
+        RunObjimport({"--settings", Settings(), "--run", "TestCrashImportOBJ"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "TestCrashImportOBJ ran.\n");
+    EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(Program, NotesFaultsOfThePlugIn)
+{
+    const ProcessResult waiting = Run({Script("wait.txt", "wait")});
+    EXPECT_EQ(waiting.status, 0);
+    EXPECT_THAT(waiting.errors, HasSubstr("ReadFile: it did not end its wait cursor"));
+    const ProcessResult throwing = Run({Script("throw.txt", "throw"), Script("b.txt", "point")});
+    EXPECT_EQ(throwing.status, 1);
+    EXPECT_THAT(throwing.errors, HasSubstr("ReadFile: it let an exception out: thrown"));
+    EXPECT_THAT(throwing.output, HasSubstr("1 object"));
+}
+
+#ifndef _WIN32
+TEST_F(Program, SaysThatThereIsNoDisplayForADialog)
+{
+    const std::vector<std::string> runs[] = {{"--dialog", PROJECT_FOLDER "/examples/house.obj"},
+                                             {"--run", "OBJImportOptionsDialog"}};
+    for (std::vector<std::string> arguments : runs) {
+        arguments.insert(arguments.end(), {"--settings", Settings()});
+        ExpectOneLine(RunObjimport(arguments, "", "env -u DISPLAY "), "--prompt");
+    }
+}
+
+TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
+{
+    for (const char* name : {"[", "a,b;c", "'a' \"b\"", "a%%b {c}", " a.obj ", "a\xFF"})
+        EXPECT_THAT(Run({Script(name, "point")}).output, HasSubstr("1 object: 1 point\n")) << name;
+    // The plug-in would look for "b" in a folder "a", and find the first of two like names.
+    folder.Write("a\xFE", "point");
+    for (const char* name : {"a\\b", "a\xFF"})
+        ExpectOneLine(Run({Script(name, "point")}), "cannot be given to the plug-in");
+}
+
+TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)
+{
+    const std::string file = Script("a.txt", "state");
+    ExpectOneLine(Run({file}, "", "SCRIPTED_MODULE_FAILS=1 "), "does not start");
+    const std::string settings = "[Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings]\n"
+                                 "Stay=false\n";
+    folder.Write("s.ini", settings);
+    ExpectOneLine(Run({file}), "the plug-in Scripted does not want to be loaded");
+    EXPECT_EQ(folder.Read("s.ini"), settings);
+}
+
+TEST_F(Program, KeepsSettingsInTheUsersFolderOrSaysThatItCannot)
+{
+    const std::string home = folder.Path().string();
+    const std::vector<std::string> arguments = {"--module", SCRIPTED_MODULE,
+                                                Script("a.txt", "state")};
+    const auto errorsWith = [&](const std::string& environment) {
+        const ProcessResult result = RunObjimport(arguments, "", "env -u " + environment + ' ');
+        EXPECT_EQ(result.status, 0);
+        return result.errors;
+    };
+    EXPECT_THAT(errorsWith("HOME XDG_CONFIG_HOME=not/absolute"),
+                HasSubstr("the settings are not kept"));
+    EXPECT_EQ(errorsWith("HOME XDG_CONFIG_HOME=" + home), "");
+    EXPECT_THAT(folder.Read("kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
+    EXPECT_EQ(errorsWith("XDG_CONFIG_HOME HOME=" + home), "");
+    EXPECT_THAT(folder.Read(".config/kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
+}
+
+TEST_F(Program, ReportsOutputThatCannotBeWritten)
+{
+    const std::string file = Script("a.txt", "point");
+    const std::string full = "/dev/full";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{file}, {"--json", "-", file}, {"--about"}, {"--run", "say"}}) {
+        const ProcessResult result = Run(arguments, full);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_THAT(result.errors, HasSubstr("cannot write to standard output: No space"));
+    }
+    const ProcessResult result = Run({"--json", full, file});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.errors, HasSubstr("cannot write /dev/full: No space"));
+}
+#endif
+
+} // namespace
