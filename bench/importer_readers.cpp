@@ -1,9 +1,8 @@
 #include "bench/readers.h"
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
-#include "objreader/group_object.h"
-#include "objreader/read_obj.h"
 #include "plugin/import_obj_plugin.h"
+#include "plugin/read_obj.h"
 
 #include <stdexcept>
 

@@ -5,8 +5,7 @@
 #include "fuzz/own_folder.h"
 #include "objimport/document_json.h"
 #include "objimport/summary.h"
-#include "objreader/group_object.h"
-#include "objreader/read_obj.h"
+#include "plugin/read_obj.h"
 
 #include <nlohmann/json.hpp>
 
@@ -50,13 +49,13 @@ void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
 
 void SetOptions(CReadOBJ& reader, unsigned int choice)
 {
-    reader.HowToAddGs = static_cast<int>(choice % 4);
-    reader.UseONames = (choice & 4U) != 0;
-    reader.ImportAsMorphTarget = (choice & 24U) == 24U;
-    reader.ReverseGroupOrder = (choice & 32U) != 0;
-    reader.ZUp = (choice & 64U) != 0;
-    reader.IgnoreTextures = (choice & 128U) != 0;
-    reader.Split32bitTextures = true;
+    reader.choices.HowToAddGs = static_cast<int>(choice % 4);
+    reader.choices.UseONames = (choice & 4U) != 0;
+    reader.choices.ImportAsMorphTarget = (choice & 24U) == 24U;
+    reader.choices.ReverseGroupOrder = (choice & 32U) != 0;
+    reader.choices.ZUp = (choice & 64U) != 0;
+    reader.choices.IgnoreTextures = (choice & 128U) != 0;
+    reader.choices.Split32bitTextures = true;
 }
 
 void ImportAndCheck(const wchar_t* path, unsigned int options)

@@ -1,25 +1,39 @@
-#include "objreader/group_object.h"
-#include "objreader/out_of_memory.h"
-#include "objreader/read_obj.h"
+#include "geometry/document_objects.h"
+
+#include "geometry/finish_mesh.h"
+#include "geometry/out_of_memory.h"
 
 #include <new>
 #include <type_traits>
 
 namespace {
 
-/// Adds an object of this geometry, which `setGeometry` hands over; returns the outcome. An object
-/// that cannot be made, out of memory, costs only itself and the geometry that it would have taken.
-template <class Object, class Taken>
-bool AddObjectOf(std::type_identity_t<Taken> geometry, void (Object::*setGeometry)(Taken),
-                 CKelvoDoc& doc, const GK_MdxObjectAttributes& attributes)
+/// (x, y, z) becomes (x, -z, y).
+constexpr GK_Xform ObjYToZ{{{1, 0, 0, 0}, {0, 0, -1, 0}, {0, 1, 0, 0}, {0, 0, 0, 1}}};
+
+/// Carries out a step of making an object and returns its result. An object that cannot be made,
+/// out of memory, costs only itself and the geometry that it would have taken.
+template <class Step>
+bool MakeOrSayWhy(Step step, const GK_MdxObjectAttributes& attributes)
 try {
-    auto object = std::make_unique<Object>(attributes);
-    ((*object).*setGeometry)(std::forward<Taken>(geometry));
-    return doc.AddObject(std::move(object), CReadOBJ::AddAsReference, false);
+    return step();
 } catch (const std::bad_alloc&) {
     PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n",
                      attributes.name.Array());
     return false;
+}
+
+/// Adds an object of this geometry, which `setGeometry` hands over; returns the outcome.
+template <class Object, class Taken>
+bool AddObjectOf(std::type_identity_t<Taken> geometry, void (Object::*setGeometry)(Taken),
+                 CKelvoDoc& doc, const GK_MdxObjectAttributes& attributes)
+{
+    const auto add = [&] {
+        auto object = std::make_unique<Object>(attributes);
+        ((*object).*setGeometry)(std::forward<Taken>(geometry));
+        return doc.AddObject(std::move(object), AddAsReference, false);
+    };
+    return MakeOrSayWhy(add, attributes);
 }
 
 /// Bounds the first face by the edge of its surface.
@@ -33,98 +47,105 @@ void AddNaturalOuterLoop(GK_Brep& brep)
 
 } // namespace
 
-bool CReadOBJ::Build()
+DocumentObjects::DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc)
+    : m_file(file), m_choices(choices), m_doc(doc), m_objectAttributes(file, choices, doc),
+      m_meshes(file.lists), m_breps(file.lists, file.trimCurves, doc.AbsoluteTolerance())
 {
-    bool result = true;
-    GK_MdxObjectAttributes attributes;
-    for (const std::unique_ptr<Group_Object>& record : groupObjects) {
+}
+
+bool DocumentObjects::Build()
+{
+    m_result = true;
+    for (const std::unique_ptr<Group_Object>& record : m_file.groupObjects) {
         if (record->geometry)
-            BuildRecord(*record, attributes, result);
+            BuildRecord(*record);
         else
-            EnterGroupNames(record->groupNames.get());
+            m_objectAttributes.EnterGroupNames(*record);
     }
-    return result;
+    return m_result;
 }
 
-/// Adds the objects of one record: mesh, curves, points, point clouds, breps. `result` becomes the
-/// outcome of the last object attempted.
-void CReadOBJ::BuildRecord(Group_Object& record, GK_MdxObjectAttributes& attributes, bool& result)
+/// Adds the objects of one record: mesh, curves, points, point clouds, breps.
+void DocumentObjects::BuildRecord(Group_Object& record)
 {
-    attributes.Default();
-    MakeAttributes(record, attributes);
-    const int material = doc.MaterialTable().FindMaterial(GK_wString(*record.materialName), true);
+    m_attributes.Default();
+    m_objectAttributes.MakeAttributes(record, m_attributes);
+    const int material = m_doc.MaterialTable().FindMaterial(GK_wString(*record.materialName), true);
     if (material != -1) {
-        attributes.materialIndex = material;
-        attributes.SetMaterialSource(GK::material_from_object);
+        m_attributes.materialIndex = material;
+        m_attributes.SetMaterialSource(GK::material_from_object);
     }
-    AddMesh(record, attributes, result);
-    AddCurves(*record.geometry, attributes, result);
-    AddPoints(*record.geometry, attributes, result);
-    AddBreps(*record.geometry, attributes, result);
+    AddMesh(*record.geometry);
+    AddCurves(*record.geometry);
+    AddPoints(*record.geometry);
+    AddBreps(*record.geometry);
 }
 
-void CReadOBJ::AddMesh(Group_Object& record, const GK_MdxObjectAttributes& attributes, bool& result)
+void DocumentObjects::AddMesh(Geometry& geometry)
 {
-    Geometry& geometry = *record.geometry;
-    if (!geometry.mesh)
-        return;
-    const bool built = BuildMesh(record);
+    std::unique_ptr<GK_Mesh> mesh;
+    const auto build = [&] {
+        mesh = m_meshes.BuildMesh(geometry);
+        return true;
+    };
+    const bool built = MakeOrSayWhy(build, m_attributes);
     // The mesh holds all that follows needs, so the room can serve its clean-up.
     geometry.corners.Destroy();
     geometry.faces.Destroy();
-    std::unique_ptr<GK_Mesh> mesh = std::move(geometry.mesh);
-    if (!built)
+    if (built && mesh == nullptr)
         return;
-    result = FinishMesh(mesh.get());
-    if (!result)
-        return;
-    if (ZUp)
-        mesh->Transform(ObjYToZ);
-    result = AddObjectOf(std::move(mesh), &CKelvoMeshObject::SetMesh, doc, attributes);
+    const auto add = [&] {
+        if (!FinishMesh(mesh.get(), m_choices.ImportAsMorphTarget))
+            return false;
+        if (m_choices.ZUp)
+            mesh->Transform(ObjYToZ);
+        return AddObjectOf(std::move(mesh), &CKelvoMeshObject::SetMesh, m_doc, m_attributes);
+    };
+    m_result = built && MakeOrSayWhy(add, m_attributes);
 }
 
-void CReadOBJ::AddPoints(const Geometry& geometry, const GK_MdxObjectAttributes& attributes,
-                         bool& result)
+void DocumentObjects::AddCurves(Geometry& geometry)
+{
+    for (CurveData& curve : geometry.curves)
+        m_result = AddObjectOf(MakeCurve(curve), &CKelvoCurveObject::SetCurve, m_doc, m_attributes);
+    geometry.curves = {};
+}
+
+void DocumentObjects::AddPoints(const Geometry& geometry)
 {
     for (const GK_3dPoint& point : geometry.points)
-        doc.AddPointObject(point, attributes, nullptr, AddAsReference);
+        m_doc.AddPointObject(point, m_attributes, nullptr, AddAsReference);
     int first = 0;
     for (const int end : geometry.cloudEnds) {
-        const std::span<const int> cloud(geometry.cloudVertices.Array() + first,
-                                         geometry.cloudVertices.Array() + end);
-        result = AddPointCloud(cloud, attributes);
+        m_result = AddPointCloud(
+            {geometry.cloudVertices.Array() + first, geometry.cloudVertices.Array() + end});
         first = end;
     }
 }
 
-/// As AddObjectOf, also when there is no memory for the cloud itself.
-bool CReadOBJ::AddPointCloud(std::span<const int> indices, const GK_MdxObjectAttributes& attributes)
-try {
-    GK_PointCloud cloud;
-    cloud.points.Reserve(static_cast<int>(indices.size()));
-    for (const int index : indices)
-        cloud.AppendPoint(vertices[index]);
-    return AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, doc, attributes);
-} catch (const std::bad_alloc&) {
-    return false;
+bool DocumentObjects::AddPointCloud(std::span<const int> indices)
+{
+    const auto add = [&] {
+        GK_PointCloud cloud;
+        cloud.points.Reserve(static_cast<int>(indices.size()));
+        for (const int index : indices)
+            cloud.AppendPoint(m_file.lists.vertices[index]);
+        return AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, m_doc, m_attributes);
+    };
+    return MakeOrSayWhy(add, m_attributes);
 }
 
-void CReadOBJ::AddCurves(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)
+void DocumentObjects::AddBreps(Geometry& geometry)
 {
-    for (std::unique_ptr<VX_NurbsCurve>& curve : geometry.curves) {
-        result = AddObjectOf(std::move(curve), &CKelvoCurveObject::SetCurve, doc, attributes);
-    }
-}
-
-void CReadOBJ::AddBreps(Geometry& geometry, const GK_MdxObjectAttributes& attributes, bool& result)
-{
-    for (std::unique_ptr<VX_Brep>& owned : geometry.breps) {
-        std::unique_ptr<VX_Brep> brep = std::move(owned);
-        if (brep->FaceCount() > 0 && brep->Face(0).LoopCount() == 0)
-            AddNaturalOuterLoop(*brep);
-        result = KelvoRepairBrep(*brep, tolerance);
-        if (!result)
-            continue;
-        result = AddObjectOf(std::move(brep), &CKelvoBrepObject::SetBrep, doc, attributes);
+    for (SurfaceData& surface : geometry.surfaces) {
+        const auto add = [&] {
+            std::unique_ptr<VX_Brep> brep = m_breps.MakeBrep(surface);
+            surface = {};
+            if (brep->FaceCount() > 0 && brep->Face(0).LoopCount() == 0)
+                AddNaturalOuterLoop(*brep);
+            return KelvoRepairBrep(*brep, m_doc.AbsoluteTolerance()) &&
+                   AddObjectOf(std::move(brep), &CKelvoBrepObject::SetBrep, m_doc, m_attributes);
+        };
+        m_result = MakeOrSayWhy(add, m_attributes);
     }
 }

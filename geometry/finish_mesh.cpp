@@ -1,5 +1,6 @@
+#include "geometry/finish_mesh.h"
+
 #include "geometry/normal_repair.h"
-#include "objreader/read_obj.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ void DropUnlessComplete(GK_SimpleArray<T>& list, int vertexCount)
 
 } // namespace
 
-bool CReadOBJ::FinishMesh(GK_Mesh* mesh) const
+bool FinishMesh(GK_Mesh* mesh, bool isMorphTarget)
 {
     if (mesh == nullptr)
         return false;
@@ -25,7 +26,7 @@ bool CReadOBJ::FinishMesh(GK_Mesh* mesh) const
         return false;
 
     RepairNormals(*mesh);
-    if (!mesh->HasVertexNormals() || ImportAsMorphTarget)
+    if (!mesh->HasVertexNormals() || isMorphTarget)
         mesh->ComputeVertexNormals();
     if (mesh->IsClosed() && mesh->Volume(GK_origin, nullptr) < 0.0)
         mesh->Flip();

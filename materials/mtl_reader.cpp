@@ -1,24 +1,15 @@
 #include "materials/mtl_reader.h"
 
-#include "materials/file_names.h"
+#include "materials/file_location.h"
 #include "materials/mtl_color.h"
 #include "materials/mtl_statements.h"
 #include "materials/split_outcomes.h"
 #include "objreader/numbers.h"
-#include "objreader/read_obj.h"
 
-CMtlReader::CMtlReader(CReadOBJ& objReader, std::FILE* stream)
-    : m_objReader(objReader), m_tokenizer(stream)
+CMtlReader::CMtlReader(std::FILE* stream, const FileLocation& location,
+                       SplitOutcomes* splitOutcomes)
+    : m_tokenizer(stream), m_location(location), m_splitOutcomes(splitOutcomes)
 {
-}
-
-void EnterMaterials(const MtlMaterials& materials, CKelvoMaterialTable& table)
-{
-    for (const GK_Material& material : materials) {
-        const bool isLast = &material == materials.Last();
-        if (!isLast || table.FindMaterial(material.Name(), true) == -1)
-            table.AddMaterial(material, false);
-    }
 }
 
 MtlMaterials CMtlReader::Read()
@@ -117,13 +108,13 @@ void CMtlReader::AddTexture(GK_Texture::TYPE type, std::string_view fileName)
     GK_Texture texture;
     texture.filename = GK_wString(fileName);
     // A full name needs no completing.
-    if (!m_objReader.CompletePath(texture.filename) &&
+    if (!m_location.CompletePath(texture.filename) &&
         !(IsFullFileName(texture.filename.View()) && HasShortParts(texture.filename.View())))
         return;
     texture.type = type;
     if (type == GK_Texture::TYPE::bump_texture)
         texture.blendConstant = 0.5;
-    if (type == GK_Texture::TYPE::bitmap_texture && m_objReader.Split32bitTextures)
+    if (type == GK_Texture::TYPE::bitmap_texture && m_splitOutcomes != nullptr)
         AddSplitTexture(texture);
     else
         m_material.AddTexture(texture);
@@ -131,21 +122,12 @@ void CMtlReader::AddTexture(GK_Texture::TYPE type, std::string_view fileName)
 
 void CMtlReader::AddSplitTexture(GK_Texture& diffuse)
 {
-    std::shared_ptr<SplitOutcomes>& outcomes = m_objReader.splitOutcomes;
-    if (outcomes == nullptr)
-        outcomes = std::make_shared<SplitOutcomes>();
     GK_Texture alpha;
-    const bool isSplit = outcomes->Split(diffuse, alpha);
+    const bool isSplit = m_splitOutcomes->Split(diffuse, alpha);
     if (!isSplit || diffuse.on)
         m_material.AddTexture(diffuse);
     if (isSplit && alpha.on)
         m_material.AddTexture(alpha);
-}
-
-void CReadOBJ::FinishTextures()
-{
-    if (splitOutcomes != nullptr)
-        splitOutcomes->Finish();
 }
 
 /// The tokens behind the keyword as one text, valid until the next call.

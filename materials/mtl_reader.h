@@ -7,22 +7,19 @@
 #include <cstdio>
 #include <string>
 
-class CKelvoMaterialTable;
-class CReadOBJ;
+class FileLocation;
+class SplitOutcomes;
 
 /// The materials of a library, in its order. All have names.
 using MtlMaterials = GK_ClassArray<GK_Material>;
-
-/// Adds the materials of a library to a table; the last one only when the table has none of its
-/// name.
-void EnterMaterials(const MtlMaterials& materials, CKelvoMaterialTable& table);
 
 /// Reads one material library.
 class CMtlReader
 {
 public:
-    /// Takes the open stream over. The reader of the OBJ file must outlive this one.
-    CMtlReader(CReadOBJ& objReader, std::FILE* stream);
+    /// Takes the open stream over. `location` is where the OBJ file stands. Diffuse textures are
+    /// split into `splitOutcomes`; null: they are not split. Both must outlive the reader.
+    CMtlReader(std::FILE* stream, const FileLocation& location, SplitOutcomes* splitOutcomes);
 
     /// Returns the materials up to the end of the library, or to the first colour that cannot be
     /// read. To be called once.
@@ -45,8 +42,9 @@ private:
 
     const std::string& JoinTokens(std::string_view between);
 
-    CReadOBJ& m_objReader;
     CObjLineTokenizer m_tokenizer;
+    const FileLocation& m_location;
+    SplitOutcomes* m_splitOutcomes;
     MtlMaterials m_materials;
     GK_Material m_material; ///< being gathered; it has no name before the first "newmtl"
     std::string m_joined;   ///< scratch

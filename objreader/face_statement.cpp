@@ -1,10 +1,11 @@
-#include "objreader/group_object.h"
+#include "objreader/indices.h"
 #include "objreader/numbers.h"
-#include "objreader/read_obj.h"
+#include "objreader/obj_reading.h"
+#include "objreader/plain_lines.h"
+#include "objreader/statements.h"
 
 #include <cstdint>
 #include <limits>
-#include <new>
 
 namespace {
 
@@ -57,107 +58,85 @@ CornerFields CutCorner(const char* text)
     return fields;
 }
 
-/// Resolves the fields of a corner up to the first that names nothing, and gives which that is.
-CReadOBJ::BadField ResolveFields(CReadOBJ& reader, const CornerFields& fields, V_TN_IDX& corner)
+/// Resolves the fields of a corner up to the first that names nothing, and returns which that is.
+BadField ResolveFields(const CornerFields& fields, const VertexLists& lists, V_TN_IDX& corner,
+                       int& bogusIndexCount)
 {
-    const auto resolve = [&reader](std::int64_t number, int& index, int listLength) {
+    const auto resolve = [&bogusIndexCount](std::int64_t number, int& index, int listLength) {
         if (number == NoNumber)
             return true;
         index = static_cast<int>(number);
-        return reader.ResolveIndex(index, listLength);
+        return ResolveIndex(index, listLength, bogusIndexCount);
     };
-    if (!resolve(fields.vertex, corner.vi, reader.vertices.Count()))
-        return CReadOBJ::BadFieldVertex;
-    if (!resolve(fields.texture, corner.ti, reader.texCoords.Count()))
-        return CReadOBJ::BadFieldTexture;
-    if (!resolve(fields.normal, corner.ni, reader.normals.Count()))
-        return CReadOBJ::BadFieldNormal;
-    return CReadOBJ::BadFieldNone;
+    if (!resolve(fields.vertex, corner.vi, lists.vertices.Count()))
+        return BadFieldVertex;
+    if (!resolve(fields.texture, corner.ti, lists.texCoords.Count()))
+        return BadFieldTexture;
+    if (!resolve(fields.normal, corner.ni, lists.normals.Count()))
+        return BadFieldNormal;
+    return BadFieldNone;
 }
 
-/// A corner with what its fields name.
-struct ParsedCorner
+/// The length of the list that a field of a corner refers to.
+int ListLength(const VertexLists& lists, BadField field)
 {
-    V_TN_IDX indices;
-    int fieldCount = 0;
-    bool hasVertex = false; ///< the first field is not empty
-    CReadOBJ::BadField badField = CReadOBJ::BadFieldNone;
-};
-
-ParsedCorner ParseFields(CReadOBJ& reader, const char* token)
-{
-    const CornerFields fields = CutCorner(token);
-    ParsedCorner parsed;
-    parsed.fieldCount = fields.count;
-    parsed.hasVertex = fields.vertex != NoNumber;
-    if (fields.count <= MostFields)
-        parsed.badField = ResolveFields(reader, fields, parsed.indices);
-    return parsed;
-}
-
-} // namespace
-
-int CReadOBJ::ParseCorner(const char* token, int& vi, int& ti, int& ni, int& bad_field)
-{
-    const ParsedCorner parsed = ParseFields(*this, token);
-    vi = parsed.indices.vi;
-    ti = parsed.indices.ti;
-    ni = parsed.indices.ni;
-    bad_field = parsed.badField;
-    return parsed.fieldCount;
-}
-
-bool CReadOBJ::NewGroupMesh()
-{
-    std::unique_ptr<GK_Mesh> mesh(new (std::nothrow) GK_Mesh);
-    if (mesh == nullptr)
-        return false;
-    for (const int direction : {0, 1}) {
-        mesh->SetSurfaceParameterDomain(direction, GK_Interval(0.0, 1.0));
-        mesh->SetPackedTextureDomain(direction, GK_Interval(0.0, 1.0));
-    }
-    currentGroup->GeometryToFill().mesh = std::move(mesh);
-    return true;
+    if (field == BadFieldVertex)
+        return lists.vertices.Count();
+    return field == BadFieldTexture ? lists.texCoords.Count() : lists.normals.Count();
 }
 
 /// Reads a corner of a face. `fieldCount` is that of the face, 0 until a corner has set it; a
 /// corner whose fields do not agree with it is no part of the face, and false.
-bool CReadOBJ::ReadCorner(const char* token, int& fieldCount, V_TN_IDX& corner)
+bool ReadCorner(ObjReading& reading, const char* token, int& fieldCount, V_TN_IDX& corner)
 {
+    const VertexLists& lists = reading.file.lists;
     corner = {};
-    ParsedCorner parsed = ParseFields(*this, token);
-    if (parsed.fieldCount > MostFields)
+    V_TN_IDX parsed;
+    BadField badField = BadFieldNone;
+    const int count = ParseCorner(token, lists, parsed, badField, reading.file.BogusIndexCount);
+    if (count > MostFields)
         return false;
-    if (parsed.hasVertex) {
+    const bool hasVertex = !EndsField(*token);
+    if (hasVertex) {
         if (fieldCount == 0)
-            fieldCount = parsed.fieldCount;
-        if (parsed.fieldCount != fieldCount)
+            fieldCount = count;
+        if (count != fieldCount)
             return false;
     }
-    if (parsed.badField != BadFieldNone)
-        PrintBadCorner(parsed.badField, token);
-    if (ImportAsMorphTarget)
-        parsed.indices.ti = parsed.indices.ni = -1;
-    corner = parsed.indices;
+    if (badField != BadFieldNone)
+        reading.events.OnBadCorner(badField, ListLength(lists, badField), token);
+    if (reading.choices.ImportAsMorphTarget)
+        parsed.ti = parsed.ni = -1;
+    corner = parsed;
     return true;
 }
 
-bool CReadOBJ::ReadFace()
+} // namespace
+
+int ParseCorner(const char* token, const VertexLists& lists, V_TN_IDX& corner, BadField& bad_field,
+                int& bogusIndexCount)
 {
-    Geometry& geometry = currentGroup->GeometryToFill();
-    if (!geometry.mesh && !NewGroupMesh())
-        return false;
-    const int tokenCount = tokenizer.TokenCount();
+    const CornerFields fields = CutCorner(token);
+    corner.vi = corner.ti = corner.ni = -1;
+    bad_field = fields.count <= MostFields ? ResolveFields(fields, lists, corner, bogusIndexCount)
+                                           : BadFieldNone;
+    return fields.count;
+}
+
+bool ReadFace(ObjReading& reading)
+{
+    Geometry& geometry = reading.currentGroup->GeometryToFill();
+    const int tokenCount = reading.tokenizer.TokenCount();
     if (tokenCount < 4)
         return false;
 
     geometry.faces.Append({geometry.corners.Count(), 0});
     Face& face = *geometry.faces.Last();
     int fieldCount = 0;
-    const char* const* token = tokenizer.Tokens();
+    const char* const* token = reading.tokenizer.Tokens();
     V_TN_IDX* corner = geometry.corners.AppendUnset(tokenCount - 1);
     while (face.cornerCount < tokenCount - 1) {
-        if (!ReadCorner(*++token, fieldCount, *corner++)) {
+        if (!ReadCorner(reading, *++token, fieldCount, *corner++)) {
             geometry.corners.SetCount(static_cast<int>(corner - geometry.corners.Array()));
             return false;
         }
@@ -185,29 +164,30 @@ namespace {
 
 /// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and gives how many fields that is; 0
 /// for all others.
-[[gnu::always_inline]] inline int TakePlainCorner(const CReadOBJ& reader, const char*& text,
+[[gnu::always_inline]] inline int TakePlainCorner(const VertexLists& lists, const char*& text,
                                                   V_TN_IDX& corner)
 {
-    if (!TakePlainIndex(text, reader.vertices.Count(), corner.vi))
+    if (!TakePlainIndex(text, lists.vertices.Count(), corner.vi))
         return 0;
     if (*text != '/')
         return 1;
     ++text;
-    if (*text != '/' && !TakePlainIndex(text, reader.texCoords.Count(), corner.ti))
+    if (*text != '/' && !TakePlainIndex(text, lists.texCoords.Count(), corner.ti))
         return 0;
     if (*text != '/')
         return 2;
     ++text;
-    return TakePlainIndex(text, reader.normals.Count(), corner.ni) ? 3 : 0;
+    return TakePlainIndex(text, lists.normals.Count(), corner.ni) ? 3 : 0;
 }
 
 /// Takes plain corners, all of as many fields, up to the line end. False for all others.
-bool TakePlainCorners(const CReadOBJ& reader, const char*& text, GK_SimpleArray<V_TN_IDX>& corners)
+bool TakePlainCorners(const VertexLists& lists, const char*& text,
+                      GK_SimpleArray<V_TN_IDX>& corners)
 {
     int fieldCount = 0;
     while (SkipSpaces(text)) {
         V_TN_IDX corner;
-        const int count = TakePlainCorner(reader, text, corner);
+        const int count = TakePlainCorner(lists, text, corner);
         if (count == 0 || (count != fieldCount && fieldCount != 0) || !EndsNumber(*text))
             return false;
         fieldCount = count;
@@ -218,17 +198,13 @@ bool TakePlainCorners(const CReadOBJ& reader, const char*& text, GK_SimpleArray<
 
 } // namespace
 
-bool CReadOBJ::ReadPlainFace(const char* text)
+bool ReadPlainFace(CObjLineTokenizer& tokenizer, const char* text, const VertexLists& lists,
+                   Geometry& geometry)
 {
-    if (ImportAsMorphTarget)
-        return false;
-    Geometry& geometry = currentGroup->GeometryToFill();
     const int firstCorner = geometry.corners.Count();
-    const bool plain = TakePlainCorners(*this, text, geometry.corners);
+    const bool plain = TakePlainCorners(lists, text, geometry.corners);
     const int cornerCount = geometry.corners.Count() - firstCorner;
-    // The mesh comes before the step over the line, which cannot be taken back.
-    if (!plain || cornerCount < 3 || (!geometry.mesh && !NewGroupMesh()) ||
-        !tokenizer.SkipLine(text)) {
+    if (!plain || cornerCount < 3 || !tokenizer.SkipLine(text)) {
         geometry.corners.SetCount(firstCorner);
         return false;
     }

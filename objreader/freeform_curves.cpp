@@ -1,11 +1,8 @@
-#include "objreader/group_object.h"
+#include "objreader/indices.h"
 #include "objreader/keyword.h"
 #include "objreader/numbers.h"
-#include "objreader/read_obj.h"
-#include "objreader/unsupported_form.h"
-
-#include "host/app/app.h"
-#include "host/app/localize.h"
+#include "objreader/obj_reading.h"
+#include "objreader/statements.h"
 
 #include <algorithm>
 #include <limits>
@@ -15,168 +12,77 @@ namespace {
 /// Behind the keyword and the direction.
 constexpr int FirstParmToken = 2;
 
-} // namespace
+constexpr int MostValues = std::numeric_limits<int>::max();
 
-int CReadOBJ::OrderOf(int degree)
+void AppendPoint(CurveData& curve, const GK_2dPoint& point, double weight)
 {
-    return degree == std::numeric_limits<int>::max() ? degree : degree + 1;
+    const double values[] = {point.x, point.y, weight};
+    curve.controlPoints.Append(curve.rational ? 3 : 2, values);
 }
 
-bool CReadOBJ::ReadCSType()
+void AppendPoint(CurveData& curve, const GK_3dPoint& point, double weight)
 {
-    struct Word
-    {
-        std::string_view text;
-        CurveForm form;
-    };
-    constexpr Word Words[] = {{"bmatrix", FormBasisMatrix},
-                              {"bezier", FormBezier},
-                              {"bspline", FormBSpline},
-                              {"cardinal", FormCardinal},
-                              {"taylor", FormTaylor}};
-    rational = false;
-    cstype = FormNone;
-    const int tokenCount = tokenizer.TokenCount();
-    if (tokenCount < 2 || tokenCount > 3)
-        return false;
-    for (int i = 1; i < tokenCount; ++i) {
-        const char* token = tokenizer.Token(i);
-        if (IsKeyword(token, "rat")) {
-            rational = true;
-            continue;
-        }
-        const Word* word = std::find_if(std::begin(Words), std::end(Words), [&](const Word& known) {
-            return IsKeyword(token, known.text);
-        });
-        if (word == std::end(Words))
-            return false;
-        cstype = word->form;
-    }
-    return true;
+    const double values[] = {point.x, point.y, point.z, weight};
+    curve.controlPoints.Append(curve.rational ? 4 : 3, values);
 }
 
-bool CReadOBJ::ReadDegree()
+/// Appends the control points that the tokens from `firstToken` on name.
+bool ReadControlPoints(ObjReading& reading, CurveData& curve, int firstToken)
 {
-    degreeU = degreeV = -1;
-    const int tokenCount = tokenizer.TokenCount();
-    if (tokenCount < 2 || tokenCount > 3 || !ReadInteger(tokenizer.Token(1), degreeU))
-        return false;
-    return tokenCount == 2 || ReadInteger(tokenizer.Token(2), degreeV);
-}
-
-/// The curve is kept from its statement's first look on, whatever is wrong with the rest.
-bool CReadOBJ::ReadCurve(bool bParameterSpace)
-{
-    if (tokenizer.TokenCount() < 3 || ShowUnsupportedCurve(cstype))
-        return false;
-    if (cstype != FormBezier && cstype != FormBSpline)
-        return false;
-    if (bParameterSpace) {
-        freeformKind = FreeformParamCurve;
-        return ReadControlPoints(trimCurves.AppendNew(), 1, bParameterSpace);
-    }
-    auto& curves = currentGroup->GeometryToFill().curves;
-    VX_NurbsCurve& curve = *curves.emplace_back(std::make_unique<VX_NurbsCurve>());
-    freeformKind = FreeformCurve;
-    double u0 = 0.0;
-    double u1 = 0.0;
-    if (!ReadReal(tokenizer.Token(1), u0) || !ReadReal(tokenizer.Token(2), u1))
-        return false;
-    curve.SetDomain(u0, u1);
-    return ReadControlPoints(curve, 3, bParameterSpace);
-}
-
-bool CReadOBJ::ReadControlPoints(VX_NurbsCurve& curve, int firstToken, bool bParameterSpace)
-{
-    const int count = tokenizer.TokenCount() - firstToken;
-    const GK::point_style style = rational ? GK::euclidean_rational : GK::not_rational;
-    curve.Create(bParameterSpace ? 2 : 3, rational, OrderOf(degreeU), count);
-    for (int k = 0; k < count; ++k) {
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    const VertexLists& lists = reading.file.lists;
+    const bool inSpace = curve.dimension == 3;
+    const int listLength = inSpace ? lists.vertices.Count() : lists.paramPoints.Count();
+    const std::int64_t size =
+        std::int64_t{curve.controlPointCount} * (curve.dimension + (curve.rational ? 1 : 0));
+    curve.controlPoints.Reserve(static_cast<int>(std::min<std::int64_t>(size, MostValues)));
+    for (int k = 0; k < curve.controlPointCount; ++k) {
         int index = -1;
         if (!ReadInteger(tokenizer.Token(firstToken + k), index) ||
-            !ResolveIndex(index, bParameterSpace ? paramPoints.Count() : vertices.Count()))
+            !ResolveIndex(index, listLength, reading.file.BogusIndexCount))
             return false;
-        if (bParameterSpace) {
-            const GK_2dPoint& point = paramPoints[index];
-            const double values[] = {point.x, point.y, paramWeights[index]};
-            curve.SetCV(k, style, values);
-        } else {
-            const GK_3dPoint& point = vertices[index];
-            const double values[] = {point.x, point.y, point.z, vertexWeights[index]};
-            curve.SetCV(k, style, values);
-        }
+        if (inSpace)
+            AppendPoint(curve, lists.vertices[index], lists.vertexWeights[index]);
+        else
+            AppendPoint(curve, lists.paramPoints[index], lists.paramWeights[index]);
     }
     return true;
-}
-
-bool CReadOBJ::ReadParm()
-{
-    switch (freeformKind) {
-    case FreeformCurve:
-    case FreeformParamCurve:
-        return ReadCurveParm();
-    case FreeformSurface:
-        return ReadSurfaceParm();
-    default:
-        return true;
-    }
 }
 
 /// The curve that "parm" applies to, or null.
-VX_NurbsCurve* CReadOBJ::CurrentCurve()
+CurveData* CurrentCurve(ObjReading& reading)
 {
-    if (freeformKind == FreeformParamCurve)
-        return trimCurves.Last();
-    if (freeformKind != FreeformCurve || !currentGroup->geometry)
+    if (reading.freeform.freeformKind == FreeformParamCurve)
+        return &reading.file.trimCurves.back();
+    if (reading.freeform.freeformKind != FreeformCurve || !reading.currentGroup->geometry)
         return nullptr;
-    const auto& curves = currentGroup->geometry->curves;
-    return curves.empty() ? nullptr : curves.back().get();
-}
-
-bool CReadOBJ::ReadCurveParm()
-{
-    VX_NurbsCurve* curve = CurrentCurve();
-    if (curve == nullptr || tokenizer.TokenCount() < 2 || !IsKeyword(tokenizer.Token(1), "u"))
-        return false;
-    switch (cstype) {
-    case FormBSpline:
-        return ReadBSplineKnots(*curve);
-    case FormBezier:
-        ReadBezierKnots(*curve);
-        return true;
-    case FormNone:
-        return false;
-    default:
-        return true;
-    }
+    auto& curves = reading.currentGroup->geometry->curves;
+    return curves.empty() ? nullptr : &curves.back();
 }
 
 /// Files have one knot more at either end than the kernel.
-bool CReadOBJ::ReadBSplineKnots(GK_NurbsCurve& curve)
+bool ReadBSplineKnots(ObjReading& reading, CurveData& curve)
 {
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
     const std::int64_t knotCount = curve.KnotCount();
     const int valueCount = tokenizer.TokenCount() - FirstParmToken;
     curve.knots.Destroy();
     if (valueCount != knotCount + 2 && valueCount != knotCount) {
-        KelvoApp().Print(KvLocalizeString(
-            L"Knot count does not correspond with control point count in the curve.\n", 25987));
+        reading.events.OnWrongKnotCount();
         return false;
     }
     if (knotCount < 0)
         return true;
     const int first = valueCount == knotCount ? FirstParmToken : FirstParmToken + 1;
     curve.knots.SetCount(static_cast<int>(knotCount));
-    for (int i = 0; i < curve.knots.Count(); ++i) {
-        double value = 0.0;
-        if (!ReadReal(tokenizer.Token(first + i), value))
+    for (int i = 0; i < curve.knots.Count(); ++i)
+        if (!ReadReal(tokenizer.Token(first + i), curve.knots[i]))
             return false;
-        curve.SetKnot(i, value);
-    }
     return true;
 }
 
 /// Every value counts as often as the degree says.
-void CReadOBJ::ReadBezierKnots(GK_NurbsCurve& curve)
+void ReadBezierKnots(const CObjLineTokenizer& tokenizer, CurveData& curve)
 {
     GK_SimpleArray<double> values;
     for (int i = FirstParmToken; i < tokenizer.TokenCount(); ++i)
@@ -196,4 +102,127 @@ void CReadOBJ::ReadBezierKnots(GK_NurbsCurve& curve)
     for (const double value : values)
         for (std::int64_t i = 0; i < degree; ++i)
             curve.knots.Append(value);
+}
+
+/// Begins a curve with its order and the number of control points that the statement names.
+void BeginCurve(const ObjReading& reading, CurveData& curve, int dimension, int firstToken)
+{
+    curve.dimension = dimension;
+    curve.rational = reading.freeform.rational;
+    curve.order = OrderOf(reading.freeform.degreeU);
+    curve.controlPointCount = reading.tokenizer.TokenCount() - firstToken;
+}
+
+} // namespace
+
+int OrderOf(int degree)
+{
+    return degree == std::numeric_limits<int>::max() ? degree : degree + 1;
+}
+
+bool ReadCSType(ObjReading& reading)
+{
+    struct Word
+    {
+        std::string_view text;
+        CurveForm form;
+    };
+    constexpr Word Words[] = {{"bmatrix", FormBasisMatrix},
+                              {"bezier", FormBezier},
+                              {"bspline", FormBSpline},
+                              {"cardinal", FormCardinal},
+                              {"taylor", FormTaylor}};
+    FreeformAttributes& freeform = reading.freeform;
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    freeform.rational = false;
+    freeform.cstype = FormNone;
+    const int tokenCount = tokenizer.TokenCount();
+    if (tokenCount < 2 || tokenCount > 3)
+        return false;
+    for (int i = 1; i < tokenCount; ++i) {
+        const char* token = tokenizer.Token(i);
+        if (IsKeyword(token, "rat")) {
+            freeform.rational = true;
+            continue;
+        }
+        const Word* word = std::find_if(std::begin(Words), std::end(Words), [&](const Word& known) {
+            return IsKeyword(token, known.text);
+        });
+        if (word == std::end(Words))
+            return false;
+        freeform.cstype = word->form;
+    }
+    return true;
+}
+
+bool ReadDegree(ObjReading& reading)
+{
+    FreeformAttributes& freeform = reading.freeform;
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    freeform.degreeU = freeform.degreeV = -1;
+    const int tokenCount = tokenizer.TokenCount();
+    if (tokenCount < 2 || tokenCount > 3 || !ReadInteger(tokenizer.Token(1), freeform.degreeU))
+        return false;
+    return tokenCount == 2 || ReadInteger(tokenizer.Token(2), freeform.degreeV);
+}
+
+/// The curve is kept from its statement's first look on, whatever is wrong with the rest.
+bool ReadCurve(ObjReading& reading, bool bParameterSpace)
+{
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    if (tokenizer.TokenCount() < 3)
+        return false;
+    const auto form = static_cast<CurveForm>(reading.freeform.cstype);
+    if (form != FormBezier && form != FormBSpline) {
+        if (form != FormNone)
+            reading.events.OnUnsupportedCurve(form);
+        return false;
+    }
+    if (bParameterSpace) {
+        constexpr int FirstPointToken = 1;
+        CurveData& curve = reading.file.trimCurves.emplace_back();
+        reading.freeform.freeformKind = FreeformParamCurve;
+        BeginCurve(reading, curve, 2, FirstPointToken);
+        return ReadControlPoints(reading, curve, FirstPointToken);
+    }
+    constexpr int FirstPointToken = 3; // behind the domain, which the knots make good
+    CurveData& curve = reading.currentGroup->GeometryToFill().curves.emplace_back();
+    reading.freeform.freeformKind = FreeformCurve;
+    double end = 0.0;
+    if (!ReadReal(tokenizer.Token(1), end) || !ReadReal(tokenizer.Token(2), end))
+        return false;
+    BeginCurve(reading, curve, 3, FirstPointToken);
+    return ReadControlPoints(reading, curve, FirstPointToken);
+}
+
+bool ReadParm(ObjReading& reading)
+{
+    switch (reading.freeform.freeformKind) {
+    case FreeformCurve:
+    case FreeformParamCurve:
+        return ReadCurveParm(reading);
+    case FreeformSurface:
+        return ReadSurfaceParm(reading);
+    default:
+        return true;
+    }
+}
+
+bool ReadCurveParm(ObjReading& reading)
+{
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    CurveData* const curve = CurrentCurve(reading);
+    if (curve == nullptr || tokenizer.TokenCount() < 2 || !IsKeyword(tokenizer.Token(1), "u"))
+        return false;
+    switch (reading.freeform.cstype) {
+    case FormBSpline:
+        return ReadBSplineKnots(reading, *curve);
+    case FormBezier:
+        ReadBezierKnots(tokenizer, *curve);
+        return true;
+    case FormNone:
+        return false;
+    default:
+        return true;
+    }
 }

@@ -1,8 +1,8 @@
-#include "objreader/group_object.h"
+#include "objreader/indices.h"
 #include "objreader/keyword.h"
 #include "objreader/numbers.h"
-#include "objreader/read_obj.h"
-#include "objreader/unsupported_form.h"
+#include "objreader/obj_reading.h"
+#include "objreader/statements.h"
 
 #include <algorithm>
 #include <array>
@@ -13,106 +13,56 @@ namespace {
 constexpr int FirstIndexToken = 5; ///< of "surf", behind the keyword and the domain
 constexpr int FirstParmToken = 2;  ///< of "parm", behind the keyword and the direction
 
-int Saturate(std::int64_t count)
-{
-    return static_cast<int>(std::clamp<std::int64_t>(count, 0, std::numeric_limits<int>::max()));
-}
-
 /// The number of control points that belongs to a number of knots.
 int ControlPointCount(std::int64_t knotCount, int order)
 {
-    return Saturate(knotCount - order + 2);
-}
-
-} // namespace
-
-bool CReadOBJ::ReadSurface()
-{
-    if (tokenizer.TokenCount() < FirstIndexToken || ShowUnsupportedSurface(cstype))
-        return false;
-    return (cstype == FormBezier || cstype == FormBSpline) && NewSurface();
+    return static_cast<int>(
+        std::clamp<std::int64_t>(knotCount - order + 2, 0, std::numeric_limits<int>::max()));
 }
 
 /// The surface gets knots, control points and a face from the "parm" statements that follow.
-bool CReadOBJ::NewSurface()
+bool NewSurface(ObjReading& reading)
 {
-    Geometry& geometry = currentGroup->GeometryToFill();
-    const int vertexCount = vertices.Count();
-    geometry.surfaceCVs.Empty();
-    parmUSet = parmVSet = false;
-    freeformKind = FreeformSurface;
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    const int vertexCount = reading.file.lists.vertices.Count();
+    FreeformAttributes& freeform = reading.freeform;
+    freeform.parmUSet = freeform.parmVSet = false;
+    freeform.freeformKind = FreeformSurface;
 
-    VX_Brep& brep = *geometry.breps.emplace_back(std::make_unique<VX_Brep>());
-    auto owned = std::make_unique<VX_NurbsSurface>();
-    VX_NurbsSurface& surface = *owned;
-    brep.AddSurface(std::move(owned));
-    surface.Create(rational, OrderOf(degreeU), OrderOf(degreeV));
-    for (const int direction : {0, 1}) {
-        double t0 = 0.0;
-        double t1 = 0.0;
-        if (!ReadReal(tokenizer.Token(1 + 2 * direction), t0) ||
-            !ReadReal(tokenizer.Token(2 + 2 * direction), t1))
+    SurfaceData& surface = reading.currentGroup->GeometryToFill().surfaces.emplace_back();
+    surface.rational = freeform.rational;
+    surface.order = {OrderOf(freeform.degreeU), OrderOf(freeform.degreeV)};
+    for (int i = 1; i < FirstIndexToken; ++i) // the domain, which the knots make good
+        if (double end = 0.0; !ReadReal(tokenizer.Token(i), end))
             return false;
-        surface.SetDomain(direction, t0, t1);
-    }
+    surface.surfaceCVs.Reserve(tokenizer.TokenCount() - FirstIndexToken);
     for (int i = FirstIndexToken; i < tokenizer.TokenCount(); ++i) {
         int index = -1;
-        if (!ReadInteger(tokenizer.Token(i), index) || !ResolveIndex(index, vertexCount))
+        if (!ReadInteger(tokenizer.Token(i), index) ||
+            !ResolveIndex(index, vertexCount, reading.file.BogusIndexCount))
             return false;
-        geometry.surfaceCVs.Append(index);
+        surface.surfaceCVs.Append(index);
     }
     return true;
 }
 
-/// The brep of the current group's last surface, or null.
-VX_Brep* CReadOBJ::CurrentBrep()
+/// Files have one knot more at either end than the kernel. Knots that cannot be read stay as they
+/// are, and so does the number of control points.
+bool ReadBSplineKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, SurfaceStep& step)
 {
-    if (freeformKind != FreeformSurface || !currentGroup->geometry)
-        return nullptr;
-    const auto& breps = currentGroup->geometry->breps;
-    return breps.empty() ? nullptr : breps.back().get();
-}
-
-bool CReadOBJ::ReadSurfaceParm()
-{
-    VX_Brep* brep = CurrentBrep();
-    GK_NurbsSurface* surface = brep != nullptr ? GK_NurbsSurface::Cast(brep->Surface(0)) : nullptr;
-    if (surface == nullptr || tokenizer.TokenCount() < FirstParmToken)
-        return false;
-    const bool isU = IsKeyword(tokenizer.Token(1), "u");
-    if (!isU && !IsKeyword(tokenizer.Token(1), "v"))
-        return false;
-    const int direction = isU ? 0 : 1;
-    if (cstype == FormNone)
-        return false;
-    if (cstype != FormBSpline && cstype != FormBezier)
-        return true;
-    if (cstype == FormBSpline ? !ReadBSplineKnots(*surface, direction)
-                              : !ReadBezierKnots(*surface, direction))
-        return false;
-    (isU ? parmUSet : parmVSet) = true;
-    if (parmUSet && parmVSet)
-        CompleteSurface(*brep, *surface);
+    step.valueCount = std::max(tokenizer.TokenCount() - FirstParmToken - 2, 0);
+    double* const knots = surface.knots.AppendUnset(step.valueCount);
+    std::fill_n(knots, step.valueCount, 0.0);
+    for (int i = 0; i < step.valueCount; ++i)
+        if (!ReadReal(tokenizer.Token(FirstParmToken + 1 + i), knots[i]))
+            return false;
+    const int order = surface.order[static_cast<std::size_t>(step.direction)];
+    step.controlPointCount = ControlPointCount(step.valueCount, order);
     return true;
-}
-
-/// Files have one knot more at either end than the kernel.
-bool CReadOBJ::ReadBSplineKnots(GK_NurbsSurface& surface, int direction)
-{
-    GK_SimpleArray<double> knots;
-    knots.SetCount(std::max(tokenizer.TokenCount() - FirstParmToken - 2, 0));
-    bool good = true;
-    for (int i = 0; good && i < knots.Count(); ++i)
-        good = ReadReal(tokenizer.Token(FirstParmToken + 1 + i), knots[i]);
-    if (good)
-        surface.SetControlPointCount(direction,
-                                     ControlPointCount(knots.Count(), surface.Order(direction)));
-    surface.SetKnots(direction, std::move(knots));
-    return good;
 }
 
 /// One patch: the first value and the second, each as often as the degree says.
-bool CReadOBJ::ReadBezierKnots(GK_NurbsSurface& surface, int direction)
+bool ReadBezierKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, SurfaceStep& step)
 {
     std::array<double, 2> ends{};
     for (const int end : {0, 1}) {
@@ -120,40 +70,63 @@ bool CReadOBJ::ReadBezierKnots(GK_NurbsSurface& surface, int direction)
         if (token == nullptr || !ReadReal(token, ends[static_cast<std::size_t>(end)]))
             return false;
     }
-    const std::int64_t degree = surface.Degree(direction);
-    GK_SimpleArray<double> knots;
+    const int order = surface.order[static_cast<std::size_t>(step.direction)];
+    const std::int64_t degree = std::int64_t{order} - 1;
+    step.controlPointCount = ControlPointCount(2 * degree, order);
     // A degree that asks for more control points than the statement named is only noted.
-    if (degree < currentGroup->geometry->surfaceCVs.Count()) {
-        knots.Reserve(static_cast<int>(2 * degree));
-        for (const double value : ends)
-            for (std::int64_t i = 0; i < degree; ++i)
-                knots.Append(value);
-    }
-    surface.SetControlPointCount(direction,
-                                 ControlPointCount(2 * degree, surface.Order(direction)));
-    surface.SetKnots(direction, std::move(knots));
+    if (degree <= 0 || degree >= surface.surfaceCVs.Count())
+        return true;
+    step.valueCount = static_cast<int>(2 * degree);
+    double* const knots = surface.knots.AppendUnset(step.valueCount);
+    std::fill_n(knots, degree, ends[0]);
+    std::fill_n(knots + degree, degree, ends[1]);
     return true;
 }
 
-/// Hands the control points over and makes the face.
-void CReadOBJ::CompleteSurface(VX_Brep& brep, GK_NurbsSurface& surface)
+} // namespace
+
+bool ReadSurface(ObjReading& reading)
 {
-    const GK_SimpleArray<int>& indices = currentGroup->geometry->surfaceCVs;
-    const int countU = surface.ControlPointCount(0);
-    const std::int64_t netSize = std::int64_t{countU} * surface.ControlPointCount(1);
-    const int stride = surface.ControlPointStride();
-    const std::int64_t most = std::numeric_limits<int>::max() / stride;
-    // A net that is larger than the indices given is left incomplete, however large it claims to
-    // be. As u runs fastest, the place of an index does not depend on the counts: when knots were
-    // given before, only what is new is set.
-    const int first = surface.ControlPointCapacity();
-    const int last = static_cast<int>(std::min({netSize, std::int64_t{indices.Count()}, most}));
-    surface.ReserveCVCapacity(last * stride);
-    for (int k = first; k < last; ++k) {
-        const GK_3dPoint& point = vertices[indices[k]];
-        const double values[] = {point.x, point.y, point.z, vertexWeights[indices[k]]};
-        surface.SetCV(k % countU, k / countU,
-                      surface.IsRational() ? GK::euclidean_rational : GK::not_rational, values);
+    if (reading.tokenizer.TokenCount() < FirstIndexToken)
+        return false;
+    const auto form = static_cast<CurveForm>(reading.freeform.cstype);
+    if (form == FormBezier || form == FormBSpline)
+        return NewSurface(reading);
+    if (form != FormNone)
+        reading.events.OnUnsupportedSurface(form);
+    return false;
+}
+
+SurfaceData* CurrentSurface(ObjReading& reading)
+{
+    if (reading.freeform.freeformKind != FreeformSurface || !reading.currentGroup->geometry)
+        return nullptr;
+    auto& surfaces = reading.currentGroup->geometry->surfaces;
+    return surfaces.empty() ? nullptr : &surfaces.back();
+}
+
+bool ReadSurfaceParm(ObjReading& reading)
+{
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
+    FreeformAttributes& freeform = reading.freeform;
+    SurfaceData* const surface = CurrentSurface(reading);
+    if (surface == nullptr || tokenizer.TokenCount() < FirstParmToken)
+        return false;
+    const bool isU = IsKeyword(tokenizer.Token(1), "u");
+    if ((!isU && !IsKeyword(tokenizer.Token(1), "v")) || freeform.cstype == FormNone)
+        return false;
+    if (freeform.cstype != FormBSpline && freeform.cstype != FormBezier)
+        return true;
+    SurfaceStep step{.direction = isU ? 0 : 1, .controlPointCount = SurfaceStep::CountStays};
+    const bool isBSpline = freeform.cstype == FormBSpline;
+    const bool good = isBSpline ? ReadBSplineKnots(tokenizer, *surface, step)
+                                : ReadBezierKnots(tokenizer, *surface, step);
+    if (good) {
+        (isU ? freeform.parmUSet : freeform.parmVSet) = true;
+        step.completes = freeform.parmUSet && freeform.parmVSet;
+        surface->faceCount += static_cast<int>(step.completes);
     }
-    brep.NewFace(0);
+    if (good || isBSpline) // a patch keeps its knots until both values are there
+        surface->steps.Append(step);
+    return good;
 }

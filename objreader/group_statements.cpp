@@ -1,80 +1,90 @@
-#include "objreader/group_object.h"
-#include "objreader/read_obj.h"
+#include "objreader/obj_reading.h"
+#include "objreader/statements.h"
 
-bool CReadOBJ::ReadGroupName()
+namespace {
+
+/// Returns the list for the names of a "g" statement, which is empty. A record that was made under
+/// the last "g" keeps the names of that.
+GK_SimpleArray<const GK_String*>& NewGroupNames(ObjReading& reading)
 {
-    // A record that was made under the last "g" keeps its names.
-    if (groupNames.use_count() > 1)
-        groupNames = std::make_shared<GroupNames>();
-    GK_SimpleArray<const GK_String*>& names = groupNames->names;
-    names.Empty();
-    for (int i = 1; i < tokenizer.TokenCount(); ++i)
-        names.Append(m_names.Intern(tokenizer.Token(i)));
-
-    if (names.IsEmpty())
-        groupName = m_names.Intern({});
-    else
-        groupName = ReverseGroupOrder ? *names.Last() : names[0];
-    return SelectGroupObject();
+    auto& lists = reading.file.groupNames;
+    if (reading.groupNames < 0 || reading.groupNamesUsed) {
+        lists.emplace_back();
+        reading.groupNames = static_cast<int>(lists.size()) - 1;
+        reading.groupNamesUsed = false;
+    }
+    lists.back().Empty();
+    return lists.back();
 }
 
-bool CReadOBJ::ReadObjectName()
+/// Makes the record of the current names current. A morph target has one record only.
+bool SelectGroupObject(ObjReading& reading)
 {
-    return !ReadJoinedName(objectName) || SelectGroupObject();
+    if (reading.choices.ImportAsMorphTarget)
+        return true;
+    Group_Object& record = reading.file.groupObjects.FindOrAddGroupObject(
+        reading.groupName, reading.objectName, reading.materialName);
+    reading.currentGroup = &record;
+    if (record.groupNames < 0 && reading.groupNames >= 0 &&
+        !reading.file.groupNames.back().IsEmpty()) {
+        record.groupNames = reading.groupNames;
+        reading.groupNamesUsed = true;
+    }
+    return true;
 }
 
-bool CReadOBJ::ReadMaterialUse()
+/// Reads a name of one or more words. False, and `name` unchanged, when there are none.
+bool ReadJoinedName(ObjReading& reading, const GK_String*& name)
 {
-    return IgnoreTextures || !ReadJoinedName(materialName) || SelectGroupObject();
+    if (!JoinName(reading))
+        return false;
+    name = reading.file.names.Intern(reading.joinedName);
+    return true;
 }
 
-/// Reads the words behind the keyword as one name, joined with single spaces. False, and `name`
-/// unchanged, when there are none.
-bool CReadOBJ::ReadJoinedName(const GK_String*& name)
+} // namespace
+
+bool JoinName(ObjReading& reading)
 {
+    const CObjLineTokenizer& tokenizer = reading.tokenizer;
     if (tokenizer.TokenCount() < 2)
         return false;
-    m_joinedName = tokenizer.Token(1);
+    reading.joinedName = tokenizer.Token(1);
     for (int i = 2; i < tokenizer.TokenCount(); ++i) {
-        m_joinedName += ' ';
-        m_joinedName += tokenizer.Token(i);
+        reading.joinedName += ' ';
+        reading.joinedName += tokenizer.Token(i);
     }
-    name = m_names.Intern(m_joinedName);
     return true;
 }
 
-/// Makes the record of the names in force current. A morph target has one record only.
-bool CReadOBJ::SelectGroupObject()
+bool ReadGroupName(ObjReading& reading)
 {
-    if (ImportAsMorphTarget)
-        return true;
-    if (!FindOrAddGroupObject(groupName, objectName, materialName))
+    GK_SimpleArray<const GK_String*>& names = NewGroupNames(reading);
+    for (int i = 1; i < reading.tokenizer.TokenCount(); ++i)
+        names.Append(reading.file.names.Intern(reading.tokenizer.Token(i)));
+
+    if (names.IsEmpty())
+        reading.groupName = reading.file.names.Intern({});
+    else
+        reading.groupName = reading.choices.ReverseGroupOrder ? *names.Last() : names[0];
+    return SelectGroupObject(reading);
+}
+
+bool ReadObjectName(ObjReading& reading)
+{
+    return !ReadJoinedName(reading, reading.objectName) || SelectGroupObject(reading);
+}
+
+bool ReadMaterialUse(ObjReading& reading)
+{
+    return reading.choices.IgnoreTextures || !ReadJoinedName(reading, reading.materialName) ||
+           SelectGroupObject(reading);
+}
+
+bool ReadMaterialLibrary(ObjReading& reading)
+{
+    if (!JoinName(reading))
         return false;
-    const bool hasNames = currentGroup->groupNames && !currentGroup->groupNames->names.IsEmpty();
-    if (!hasNames)
-        currentGroup->groupNames = groupNames;
-    return true;
-}
-
-int CReadOBJ::CompareGroupObjects(const Group_Object& a, const Group_Object& b)
-{
-    const auto compare = [](const GK_String* x, const GK_String* y) {
-        return x == y ? 0 : (*x < *y ? -1 : 1);
-    };
-    if (const int order = compare(a.groupName, b.groupName))
-        return order;
-    if (const int order = compare(a.objectName, b.objectName))
-        return order;
-    return compare(a.materialName, b.materialName);
-}
-
-bool CReadOBJ::FindOrAddGroupObject(const GK_String* group, const GK_String* object,
-                                    const GK_String* material)
-{
-    Group_Object key{group, object, material, {}, {}};
-    auto place = groupObjects.lower_bound(key);
-    if (place == groupObjects.end() || CompareGroupObjects(**place, key) != 0)
-        place = groupObjects.insert(place, std::make_unique<Group_Object>(std::move(key)));
-    currentGroup = place->get();
+    reading.events.OnMaterialLibrary(reading.joinedName);
     return true;
 }

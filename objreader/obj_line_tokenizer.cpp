@@ -51,7 +51,7 @@ bool CObjLineTokenizer::ReadLine()
     return true;
 }
 
-/// Cuts the physical line at the cursor into tokens; gives where it ends.
+/// Cuts the physical line at the cursor into tokens; returns where it ends.
 char* CObjLineTokenizer::CutPhysicalLine(CutState& state)
 {
     state.insideToken = state.continued = false;

@@ -1,9 +1,7 @@
 #include "objreader/keyword.h"
-#include "objreader/read_obj.h"
-
-#include "host/app/app.h"
-#include "host/app/localize.h"
-#include "host/framework/wait_cursor.h"
+#include "objreader/obj_reading.h"
+#include "objreader/plain_lines.h"
+#include "objreader/statements.h"
 
 #include <array>
 #include <string_view>
@@ -14,44 +12,52 @@ namespace {
 enum class OnFailure
 {
     EndParse,
-    PrintBogusFace,
+    TellBogusFace,
     GoOn
 };
 
-} // namespace
-
 /// One row of the table of statements.
-struct CReadOBJ::Statement
+struct Statement
 {
     std::string_view keyword;
-    bool (CReadOBJ::*handler)();
+    bool (*handler)(ObjReading&);
     OnFailure onFailure = OnFailure::EndParse;
 };
 
+bool ReadSpaceCurve(ObjReading& reading)
+{
+    return ReadCurve(reading, false);
+}
+
+bool ReadParamCurve(ObjReading& reading)
+{
+    return ReadCurve(reading, true);
+}
+
 /// The statement of a keyword, or null for one that is ignored. Keywords count whole and without
 /// regard to case; those that begin with v are told apart by their second character alone.
-const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
+const Statement* FindStatement(const char* keyword)
 {
-    static constexpr Statement Vertex{"v", &CReadOBJ::ReadVertex};
-    static constexpr Statement Normal{"vn", &CReadOBJ::ReadNormal};
-    static constexpr Statement TexCoord{"vt", &CReadOBJ::ReadTexCoord};
-    static constexpr Statement ParamVertex{"vp", &CReadOBJ::ReadParamVertex};
-    static constexpr Statement Face{"f", &CReadOBJ::ReadFace, OnFailure::PrintBogusFace};
+    static constexpr Statement Vertex{"v", ReadVertex};
+    static constexpr Statement Normal{"vn", ReadNormal};
+    static constexpr Statement TexCoord{"vt", ReadTexCoord};
+    static constexpr Statement ParamVertex{"vp", ReadParamVertex};
+    static constexpr Statement FaceOfMesh{"f", ReadFace, OnFailure::TellBogusFace};
     static constexpr std::array Others{
-        Statement{"cstype", &CReadOBJ::ReadCSType},
-        Statement{"curv", &CReadOBJ::ReadSpaceCurve},
-        Statement{"curv2", &CReadOBJ::ReadParamCurve},
-        Statement{"deg", &CReadOBJ::ReadDegree},
-        Statement{"g", &CReadOBJ::ReadGroupName},
-        Statement{"group", &CReadOBJ::ReadGroupName},
-        Statement{"hole", &CReadOBJ::ReadTrimLoop},
-        Statement{"mtllib", &CReadOBJ::ReadMaterialLibrary, OnFailure::GoOn},
-        Statement{"o", &CReadOBJ::ReadObjectName},
-        Statement{"p", &CReadOBJ::ReadPoint},
-        Statement{"parm", &CReadOBJ::ReadParm},
-        Statement{"surf", &CReadOBJ::ReadSurface},
-        Statement{"trim", &CReadOBJ::ReadTrimLoop},
-        Statement{"usemtl", &CReadOBJ::ReadMaterialUse},
+        Statement{"cstype", ReadCSType},
+        Statement{"curv", ReadSpaceCurve},
+        Statement{"curv2", ReadParamCurve},
+        Statement{"deg", ReadDegree},
+        Statement{"g", ReadGroupName},
+        Statement{"group", ReadGroupName},
+        Statement{"hole", ReadTrimLoop},
+        Statement{"mtllib", ReadMaterialLibrary, OnFailure::GoOn},
+        Statement{"o", ReadObjectName},
+        Statement{"p", ReadPoint},
+        Statement{"parm", ReadParm},
+        Statement{"surf", ReadSurface},
+        Statement{"trim", ReadTrimLoop},
+        Statement{"usemtl", ReadMaterialUse},
     };
 
     if (Lower(keyword[0]) == 'v') {
@@ -68,8 +74,8 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
             return nullptr;
         }
     }
-    if (IsKeyword(keyword, Face.keyword))
-        return &Face;
+    if (IsKeyword(keyword, FaceOfMesh.keyword))
+        return &FaceOfMesh;
     for (const Statement& statement : Others) {
         if (IsKeyword(keyword, statement.keyword))
             return &statement;
@@ -77,54 +83,60 @@ const CReadOBJ::Statement* CReadOBJ::FindStatement(const char* keyword)
     return nullptr;
 }
 
-bool CReadOBJ::Parse()
+/// Hands the current line to its handler. False ends the parse.
+bool HandleStatement(ObjReading& reading)
 {
-    const CWaitCursor waitCursor;
-    const bool result = ParseStatements();
-    FinishTextures();
-    return result && !tokenizer.ReadFailed();
-}
-
-/// Reads to the end of the file or to the first statement that ends the parse; this gives false.
-bool CReadOBJ::ParseStatements()
-{
-    bool result = true;
-    while (result && !tokenizer.AtEnd()) {
-        if (ReadPlainStatement())
-            continue;
-        if (!tokenizer.ReadLine())
-            return false;
-        if (tokenizer.TokenCount() > 0)
-            result = HandleStatement();
-    }
-    return result;
+    const Statement* const statement = FindStatement(reading.tokenizer.Token(0));
+    if (statement == nullptr || statement->handler(reading))
+        return true;
+    if (statement->onFailure == OnFailure::TellBogusFace)
+        reading.events.OnBogusFace();
+    return statement->onFailure != OnFailure::EndParse;
 }
 
 /// Reads the next line when it is one of those that files consist of, and a plain one. False, and
 /// nothing done, for all others.
-bool CReadOBJ::ReadPlainStatement()
+bool ReadPlainStatement(ObjReading& reading)
 {
+    CObjLineTokenizer& tokenizer = reading.tokenizer;
+    VertexLists& lists = reading.file.lists;
     const char* const line = tokenizer.NextLine();
     if (line == nullptr)
         return false;
+    // The corners of a morph target lose fields, which plain ones do not.
     if (line[0] == 'f' && line[1] == ' ')
-        return ReadPlainFace(line + 2);
+        return !reading.choices.ImportAsMorphTarget &&
+               ReadPlainFace(tokenizer, line + 2, lists, reading.currentGroup->GeometryToFill());
     if (line[0] != 'v')
         return false;
     if (line[1] == ' ')
-        return ReadPlainVertex(line + 2);
+        return ReadPlainVertex(tokenizer, line + 2, lists);
     if (line[1] == 't' && line[2] == ' ')
-        return ReadPlainTexCoord(line + 3);
-    return line[1] == 'n' && line[2] == ' ' && ReadPlainNormal(line + 3);
+        return ReadPlainTexCoord(tokenizer, line + 3, lists);
+    return line[1] == 'n' && line[2] == ' ' && ReadPlainNormal(tokenizer, line + 3, lists);
 }
 
-/// Hands the current line to its handler. False ends the parse.
-bool CReadOBJ::HandleStatement()
+} // namespace
+
+ObjReading::ObjReading(CObjLineTokenizer& source, const ImportChoices& importChoices,
+                       ReadingEvents& told, ObjFile& contents)
+    : tokenizer(source), choices(importChoices), events(told), file(contents)
 {
-    const Statement* const statement = FindStatement(tokenizer.Token(0));
-    if (statement == nullptr || (this->*statement->handler)())
-        return true;
-    if (statement->onFailure == OnFailure::PrintBogusFace)
-        PrintBogusFace();
-    return statement->onFailure != OnFailure::EndParse;
+    groupName = objectName = materialName = file.names.Intern({});
+    currentGroup = &file.groupObjects.FindOrAddGroupObject(groupName, objectName, materialName);
+}
+
+bool ParseStatements(ObjReading& reading)
+{
+    CObjLineTokenizer& tokenizer = reading.tokenizer;
+    bool result = true;
+    while (result && !tokenizer.AtEnd()) {
+        if (ReadPlainStatement(reading))
+            continue;
+        if (!tokenizer.ReadLine())
+            return false;
+        if (tokenizer.TokenCount() > 0)
+            result = HandleStatement(reading);
+    }
+    return result && !tokenizer.ReadFailed();
 }

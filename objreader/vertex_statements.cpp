@@ -1,5 +1,7 @@
 #include "objreader/numbers.h"
-#include "objreader/read_obj.h"
+#include "objreader/obj_reading.h"
+#include "objreader/plain_lines.h"
+#include "objreader/statements.h"
 
 #include <algorithm>
 #include <array>
@@ -71,86 +73,90 @@ GK_3fVector MakeNormal(const std::array<double, 3>& values)
             static_cast<float>(values[2])};
 }
 
+using VertexValues = std::array<double, 6>;
+
+/// Adds a position with a weight, a colour or neither: that depends on how many values there were.
+void AddVertex(VertexLists& lists, const VertexValues& values, int count)
+{
+    if (count == PositionAndColor) {
+        lists.hasVertexColors = true;
+        lists.vertexColors.Append(MakeColor({values[3], values[4], values[5]}));
+    }
+    lists.vertices.Append(
+        {RoundToSingle(values[0]), RoundToSingle(values[1]), RoundToSingle(values[2])});
+    lists.vertexWeights.Append(count == PositionAndWeight ? values[3] : 1.0);
+}
+
 } // namespace
 
-bool CReadOBJ::ReadVertex()
+bool ReadVertex(ObjReading& reading)
 {
-    const int count = tokenizer.TokenCount() - 1;
+    const int count = reading.tokenizer.TokenCount() - 1;
     const int needed = count == PositionAndWeight || count == PositionAndColor ? count : 3;
     VertexValues values;
     if (count < needed ||
-        !ReadReals(tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
+        !ReadReals(reading.tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
         return false;
-    AddVertex(values, count);
+    AddVertex(reading.file.lists, values, count);
     return true;
 }
 
-bool CReadOBJ::ReadPlainVertex(const char* text)
+bool ReadPlainVertex(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
 {
     VertexValues values;
     const int count = TakeReals(text, values);
     if (count < 3 || !tokenizer.SkipLine(text))
         return false;
-    AddVertex(values, count);
+    AddVertex(lists, values, count);
     return true;
 }
 
-/// Adds a position with a weight, a colour or neither: that depends on how many values there were.
-void CReadOBJ::AddVertex(const VertexValues& values, int count)
+bool ReadParamVertex(ObjReading& reading)
 {
-    if (count == PositionAndColor) {
-        hasVertexColors = true;
-        vertexColors.Append(MakeColor({values[3], values[4], values[5]}));
-    }
-    vertices.Append({RoundToSingle(values[0]), RoundToSingle(values[1]), RoundToSingle(values[2])});
-    vertexWeights.Append(count == PositionAndWeight ? values[3] : 1.0);
-}
-
-bool CReadOBJ::ReadParamVertex()
-{
-    const int count = tokenizer.TokenCount() - 1;
+    const int count = reading.tokenizer.TokenCount() - 1;
     const int needed = count == ParamPointAndWeight ? count : 2;
     std::array<double, ParamPointAndWeight> values;
     if (count < needed ||
-        !ReadReals(tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
+        !ReadReals(reading.tokenizer, std::span(values).first(static_cast<std::size_t>(needed))))
         return false;
-    paramPoints.Append({values[0], values[1]});
-    paramWeights.Append(count == ParamPointAndWeight ? values[2] : 1.0);
+    VertexLists& lists = reading.file.lists;
+    lists.paramPoints.Append({values[0], values[1]});
+    lists.paramWeights.Append(count == ParamPointAndWeight ? values[2] : 1.0);
     return true;
 }
 
-bool CReadOBJ::ReadTexCoord()
+bool ReadTexCoord(ObjReading& reading)
 {
     std::array<double, 2> values;
-    if (tokenizer.TokenCount() < 3 || !ReadReals(tokenizer, values))
+    if (reading.tokenizer.TokenCount() < 3 || !ReadReals(reading.tokenizer, values))
         return false;
-    texCoords.Append(MakeTexCoord(values[0], values[1]));
+    reading.file.lists.texCoords.Append(MakeTexCoord(values[0], values[1]));
     return true;
 }
 
-bool CReadOBJ::ReadPlainTexCoord(const char* text)
+bool ReadPlainTexCoord(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
 {
     std::array<double, 3> values;
     if (TakeReals(text, values) < 2 || !tokenizer.SkipLine(text))
         return false;
-    texCoords.Append(MakeTexCoord(values[0], values[1]));
+    lists.texCoords.Append(MakeTexCoord(values[0], values[1]));
     return true;
 }
 
-bool CReadOBJ::ReadNormal()
+bool ReadNormal(ObjReading& reading)
 {
     std::array<double, 3> values;
-    if (tokenizer.TokenCount() < 4 || !ReadReals(tokenizer, values))
+    if (reading.tokenizer.TokenCount() < 4 || !ReadReals(reading.tokenizer, values))
         return false;
-    normals.Append(MakeNormal(values));
+    reading.file.lists.normals.Append(MakeNormal(values));
     return true;
 }
 
-bool CReadOBJ::ReadPlainNormal(const char* text)
+bool ReadPlainNormal(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
 {
     std::array<double, 3> values;
     if (TakeReals(text, values) < 3 || !tokenizer.SkipLine(text))
         return false;
-    normals.Append(MakeNormal(values));
+    lists.normals.Append(MakeNormal(values));
     return true;
 }

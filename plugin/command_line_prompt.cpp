@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int AsObjectNames = 3;
-
 /// The prompt for the import options: its localized texts, and the choices made so far.
 class ImportOptionPrompt
 {
@@ -102,6 +100,6 @@ int CImportOBJPlugIn::AskOnCommandLine()
     } while (result == GetResultOption);
     if (result == GetResultCancel)
         return 1;
-    CopyImportOptions(prompt.Choices(), m_options);
+    static_cast<ImportChoices&>(m_options) = prompt.Choices();
     return 0;
 }

@@ -1,7 +1,7 @@
 #include "plugin/import_obj_plugin.h"
 
-#include "objreader/out_of_memory.h"
-#include "objreader/read_obj.h"
+#include "geometry/out_of_memory.h"
+#include "plugin/read_obj.h"
 
 #include "host/app/app.h"
 #include "host/app/doc.h"
@@ -32,9 +32,9 @@ bool ParseAndBuild(CReadOBJ& reader)
             KvLocalizeString(L"Errors occurred reading this file, may be incomplete.\n", 24465));
     if (reader.GroupObjectCount() > 0)
         result = reader.Build();
-    if (reader.BogusIndexCount > 0)
+    if (reader.BogusIndexCount() > 0)
         KelvoApp().Print(KvLocalizeString(L"File had %i bogus indexes in it.\n", 24466),
-                         reader.BogusIndexCount);
+                         reader.BogusIndexCount());
     return result;
 }
 
@@ -99,12 +99,12 @@ bool CImportOBJPlugIn::Import(const wchar_t* fileName, CKelvoDoc& doc,
                               const CKelvoFileReadOptions& options)
 {
     CReadOBJ reader(fileName, doc, options);
-    CopyImportOptions(m_options, reader);
+    reader.choices = m_options;
 
     const CWaitCursor waitCursor;
     // What was read before an error of the disk is kept, but is not the file.
-    const bool result = ParseAndBuild(reader) && !reader.tokenizer.ReadFailed();
-    CopyImportOptions(reader, m_options);
+    const bool result = ParseAndBuild(reader) && !reader.ReadFailed();
+    static_cast<ImportChoices&>(m_options) = reader.choices;
 
     if (options.Mode(ReadModeZoomExtents) != 0)
         ZoomViewsToExtents(doc);

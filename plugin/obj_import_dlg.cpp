@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int AsObjectNames = 3;
 constexpr int HelpTopic = 1205;
 constexpr unsigned int WarningWithOkButton = 0x30;
 

@@ -1,4 +1,5 @@
-#include "tests/objreader/reader_test.h"
+#include "geometry/mesh_builder.h"
+#include "tests/geometry/document_test.h"
 
 #include <gmock/gmock.h>
 #include <map>
@@ -25,14 +26,14 @@ std::string Lists(int count)
 /// not one for each vertex.
 std::string ShownVertices(const GK_Mesh& mesh)
 {
-    std::vector<V_TN_IDX> corners;
+    GK_SimpleArray<V_TN_IDX> corners;
     for (int i = 0; i < mesh.VertexCount(); ++i) {
         V_TN_IDX corner{.vi = static_cast<int>(mesh.vertices[i].x)};
         if (mesh.textureCoordinates.Count() == mesh.VertexCount())
             corner.ti = static_cast<int>(mesh.textureCoordinates[i].x);
         if (mesh.normals.Count() == mesh.VertexCount())
             corner.ni = static_cast<int>(mesh.normals[i].z);
-        corners.push_back(corner);
+        corners.Append(corner);
     }
     return Shown(corners);
 }
@@ -45,17 +46,20 @@ std::string Joined(std::span<const int> numbers)
     return joined;
 }
 
-class BuildMesh : public ReaderTest
+class BuildMesh : public DocumentTest
 {
 protected:
     /// Builds the mesh of the only record.
-    static const GK_Mesh& Build(CReadOBJ& reader)
+    const GK_Mesh& MeshOf(const ReadText& text)
     {
-        EXPECT_TRUE(reader.BuildMesh(*reader.currentGroup));
-        const GK_Mesh& mesh = *reader.currentGroup->geometry->mesh;
-        EXPECT_TRUE(mesh.DoublePrecisionVerticesAreValid());
-        EXPECT_EQ(mesh.DoublePrecisionVertices().Count(), mesh.VertexCount());
-        return mesh;
+        m_mesh = MeshBuilder(text.file.lists).BuildMesh(text.CurrentGeometry());
+        EXPECT_TRUE(m_mesh->DoublePrecisionVerticesAreValid());
+        EXPECT_EQ(m_mesh->DoublePrecisionVertices().Count(), m_mesh->VertexCount());
+        for (const int direction : {0, 1}) {
+            EXPECT_EQ(m_mesh->SurfaceParameterDomain(direction), GK_Interval(0, 1));
+            EXPECT_EQ(m_mesh->PackedTextureDomain(direction), GK_Interval(0, 1));
+        }
+        return *m_mesh;
     }
 
     static std::vector<std::string> KernelErrors()
@@ -65,18 +69,21 @@ protected:
             errors.push_back(error.source + ": " + error.text);
         return errors;
     }
+
+private:
+    std::unique_ptr<GK_Mesh> m_mesh;
 };
 
 const std::string BogusVertex = "mesh: Bogus vertex index.\n";
 
 TEST_F(BuildMesh, ListsThatDoNotFitAreTold)
 {
-    CReadOBJ& reader = Parsed(Lists(3) + "f 1/1/1 2/2/2 3/3/3");
-    GK_SimpleArray<V_TN_IDX>& corners = reader.currentGroup->geometry->corners;
+    const ReadText text(Lists(3) + "f 1/1/1 2/2/2 3/3/3");
+    GK_SimpleArray<V_TN_IDX>& corners = text.CurrentGeometry().corners;
     corners[0].ni = 3;
     corners[1].ti = 3;
     corners[2].vi = 3;
-    const GK_Mesh& mesh = Build(reader);
+    const GK_Mesh& mesh = MeshOf(text);
     EXPECT_EQ(KernelErrors(),
               (std::vector<std::string>{"mesh: Bogus normal index.\n",
                                         "mesh: Bogus texture index.\n", BogusVertex}));
@@ -108,12 +115,12 @@ TEST_F(BuildMesh, RandomFacesAreThoseOfASimpleReference)
             text += '\n';
         }
 
-        std::vector<V_TN_IDX> expected;
+        GK_SimpleArray<V_TN_IDX> expected;
         for (auto& [corner, vertex] : vertices) {
-            vertex = static_cast<int>(expected.size());
-            expected.push_back({.vi = corner[0], .ti = corner[2], .ni = corner[1]});
+            vertex = expected.Count();
+            expected.Append({.vi = corner[0], .ti = corner[2], .ni = corner[1]});
         }
-        const GK_Mesh& mesh = Build(Parsed(text));
+        const GK_Mesh& mesh = MeshOf(ReadText(text));
         EXPECT_EQ(ShownVertices(mesh), Shown(expected));
 
         int meshFace = 0;

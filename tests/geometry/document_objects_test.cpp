@@ -1,4 +1,4 @@
-#include "tests/objreader/reader_test.h"
+#include "tests/geometry/document_test.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -9,25 +9,14 @@ using Texts = std::vector<std::string>;
 
 const std::string Positions = "v 0 0 0\nv 1 0 0\nv 0 1 0\n";
 
-class DocumentObjects : public ReaderTest
+class ObjectsOfADocument : public DocumentTest
 {
 protected:
-    struct Options
+    /// Builds what can be read of the text; returns the result.
+    bool Import(const std::string& text, const ImportChoices& choices)
     {
-        int howToAddGs = 1;
-        bool useONames = true;
-        bool reverseGroupOrder = false;
-    };
-
-    /// Parses the text, whatever comes of it, and builds; gives the result of that.
-    bool Import(const std::string& text, const Options& options)
-    {
-        CReadOBJ& reader = Open(text);
-        reader.HowToAddGs = options.howToAddGs;
-        reader.UseONames = options.useONames;
-        reader.ReverseGroupOrder = options.reverseGroupOrder;
-        reader.Parse();
-        return reader.Build();
+        ReadText read(text, choices);
+        return Build(read);
     }
 
     /// "name [groups] layer" of the object.
@@ -50,37 +39,36 @@ protected:
     }
 };
 
-TEST_F(DocumentObjects, NamesGroupsAndLayersFollowTheOptions)
+TEST_F(ObjectsOfADocument, NamesGroupsAndLayersFollowTheOptions)
 {
     const struct
     {
         const char* names;
-        Options options;
+        ImportChoices choices;
         const char* attributes;
     } cases[] = {
-        {"g a b\no c\n", {.howToAddGs = 0, .useONames = false}, " [] Default"},
-        {"g a b\no c\n", {.howToAddGs = 1}, "c [a,b] Default"},
-        {"g a b\no c\n", {.howToAddGs = 1, .reverseGroupOrder = true}, "c [a,b] Default"},
-        {"g b a b\n", {.howToAddGs = 1, .useONames = false}, " [b,a] Default"},
-        {"g a Default\n", {.howToAddGs = 2}, " [] Default"},
-        {"g default\n", {.howToAddGs = 2}, " [] default"},
+        {"g a b\no c\n", {.HowToAddGs = 0, .UseONames = false}, " [] Default"},
+        {"g a b\no c\n", {.HowToAddGs = 1}, "c [a,b] Default"},
+        {"g a b\no c\n", {.HowToAddGs = 1, .ReverseGroupOrder = true}, "c [a,b] Default"},
+        {"g b a b\n", {.HowToAddGs = 1, .UseONames = false}, " [b,a] Default"},
+        {"g a Default\n", {.HowToAddGs = 2}, " [] Default"},
+        {"g default\n", {.HowToAddGs = 2}, " [] default"},
         {"g a b\no c\n",
-         {.howToAddGs = 3, .useONames = false, .reverseGroupOrder = true},
+         {.HowToAddGs = 3, .UseONames = false, .ReverseGroupOrder = true},
          "b [] Default"},
-        {"g a b\no b\n", {.howToAddGs = 3, .reverseGroupOrder = true}, "a [] Default"},
-        {"g a b\no B\n", {.howToAddGs = 3, .reverseGroupOrder = true}, "b [] Default"},
-        {"g a b\no c\n", {.howToAddGs = 4}, " [] Default"},
-        {"g a b\no c\n", {.howToAddGs = -1}, " [] Default"},
+        {"g a b\no b\n", {.HowToAddGs = 3, .ReverseGroupOrder = true}, "a [] Default"},
+        {"g a b\no B\n", {.HowToAddGs = 3, .ReverseGroupOrder = true}, "b [] Default"},
+        {"g a b\no c\n", {.HowToAddGs = 4}, " [] Default"},
+        {"g a b\no c\n", {.HowToAddGs = -1}, " [] Default"},
     };
-    for (const auto& [names, options, attributes] : cases) {
-        doc = std::make_unique<ConsoleDoc>(0.001);
-        EXPECT_TRUE(Import(Positions + names + "f 1 2 3", options));
+    for (const auto& [names, choices, attributes] : cases) {
+        EXPECT_TRUE(Import(Positions + names + "f 1 2 3", choices));
         ASSERT_EQ(doc->ObjectCount(), 1);
-        EXPECT_EQ(ShownAttributes(0), attributes) << names << " as " << options.howToAddGs;
+        EXPECT_EQ(ShownAttributes(0), attributes) << names << " as " << choices.HowToAddGs;
     }
 }
 
-TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)
+TEST_F(ObjectsOfADocument, TheResultIsThatOfTheLastObjectAttempted)
 {
     const std::string good = "f 1 2 3\n";
     const std::string flat = "f 1 1 1\n";
@@ -90,7 +78,7 @@ TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)
         std::string statements;
         Texts kinds;
         bool result;
-        int failingAdd = 0;
+        int nth = 0; ///< object that the document does not take
     } cases[] = {
         {"a mesh without area, then none that is attempted",
          "g a\n" + flat + "g b\nf 1 2\n",
@@ -107,24 +95,22 @@ TEST_F(DocumentObjects, TheResultIsThatOfTheLastObjectAttempted)
         {"the first of two", "g a\n" + good + "g b\n" + good, {"mesh"}, true, 1},
         {"faces of nothing", "f 7 8 9\n", {}, false},
     };
-    for (const auto& [what, statements, kinds, result, failingAdd] : cases) {
+    for (const auto& [what, statements, kinds, result, nth] : cases) {
         SCOPED_TRACE(what);
-        doc = std::make_unique<ConsoleDoc>(0.001);
-        doc->FailAddObject(failingAdd);
+        failingAdd = nth;
         EXPECT_EQ(Import(Positions + statements, {}), result);
         EXPECT_EQ(Kinds(), kinds);
     }
 }
 
 // The order of a record's objects does not depend on the order of the file.
-TEST_F(DocumentObjects, KindsOfARecordKeepTheirOrder)
+TEST_F(ObjectsOfADocument, KindsOfARecordKeepTheirOrder)
 {
     const Texts statements = {"p 1\n", "p 1 2\n", "f 1 2 3\n",
                               "cstype bezier\ndeg 1\ncurv 0 1 1 2\nparm u 0 1\n",
                               "cstype bezier\ndeg 1 1\nsurf 0 1 0 1 1 2 3 1\nparm u 0 1\n"
                               "parm v 0 1\n"};
     for (std::vector<int> order : {std::vector{0, 1, 2, 3, 4}, {4, 3, 2, 1, 0}, {0, 3, 1, 4, 2}}) {
-        doc = std::make_unique<ConsoleDoc>(0.001);
         std::string text = Positions;
         for (const int i : order)
             text += statements[static_cast<std::size_t>(i)];

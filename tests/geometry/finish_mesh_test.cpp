@@ -1,5 +1,6 @@
+#include "geometry/finish_mesh.h"
 #include "geometry/normal_repair.h"
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
 
 #include <chrono>
 #include <cmath>
@@ -80,11 +81,11 @@ TEST(NormalRepair, StaysFastWithManyVerticesAtOnePlace)
         ASSERT_TRUE(AreNear(normal, {0, -1, 0}));
 }
 
-class FinishMesh : public ReaderTest
+class FinishedMesh : public testing::Test
 {
 protected:
     /// A tetrahedron with its corner at the origin, facing outward, and one vertex too many.
-    FinishMesh()
+    FinishedMesh()
     {
         mesh.vertices = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {9, 9, 9}};
         mesh.faces = {{{0, 2, 1, 1}}, {{0, 1, 3, 3}}, {{0, 3, 2, 2}}, {{1, 2, 3, 3}}};
@@ -93,14 +94,14 @@ protected:
     GK_Mesh mesh;
 };
 
-TEST_F(FinishMesh, DropsListsThatAreNotCompleteAndWhatIsOfNoUse)
+TEST_F(FinishedMesh, DropsListsThatAreNotCompleteAndWhatIsOfNoUse)
 {
     mesh.textureCoordinates.SetCount(3);
     mesh.surfaceParameters.SetCount(6);
     mesh.normals.SetCount(4);
     mesh.colors.SetCount(4);
     mesh.faces.Append({{1, 2, 2, 2}});
-    EXPECT_TRUE(Open("").FinishMesh(&mesh));
+    EXPECT_TRUE(FinishMesh(&mesh, false));
     EXPECT_EQ(mesh.VertexCount(), 4);
     EXPECT_EQ(mesh.FaceCount(), 4);
     EXPECT_THAT(ListOf(mesh.textureCoordinates), IsEmpty());
@@ -110,24 +111,21 @@ TEST_F(FinishMesh, DropsListsThatAreNotCompleteAndWhatIsOfNoUse)
     EXPECT_LT(mesh.normals[0].x, -0.5F) << "computed instead";
 }
 
-TEST_F(FinishMesh, AMorphTargetHasComputedNormals)
+TEST_F(FinishedMesh, AMorphTargetHasComputedNormals)
 {
     for (int i = 0; i < 5; ++i)
         mesh.normals.Append({1, 0, 0});
     mesh.faces = {{{0, 1, 2, 2}}};
-    CReadOBJ& reader = Open("");
-    reader.ImportAsMorphTarget = true;
-    EXPECT_TRUE(reader.FinishMesh(&mesh));
+    EXPECT_TRUE(FinishMesh(&mesh, true));
     EXPECT_THAT(ListOf(mesh.normals), testing::Each(Up));
 }
 
-TEST_F(FinishMesh, RefusesWhatHasNoFaces)
+TEST_F(FinishedMesh, RefusesWhatHasNoFaces)
 {
-    const CReadOBJ& reader = Open("");
-    EXPECT_FALSE(reader.FinishMesh(nullptr));
+    EXPECT_FALSE(FinishMesh(nullptr, false));
     mesh.faces = {{{1, 1, 1, 1}}, {{0, 1, 7, 7}}};
-    EXPECT_FALSE(reader.FinishMesh(&mesh));
-    EXPECT_FALSE(reader.FinishMesh(std::make_unique<GK_Mesh>().get()));
+    EXPECT_FALSE(FinishMesh(&mesh, false));
+    EXPECT_FALSE(FinishMesh(std::make_unique<GK_Mesh>().get(), false));
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
 #include "console_host/runtime/native_path.h"
-#include "materials/mtl_reader.h"
-#include "objreader/read_obj.h"
+#include "materials/material_libraries.h"
 #include "tests/temporary_folder.h"
 
 #include <algorithm>
@@ -33,9 +32,9 @@ protected:
     void ReadLibrary(std::string_view text)
     {
         const fs::path path = m_folder.Write("library.mtl", text);
-        CReadOBJ reader(L"C:\\models\\scene.obj", m_document, m_options);
-        EnterMaterials(CMtlReader(reader, std::fopen(path.string().c_str(), "rb")).Read(),
-                       m_document.MaterialTable());
+        MaterialLibraries libraries(L"C:\\models\\scene.obj", m_choices,
+                                    m_document.MaterialTable());
+        EXPECT_TRUE(libraries.ReadMaterialLibrary(path.string()));
     }
 
     /// The material that these statements make.
@@ -55,18 +54,19 @@ protected:
         return names;
     }
 
-    /// Parses an OBJ file of this text in the test's folder; gives what was printed.
-    std::vector<std::string> ParseObj(std::string_view text)
+    /// Reads the libraries that an OBJ file in the test's folder names; returns what was printed.
+    std::vector<std::string> Read(const std::vector<std::string>& names)
     {
-        const std::wstring name = WidePath(m_folder.Write("scene.obj", text));
-        CReadOBJ reader(name.c_str(), m_document, m_options);
-        EXPECT_TRUE(reader.Parse());
+        const std::wstring path = WidePath(m_folder / "scene.obj");
+        MaterialLibraries libraries(path, m_choices, m_document.MaterialTable());
+        for (const std::string& name : names)
+            libraries.ReadMaterialLibrary(name);
         return ConsoleApp::Instance().TakeJournal().prints;
     }
 
     TemporaryFolder m_folder;
     ConsoleDoc m_document{0.001};
-    CKelvoFileReadOptions m_options;
+    ImportChoices m_choices;
 };
 
 TEST_F(MaterialLibrary, Colors)
@@ -183,22 +183,22 @@ TEST_F(MaterialLibrary, IsFoundInTheCurrentFolderAndThenBesideTheObjFile)
     m_folder.Write("library.mtl", "newmtl beside\n");
     m_folder.Write("absolute.mtl", "newmtl absolute\n");
     m_folder.Write("Current/Two Words.mtl", "newmtl two words\n");
-    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
+    EXPECT_THAT(Read({"library.mtl"}), IsEmpty());
     fs::current_path(before);
-    EXPECT_THAT(ParseObj("mtllib library.mtl\n"), IsEmpty());
-    EXPECT_THAT(ParseObj("mtllib current\\two words.MTL\nusemtl two words\n"), IsEmpty());
-    EXPECT_THAT(ParseObj("mtllib Current/Two Words.mtl\n"), IsEmpty());
-    EXPECT_THAT(ParseObj("mtllib " + (m_folder / "absolute.mtl").string() + "\n"), IsEmpty());
+    EXPECT_THAT(Read({"library.mtl"}), IsEmpty());
+    EXPECT_THAT(Read({"current\\two words.MTL"}), IsEmpty());
+    EXPECT_THAT(Read({"Current/Two Words.mtl"}), IsEmpty());
+    EXPECT_THAT(Read({(m_folder / "absolute.mtl").string()}), IsEmpty());
     EXPECT_THAT(MaterialNames(), ElementsAre("current", "beside", "two words", "absolute"));
 }
 
 TEST_F(MaterialLibrary, IsReadOnceAndEntersAsOftenAsItIsNamed)
 {
     m_folder.Write("library.mtl", "newmtl a\nmap_Kd a.png\nnewmtl b\n");
-    std::string names;
+    std::vector<std::string> names;
     for (int i = 0; i < 1000; ++i)
-        names += "mtllib library.mtl\nmtllib ./library.mtl\nmtllib LIBRARY.mtl\n";
-    EXPECT_THAT(ParseObj(names), IsEmpty());
+        names.insert(names.end(), {"library.mtl", "./library.mtl", "LIBRARY.mtl"});
+    EXPECT_THAT(Read(names), IsEmpty());
     const GK_ClassArray<GK_Material>& materials = m_document.Materials();
     ASSERT_EQ(materials.Count(), 3001) << "the last of a library enters when it is not there yet";
     EXPECT_EQ(materials[0].Textures().Array(), materials[3000].Textures().Array());
@@ -211,8 +211,7 @@ TEST_F(MaterialLibrary, IsAFileThatEnds)
     m_folder.Write("empty.mtl", "");
     ASSERT_EQ(mkfifo((m_folder / "pipe.mtl").c_str(), S_IRWXU), 0);
     const std::vector<std::string> prints =
-        ParseObj("mtllib /proc/self/pagemap\nmtllib /dev/zero\nmtllib pipe.mtl\n"
-                 "mtllib empty.mtl\n");
+        Read({"/proc/self/pagemap", "/dev/zero", "pipe.mtl", "empty.mtl"});
     ASSERT_EQ(prints.size(), 3U);
     EXPECT_THAT(prints[0], HasSubstr("pagemap.  Materials"));
     EXPECT_THAT(prints[2], HasSubstr("pipe.mtl.  Materials"));
@@ -224,8 +223,7 @@ TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportGoesOn)
     fs::create_directories(m_folder / "folder.mtl");
     m_folder.Write("here.mtl", "newmtl here\n");
     const std::vector<std::string> prints =
-        ParseObj("mtllib\nmtllib missing one.mtl\nmtllib folder.mtl\n"
-                 "mtllib D:\\libraries\\far.mtl\nmtllib here.mtl\n");
+        Read({"missing one.mtl", "folder.mtl", "D:\\libraries\\far.mtl", "here.mtl"});
     ASSERT_EQ(prints.size(), 3U);
     std::string completed = Utf8Path(m_folder / "missing one.mtl");
     std::replace(completed.begin(), completed.end(), '/', '\\');

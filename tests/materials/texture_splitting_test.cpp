@@ -1,8 +1,7 @@
 #include "console_host/app/document.h"
 #include "console_host/runtime/native_path.h"
-#include "materials/split_outcomes.h"
+#include "materials/material_libraries.h"
 #include "materials/texture_splitting.h"
-#include "objreader/read_obj.h"
 #include "tests/temporary_folder.h"
 #include "tests/test_images.h"
 
@@ -99,12 +98,12 @@ protected:
     std::vector<std::string> Textures(const std::string& file = "wood.png")
     {
         m_folder.Write("library.mtl", "newmtl a\nmap_Kd " + file + "\n");
-        const std::wstring obj = WidePath(m_folder.Write("scene.obj", "mtllib library.mtl\n"));
+        const ImportChoices choices{.Split32bitTextures = true};
         ConsoleDoc document(0.001);
-        const CKelvoFileReadOptions options;
-        CReadOBJ reader(obj.c_str(), document, options);
-        reader.Split32bitTextures = true;
-        EXPECT_TRUE(reader.Parse());
+        MaterialLibraries libraries(WidePath(m_folder / "scene.obj"), choices,
+                                    document.MaterialTable());
+        EXPECT_TRUE(libraries.ReadMaterialLibrary("library.mtl"));
+        libraries.FinishTextures();
         std::vector<std::string> textures;
         for (const GK_Texture& texture : document.Materials()[0].Textures()) {
             EXPECT_TRUE(texture.on);

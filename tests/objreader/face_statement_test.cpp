@@ -1,5 +1,6 @@
+#include "objreader/indices.h"
 #include "tests/objreader/padded.h"
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +11,7 @@ const std::string Lists = "v 0 0 0\nv 1 0 0\nv 2 0 0\nv 3 0 0\nv 4 0 0\n"
                           "vt 0 0\nvt 0 0\nvt 0 0\nvt 0 0\n"
                           "vn 0 0 1\nvn 0 0 1\nvn 0 0 1\n";
 
-using FaceStatement = ReaderTest;
-
-TEST_F(FaceStatement, ReadsEveryFormOfCorner)
+TEST(FaceStatement, ReadsEveryFormOfCorner)
 {
     const struct
     {
@@ -56,50 +55,44 @@ TEST_F(FaceStatement, ReadsEveryFormOfCorner)
         {"1/2/3/", "//", 4},
         {"////", "//", 5},
     };
-    CReadOBJ& reader = Parsed(Lists);
+    const ReadText text(Lists);
     for (const auto& [token, corner, fieldCount, badField] : cases) {
         SCOPED_TRACE(token);
-        const int bogusBefore = reader.BogusIndexCount;
+        int bogusIndices = 0;
         V_TN_IDX read{.mesh_vi = -1, .vi = 77, .ti = 77, .ni = 77};
-        int readBadField = 77;
+        auto readBadField = static_cast<BadField>(77);
         EXPECT_EQ(
-            reader.ParseCorner(Padded(token).c_str(), read.vi, read.ti, read.ni, readBadField),
+            ParseCorner(Padded(token).c_str(), text.file.lists, read, readBadField, bogusIndices),
             fieldCount);
-        EXPECT_EQ(Shown({&read, 1}), corner);
+        EXPECT_EQ(Shown({read}), corner);
         EXPECT_EQ(readBadField, badField);
-        EXPECT_EQ(reader.BogusIndexCount - bogusBefore, badField == 0 ? 0 : 1);
+        EXPECT_EQ(bogusIndices, badField == 0 ? 0 : 1);
     }
 }
 
-std::string BadCorner(const char* field, int count, const char* token)
-{
-    return std::string("Encountered mesh face with bogus ") + field + " index (count is " +
-           std::to_string(count) + "). Search for \"" + token + "\" in your file.\n";
-}
+const std::string BogusFace = "bogus face";
 
-const std::string BogusFace = "Encountered bogus mesh face.\n";
-
-TEST_F(FaceStatement, StoresCornersAndSaysWhatIsWrong)
+TEST(FaceStatement, StoresCornersAndSaysWhatIsWrong)
 {
     const struct
     {
         std::string lines;
         const char* corners;           ///< all of the record
         std::vector<int> cornerCounts; ///< of each face
-        std::vector<std::string> prints = {};
+        std::vector<std::string> told = {};
         int bogusIndices = 0;
     } cases[] = {
         {"f -1 -2 -3\nf 1/1 2/2 3/3 4/4", "4// 3// 2// 0/0/ 1/1/ 2/2/ 3/3/", {3, 4}},
         {"f 6/9/9 2/9/9 3/1/9",
          "// 1// 2/0/",
          {3},
-         {BadCorner("vertex", 5, "6/9/9"), BadCorner("texture", 4, "2/9/9"),
-          BadCorner("normal", 3, "3/1/9")},
+         {"bad field 1 of 6/9/9, list of 5", "bad field 2 of 2/9/9, list of 4",
+          "bad field 3 of 3/1/9, list of 3"},
          3},
         {"f 1 2 6\nv 5 0 0\nf 1 2 6",
          "0// 1// // 0// 1// 5//",
          {3, 3},
-         {BadCorner("vertex", 5, "6")},
+         {"bad field 1 of 6, list of 5"},
          1},
         // Rejected: too few corners, fields that differ, too many of them.
         {"f\nf 1\nf 1 2", "", {}, {BogusFace, BogusFace, BogusFace}},
@@ -113,66 +106,24 @@ TEST_F(FaceStatement, StoresCornersAndSaysWhatIsWrong)
         {"f /4/1 2/1 3/1", "/3/0 1/0/ 2/0/", {3}},
         {"f 1 //2 3", "0// //1 2//", {3}},
         {"f /1 /1 /1", "/0/ /0/ /0/", {3}},
-        {"f 1/1 /9/9 3", "0/0/ // //", {2}, {BadCorner("texture", 4, "/9/9"), BogusFace}, 1},
+        {"f 1/1 /9/9 3", "0/0/ // //", {2}, {"bad field 2 of /9/9, list of 4", BogusFace}, 1},
         {"f 1/1 ///1 3/1", "0/0/ //", {1}, {BogusFace}},
     };
-    for (const auto& [lines, corners, cornerCounts, prints, bogusIndices] : cases) {
+    for (const auto& [lines, corners, cornerCounts, told, bogusIndices] : cases) {
         SCOPED_TRACE(lines);
-        const CReadOBJ& reader = Parsed(Lists + lines);
-        const CReadOBJ::Geometry& geometry = *reader.currentGroup->geometry;
-        ASSERT_NE(geometry.mesh, nullptr);
-        for (const int direction : {0, 1}) {
-            EXPECT_EQ(geometry.mesh->SurfaceParameterDomain(direction), GK_Interval(0, 1));
-            EXPECT_EQ(geometry.mesh->PackedTextureDomain(direction), GK_Interval(0, 1));
-        }
-        EXPECT_EQ(Shown({geometry.corners.begin(), geometry.corners.end()}), corners);
+        const ReadText text(Lists + lines);
+        EXPECT_TRUE(text.parsed);
+        EXPECT_EQ(Shown(text.CurrentGeometry().corners), corners);
         std::vector<int> counts;
-        for (const CReadOBJ::Face& face : geometry.faces)
+        for (const Face& face : text.CurrentGeometry().faces)
             counts.push_back(face.cornerCount);
         EXPECT_EQ(counts, cornerCounts);
-        EXPECT_EQ(Journal().prints, prints);
-        EXPECT_EQ(reader.BogusIndexCount, bogusIndices);
+        EXPECT_EQ(text.events.lines, told);
+        EXPECT_EQ(text.file.BogusIndexCount, bogusIndices);
     }
 }
 
-std::string Repeated(const std::string& text, int count)
-{
-    std::string repeated;
-    while (count-- > 0)
-        repeated += text;
-    return repeated;
-}
-
-TEST_F(FaceStatement, After25MessagesOneMoreClosesTheList)
-{
-    ConsoleApp::Instance().Strings().Set(33339, L"%d bogus faces, no more.\n");
-    ConsoleApp::Instance().Strings().Set(33343, L"%d bad corners, no more.\n");
-    const struct
-    {
-        const char* what;
-        std::string lines;
-        std::size_t prints;
-        const char* last;
-        int bogusIndices;
-    } cases[] = {
-        {"25 faces", Repeated("f 1\n", 25), 25, "Encountered bogus mesh face.\n", 0},
-        {"30 faces", Repeated("f 1\n", 30), 26, "25 bogus faces, no more.\n", 0},
-        {"30 corners", Repeated("f 1 2 9\n", 30), 26, "25 bad corners, no more.\n", 30},
-        {"both in one face", Repeated("f 8 9 1/1\n", 20), 26, "25 bad corners, no more.\n", 40},
-    };
-    for (const auto& [what, lines, prints, last, bogusIndices] : cases) {
-        SCOPED_TRACE(what);
-        const CReadOBJ& reader = Parsed(Lists + lines + "v 9 9 9\n");
-        ASSERT_EQ(Journal().prints.size(), prints);
-        EXPECT_EQ(Journal().prints.back(), last);
-        EXPECT_EQ(reader.BogusIndexCount, bogusIndices);
-        EXPECT_EQ(reader.vertices.Count(), 6) << "reading goes on";
-    }
-}
-
-using PointStatement = ReaderTest;
-
-TEST_F(PointStatement, AnIndexOfNothingEndsTheParse)
+TEST(PointStatement, AnIndexOfNothingEndsTheParse)
 {
     const struct
     {
@@ -186,11 +137,11 @@ TEST_F(PointStatement, AnIndexOfNothingEndsTheParse)
     };
     for (const auto& [lines, bogusIndices, clouds] : cases) {
         SCOPED_TRACE(lines);
-        CReadOBJ& reader = Open(Lists + lines);
-        EXPECT_FALSE(reader.Parse());
-        EXPECT_EQ(reader.BogusIndexCount, bogusIndices);
-        EXPECT_TRUE(Journal().prints.empty());
-        const CReadOBJ::Geometry& geometry = reader.currentGroup->GeometryToFill();
+        const ReadText text(Lists + lines);
+        EXPECT_FALSE(text.parsed);
+        EXPECT_EQ(text.file.BogusIndexCount, bogusIndices);
+        EXPECT_TRUE(text.events.lines.empty());
+        const Geometry& geometry = text.reading.currentGroup->GeometryToFill();
         EXPECT_EQ(geometry.points.Count(), 0);
         EXPECT_EQ(geometry.cloudEnds.Count(), clouds);
     }

@@ -1,35 +1,11 @@
-#include "tests/geokit/brep_shapes.h"
-#include "tests/objreader/freeform_reader.h"
+#include "tests/objreader/read_text.h"
 #include "tests/objreader/square_text.h"
 
-#include <ctime>
 #include <gmock/gmock.h>
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(FreeformSurfaces, TakeControlPointsWithURunningFastest)
-{
-    const FreeformReader file("v 1 0 0 0.5\nv 2 0 0\nv 3 0 0\nv 4 0 0\nv 5 0 0\nv 6 0 0\n"
-                              "cstype rat bspline\ndeg 1 1\nsurf 0 2 0 1 1/1/1 2 3 -3 -2 -1 1 1 1\n"
-                              "parm v 9 0 1 9\nparm u 9 0 1 2 9\n");
-    EXPECT_TRUE(file.parsed);
-    EXPECT_THAT(Values(file.Surface().Knots(0)), ElementsAre(0, 1, 2));
-    EXPECT_THAT(Values(file.Surface().Knots(1)), ElementsAre(0, 1));
-    EXPECT_EQ(file.Surface().ControlPoint(1, 1), (GK_3dPoint{5, 0, 0}));
-    EXPECT_EQ(file.Surface().Weight(0, 0), 0.5);
-    EXPECT_TRUE(file.Surface().IsValid());
-    EXPECT_EQ(file.Brep().FaceCount(), 1);
-
-    const FreeformReader bezier("v 0 0 0\ncstype bezier\ndeg 3 2\nsurf 0 1 0 1"
-                                " 1 1 1 1 1 1 1 1 1 1 1 1\nparm u 0 1 x\nparm v 2 4\n");
-    EXPECT_TRUE(bezier.parsed);
-    EXPECT_THAT(Values(bezier.Surface().Knots(0)), ElementsAre(0, 0, 0, 1, 1, 1));
-    EXPECT_THAT(Values(bezier.Surface().Knots(1)), ElementsAre(2, 2, 4, 4));
-    EXPECT_TRUE(bezier.Surface().IsValid());
-}
 
 TEST(FreeformSurfaces, StatementsFailWhereTheyAreMalformed)
 {
@@ -62,158 +38,45 @@ TEST(FreeformSurfaces, StatementsFailWhereTheyAreMalformed)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
-        EXPECT_EQ(FreeformReader(c.text).parsed, c.parsed);
+        EXPECT_EQ(ReadText(c.text).parsed, c.parsed);
     }
 }
 
-TEST(FreeformSurfaces, StatesOfTheKnotStatements)
+/// "u 2 complete" for each statement that followed "surf": knots by their direction and the number
+/// of control points that they claim, loops by their trims.
+std::vector<std::string> Steps(const SurfaceData& surface)
 {
-    // A new surface before the first was complete: the first never gets a face.
-    const FreeformReader two(Square + Surface + "parm u 0 0 1 1\n" + Surface + Knots);
-    EXPECT_EQ(two.Geometry().breps[0]->FaceCount(), 0);
-    EXPECT_EQ(two.Geometry().breps[1]->FaceCount(), 1);
-
-    // Behind a complete surface the next one waits for both of its own.
-    const FreeformReader next(Square + Surface + Knots + Surface + "parm u 0 0 1 1\n");
-    EXPECT_EQ(next.Brep().FaceCount(), 0);
-    const FreeformReader last(Square + Surface + Knots + "surf 0 1 0 1 4 3 2 1\n" + Knots);
-    EXPECT_EQ(last.Surface().ControlPoint(0, 0), (GK_3dPoint{2, 2, 0}));
-
-    // Knots given once more: another face, and control points for the new counts.
-    const FreeformReader again(Square + "surf 0 1 0 1 1 2 3 4 3 4\n" + Knots +
-                               "parm v 0 0 1 2 2\n");
-    EXPECT_EQ(again.Brep().FaceCount(), 2);
-    EXPECT_EQ(again.Surface().ControlPointCount(1), 3);
-    EXPECT_EQ(again.Surface().ControlPoint(1, 2), (GK_3dPoint{2, 2, 0}));
-    EXPECT_TRUE(again.Surface().IsValid());
-
-    // Knots that fail: the counts stay, and so the surface is no longer sound.
-    const FreeformReader failed(Square + "surf 0 1 0 1 1 2 3 4 1 2\nparm u 0 0 1 2 2\n" +
-                                "parm v 0 0 1 1\nparm u 9 -2 x 9\n");
-    EXPECT_FALSE(failed.parsed);
-    EXPECT_EQ(failed.Surface().ControlPointCount(0), 3);
-    EXPECT_FALSE(failed.Surface().IsValid());
-
-    // Which directions have been given is known across a change of group.
-    const FreeformReader groups(Square + "g a\n" + Surface + "g b\n" + Surface +
-                                "parm u 0 0 1 1\ng a\nparm v 0 0 1 1\n");
-    EXPECT_EQ(groups.Brep().FaceCount(), 1);
-    EXPECT_FALSE(groups.Surface().IsValid());
-}
-
-TEST(FreeformSurfaces, BuildBreps)
-{
-    struct Case
-    {
-        const char* what;
-        std::string text;
-        int edges;
-        int vertices;
-        std::vector<int> loopTypes;
-        const char* refused;
-    };
-    const Case cases[] = {
-        {"untrimmed", "", 4, 4, {1}, ""},
-        {"two pieces", "trim 0 2 1 2 0 2\n", 2, 2, {1}, ""},
-        {"the other way round", "trim 0 2 2 2 0 1\n", 2, 2, {1}, ""},
-        {"a part of a curve and a hole", "TRIM 0 2 1 2 0 2\nHole 0 4 3\n", 3, 3, {1, 2}, ""},
-        {"a hole only", "hole 4 0 3\n", 5, 5, {1, 2}, ""},
-        {"an empty loop", "hole\n", 4, 4, {1}, "loop: inner loop 1 of the brep has no trims\n"},
-        {"more faces", Knots, 4, 4, {1}, ""},
-        {"a gap",
-         "trim 0 2 1 2 1 2\n",
-         -1,
-         0,
-         {},
-         "brep: loop 1 does not close: trim 2 ends 2 away from the start of trim 1 (tolerance "
-         "0.001)\n"},
-        {"out of the curve's domain",
-         "trim 0 3 1\n",
-         4,
-         4,
-         {1},
-         "loop: outer loop 1 of the brep has no trims\n"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const FreeformReader file(Square + Surface + Knots + c.text);
-        EXPECT_TRUE(file.parsed);
-        EXPECT_EQ(file.reader->Build(), c.edges >= 0);
-        EXPECT_EQ(FreeformReader::Refused(), c.refused);
-        ASSERT_EQ(file.doc.ObjectCount(), c.edges >= 0 ? 1 : 0);
-        if (c.edges < 0)
+    std::vector<std::string> steps;
+    for (const SurfaceStep& step : surface.steps) {
+        if (step.kind != SurfaceStep::Knots) {
+            const char* const loop = step.kind == SurfaceStep::OuterLoop ? "outer " : "inner ";
+            steps.push_back(loop + std::to_string(step.valueCount));
             continue;
-        const auto& brep = file.Object<GK_Brep>(0);
-        EXPECT_EQ(brep.FaceCount(), 1);
-        EXPECT_EQ(brep.EdgeCount(), c.edges);
-        EXPECT_EQ(brep.VertexCount(), c.vertices);
-        std::vector<int> types;
-        for (const int loop : brep.Face(0).loopIndices)
-            types.push_back(brep.Loop(loop).type);
-        EXPECT_EQ(types, c.loopTypes);
-        ExpectSoundLoops(brep, 0.002);
+        }
+        steps.push_back((step.direction == 0 ? "u " : "v ") +
+                        std::to_string(step.controlPointCount) + (step.completes ? " face" : ""));
     }
+    return steps;
 }
 
-TEST(FreeformSurfaces, RefuseWhatIsIncompleteOrAbsurd)
+TEST(FreeformSurfaces, KeepWhatFollowsThemInItsOrder)
 {
-    struct Case
-    {
-        std::string text;
-        const char* reason;
-    };
-    const std::string manyKnots = "parm u" + CountUpTo(99999) + "\nparm v" + CountUpTo(99999);
-    const Case cases[] = {
-        {Surface + "parm u 0 0 1 1\n", "the brep has no face: the surface has no knots in v"},
-        {"surf 0 1 0 1 1 2 3\n" + Knots, "the surface has 3 of its 4 control points"},
-        {Surface + manyKnots + "\n", "the surface has 4 of its 9999600004 control points"},
-        {"deg 2000000000 2000000000\n" + Surface + "cstype bezier\nparm u 0 1\nparm v 0 1\n",
-         "the surface has order 2000000001 in u; at most 32 is supported"},
-        {Surface + "parm u 1 1 0 0\nparm v 0 0 1 1\n",
-         "the surface's knots in u decrease, from 1 to 0"},
-        {"v 0 0 0 0\ncstype rat bspline\nsurf 0 1 0 1 1 2 3 -1\n" + Knots,
-         "the surface's control point 4 has weight 0; it must be positive"},
-        {"deg 0 1\n" + Surface + Knots, "the surface has degree 0 in u; at least 1 is needed"},
-        {"deg 1 -4\n" + Surface + Knots, "the surface has degree -4 in v; at least 1 is needed"},
-        {"deg -1 1\ncstype bezier\n" + Surface + "parm u 0 1\nparm v 0 1\n", // as without "deg"
-         "the surface has degree -1 in u; at least 1 is needed"},
-    };
-    for (const Case& c : cases) {
-        const FreeformReader file(Square + c.text);
-        EXPECT_TRUE(file.parsed);
-        EXPECT_FALSE(file.reader->Build());
-        EXPECT_EQ(file.doc.ObjectCount(), 0);
-        EXPECT_EQ(FreeformReader::Refused(), std::string("brep: ") + c.reason + "\n");
-    }
-}
-
-// However many trims get nowhere because of what is wrong with their curve or surface, those that
-// follow take their place.
-TEST(FreeformSurfaces, TrimsThatAreRefusedCostTheOthersNothing)
-{
-    const std::string incomplete = "surf 0 1 0 1 1 2 3\n" + Knots;
-    const FreeformReader file(Square + incomplete + "hole" + Repeated(" 0 2 1", 200) + "\n" +
-                              Surface + Knots + "hole" + Repeated(" 0 3 1", 200) +
-                              "\ntrim 0 2 1 2 0 2\n");
-    EXPECT_TRUE(file.parsed);
-    EXPECT_EQ(file.Brep().TrimCount(), 2);
-    EXPECT_TRUE(file.reader->Build());
-}
-
-// Knots of one direction given again and again between trims: the great net is not looked over each
-// time.
-TEST(FreeformSurfaces, NewKnotsDoNotCostTheWholeNet)
-{
-    constexpr int Rows = 100'000;
-    const std::string trim = "trim 0 2 1\n";
-    const std::string text = Square + "surf 0 1 0 1" + Repeated(" 1 2", Rows) + "\nparm v 0" +
-                             CountUpTo(Rows - 1) + " 0\n" +
-                             Repeated("parm u 0 0 1 1\n" + trim + "parm u 0 0 2 2\n" + trim, 1500);
-    const std::clock_t start = std::clock();
-    const FreeformReader file(text);
-    EXPECT_LT(std::clock() - start, 4 * CLOCKS_PER_SEC);
-    EXPECT_TRUE(file.parsed);
-    EXPECT_EQ(file.Brep().TrimCount(), 3000);
+    const ReadText text("v 0 0 0\nv 1 1 1\nvp 0 0\nvp 1 1\ncstype rat bspline\ndeg 1\ncurv2 1 2\n"
+                        "deg 1 2\nsurf 0 2 0 1 1/1/1 2 -2 -1 1\nparm v 9 0 0 1 1 9\n"
+                        "parm u 9 0 1 2 9\ntrim 0 1 1 1 0.5 -1\nparm V 9 2 2 3 3 9\nhole\n"
+                        "cstype bezier\nparm v 4 5 6\n");
+    EXPECT_TRUE(text.parsed);
+    const SurfaceData& surface = text.CurrentGeometry().surfaces.back();
+    EXPECT_THAT(surface.order, ElementsAre(2, 3));
+    EXPECT_THAT(ListOf(surface.surfaceCVs), ElementsAre(0, 1, 0, 1, 0));
+    EXPECT_THAT(Steps(surface),
+                ElementsAre("v 3", "u 3 face", "outer 2", "v 3 face", "inner 0", "v 3 face"));
+    EXPECT_THAT(ListOf(surface.knots), ElementsAre(0, 0, 1, 1, 0, 1, 2, 2, 2, 3, 3, 4, 4, 5, 5));
+    ASSERT_EQ(surface.trims.Count(), 2);
+    EXPECT_EQ(surface.trims[1].curve, 0);
+    EXPECT_EQ(surface.trims[1].from, 1);
+    EXPECT_EQ(surface.trims[1].to, 0.5);
+    EXPECT_EQ(surface.faceCount, 3);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
 
 #include <gtest/gtest.h>
 
@@ -6,45 +6,33 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// "group,object,material (all names of the group statement)"
-std::string Shown(const CReadOBJ::Group_Object& record)
-{
-    std::string shown = std::string(record.groupName->View()) + ',' +
-                        std::string(record.objectName->View()) + ',' +
-                        std::string(record.materialName->View());
-    if (!record.groupNames || record.groupNames->names.IsEmpty())
-        return shown;
-    shown += " (";
-    for (const GK_String* const name : record.groupNames->names)
-        shown += std::string(name->View()) + ' ';
-    shown.back() = ')';
-    return shown;
-}
-
-Names Records(const CReadOBJ& reader)
+/// "group,object,material (all names of the group statement)" of every record.
+Names Records(const ObjFile& file)
 {
     Names records;
-    for (const auto& record : reader.groupObjects)
-        records.push_back(Shown(*record));
+    for (const std::unique_ptr<Group_Object>& record : file.groupObjects) {
+        std::string& shown = records.emplace_back(record->groupName->View());
+        (shown += ',') += record->objectName->View();
+        (shown += ',') += record->materialName->View();
+        if (record->groupNames < 0)
+            continue;
+        shown += " (";
+        for (const GK_String* const name :
+             file.groupNames[static_cast<std::size_t>(record->groupNames)])
+            (shown += name->View()) += ' ';
+        shown.back() = ')';
+    }
     return records;
 }
 
-using GroupStatements = ReaderTest;
-
-TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
+TEST(GroupStatements, NamesAndTheOrderOfRecords)
 {
-    struct Options
-    {
-        bool reverse = false;
-        bool ignoreTextures = false;
-        bool morphTarget = false;
-    };
     const struct
     {
         const char* what;
         const char* text;
         Names records;
-        Options options = {};
+        ImportChoices choices = {};
     } cases[] = {
         {"order of names, not of the file",
          "g b\ng a\ng c\ng aa",
@@ -55,12 +43,12 @@ TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
         {"order of objects before materials",
          "o b\nusemtl m\no a\nusemtl n",
          {",,", ",a,m", ",a,n", ",b,", ",b,m"}},
-        {"the last name is the key", "g a b c", {",,", "c,, (a b c)"}, {.reverse = true}},
+        {"the last name is the key", "g a b c", {",,", "c,, (a b c)"}, {.ReverseGroupOrder = true}},
         {"no group name", "g a\nusemtl m\ng", {",,", ",,m", "a,, (a)", "a,,m (a)"}},
         {"no group name, reversed",
          "g a\nusemtl m\ng",
          {",,", ",,m", "a,, (a)", "a,,m (a)"},
-         {.reverse = true}},
+         {.ReverseGroupOrder = true}},
         {"a name twice", "g a a", {",,", "a,, (a a)"}},
         {"no object or material name", "o a\no\nusemtl b\nusemtl", {",,", ",a,", ",a,b"}},
         {"words are joined with one space",
@@ -73,18 +61,17 @@ TEST_F(GroupStatements, NamesAndTheOrderOfRecords)
         {"materials ignored",
          "g a\nusemtl m\ng b\nusemtl n\nusemtl",
          {",,", "a,, (a)", "b,, (b)"},
-         {.ignoreTextures = true}},
-        {"a morph target is one record", "g a\no b\nusemtl c", {",,"}, {.morphTarget = true}},
+         {.IgnoreTextures = true}},
+        {"a morph target is one record",
+         "g a\no b\nusemtl c",
+         {",,"},
+         {.ImportAsMorphTarget = true}},
     };
-    for (const auto& [what, text, records, options] : cases) {
+    for (const auto& [what, text, records, choices] : cases) {
         SCOPED_TRACE(what);
-        CReadOBJ& reader = Open(text);
-        reader.ReverseGroupOrder = options.reverse;
-        reader.IgnoreTextures = options.ignoreTextures;
-        reader.ImportAsMorphTarget = options.morphTarget;
-        EXPECT_TRUE(reader.Parse());
-        EXPECT_EQ(Records(reader), records);
-        EXPECT_EQ(static_cast<std::size_t>(reader.GroupObjectCount()), records.size());
+        const ReadText read(text, choices);
+        EXPECT_TRUE(read.parsed);
+        EXPECT_EQ(Records(read.file), records);
     }
 }
 

@@ -1,17 +1,28 @@
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 
-using Parse = ReaderTest;
+TEST(Parse, TellsWhichLibrariesAreNamed)
+{
+    const ReadText text("mtllib a.mtl\nMTLLIB  two\twords.mtl \nmtllib\nmtllib c\\d  e.mtl\n");
+    EXPECT_TRUE(text.parsed);
+    EXPECT_THAT(text.events.lines, testing::ElementsAre("library a.mtl", "library two words.mtl",
+                                                        "library c\\d  e.mtl"));
+}
 
 #ifdef __linux__
-TEST_F(Parse, OfAFileThatCannotBeReadGivesFalse)
+TEST(Parse, OfAFileThatCannotBeReadIsFalse)
 {
-    const CKelvoFileReadOptions options;
     // It opens like any file, but its first bytes are nobody's.
-    CReadOBJ reader(L"/proc/self/mem", *doc, options);
-    EXPECT_FALSE(reader.Parse());
-    EXPECT_TRUE(reader.tokenizer.ReadFailed());
+    CObjLineTokenizer tokenizer(L"/proc/self/mem");
+    const ImportChoices choices;
+    ToldEvents events;
+    ObjFile file;
+    ObjReading reading(tokenizer, choices, events, file);
+    EXPECT_FALSE(ParseStatements(reading));
+    EXPECT_TRUE(tokenizer.ReadFailed());
 }
 #endif
 

@@ -1,6 +1,6 @@
 // Lines that are read in place must come to the same as if they had been cut into tokens.
 
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -11,51 +11,47 @@ namespace {
 
 constexpr std::string_view FirstElements = "v 1 2 3\nv 4 5 6\nvt 1 2\nvn 0 0 1\nvn 0 1 0\n";
 
-class PlainLines : public ReaderTest
+/// All that reading keeps of a text, and what it tells.
+std::string Report(std::string_view text)
 {
-protected:
-    /// All that an import keeps of a text, and what it says.
-    std::string Report(std::string_view text)
-    {
-        CReadOBJ& reader = Open(text);
-        std::ostringstream report;
-        report.precision(17);
-        report << reader.Parse() << ' ' << reader.BogusIndexCount << '\n';
-        for (const GK_3dPoint& point : reader.vertices)
-            report << "v " << point.x << ' ' << point.y << ' ' << point.z << '\n';
-        for (const double weight : reader.vertexWeights)
-            report << "weight " << weight << '\n';
-        for (const GK_Color& color : reader.vertexColors)
-            report << "colour " << color.Red() << ' ' << color.Green() << ' ' << color.Blue()
-                   << '\n';
-        for (const GK_2fPoint& point : reader.texCoords)
-            report << "vt " << point.x << ' ' << point.y << '\n';
-        for (const GK_3fVector& normal : reader.normals)
-            report << "vn " << normal.x << ' ' << normal.y << ' ' << normal.z << '\n';
-        if (const auto& geometry = reader.currentGroup->geometry) {
-            report << "mesh " << (geometry->mesh != nullptr) << ' ' << Shown(geometry->corners);
-            for (const CReadOBJ::Face& face : geometry->faces)
-                report << "\nf " << face.firstCorner << ' ' << face.cornerCount;
-        }
-        for (const std::string& print : Journal().prints)
-            report << print;
-        return report.str();
+    const ReadText read(text);
+    const VertexLists& lists = read.file.lists;
+    std::ostringstream report;
+    report.precision(17);
+    report << read.parsed << ' ' << read.file.BogusIndexCount << '\n';
+    for (const GK_3dPoint& point : lists.vertices)
+        report << "v " << point.x << ' ' << point.y << ' ' << point.z << '\n';
+    for (const double weight : lists.vertexWeights)
+        report << "weight " << weight << '\n';
+    for (const GK_Color& color : lists.vertexColors)
+        report << "colour " << color.Red() << ' ' << color.Green() << ' ' << color.Blue() << '\n';
+    for (const GK_2fPoint& point : lists.texCoords)
+        report << "vt " << point.x << ' ' << point.y << '\n';
+    for (const GK_3fVector& normal : lists.normals)
+        report << "vn " << normal.x << ' ' << normal.y << ' ' << normal.z << '\n';
+    if (const auto& geometry = read.reading.currentGroup->geometry) {
+        report << "corners " << Shown(geometry->corners);
+        for (const Face& face : geometry->faces)
+            report << "\nf " << face.firstCorner << ' ' << face.cornerCount;
     }
+    for (const std::string& line : read.events.lines)
+        report << line;
+    return report.str();
+}
 
-    /// A tab separates as a space does, but makes a line one to be cut.
-    static std::string WithTabs(std::string text)
-    {
-        std::replace(text.begin(), text.end(), ' ', '\t');
-        return text;
-    }
+/// A tab separates as a space does, but makes a line one to be cut.
+std::string WithTabs(std::string text)
+{
+    std::replace(text.begin(), text.end(), ' ', '\t');
+    return text;
+}
 
-    void Compare(const std::string& text)
-    {
-        ASSERT_EQ(Report(text), Report(WithTabs(text))) << text;
-    }
-};
+void Compare(const std::string& text)
+{
+    ASSERT_EQ(Report(text), Report(WithTabs(text))) << text;
+}
 
-TEST_F(PlainLines, WhateverIsAlmostPlain)
+TEST(PlainLines, WhateverIsAlmostPlain)
 {
     std::istringstream lines(
         "v 1.5 -2.5 +0.25|v 1.5  2.5   3.5  |v .5 5. 1e3|v 1 2|v|v |v 1 2 3 0.5|v 1 2 3 4 5|"
@@ -76,7 +72,7 @@ TEST_F(PlainLines, WhateverIsAlmostPlain)
     }
 }
 
-TEST_F(PlainLines, RandomLines)
+TEST(PlainLines, RandomLines)
 {
     const char* const keywords[] = {"v", "v", "vt", "vn", "f", "f", "f"};
     const char* const tokens[] = {"1",       "2", "-1",  "1/1", "2/1", "1//1",  "2//2", "1/1/1",
@@ -84,7 +80,7 @@ TEST_F(PlainLines, RandomLines)
     const char* const ends[] = {"\n", "\r\n", " \n", "\r"};
     std::mt19937 random(4);
     const auto pick = [&random](const auto& list) { return list[random() % std::size(list)]; };
-    for (int i = 0; i < 2000 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 2000 && !testing::Test::HasFatalFailure(); ++i) {
         std::string text(FirstElements);
         for (int line = 0; line < 8; ++line) {
             text += pick(keywords);

@@ -1,4 +1,4 @@
-#include "tests/objreader/reader_test.h"
+#include "tests/objreader/read_text.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -11,9 +11,7 @@ using testing::ElementsAre;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-using VertexStatements = ReaderTest;
-
-TEST_F(VertexStatements, PositionsWithWeightsAndColours)
+TEST(VertexStatements, PositionsWithWeightsAndColours)
 {
     const struct
     {
@@ -37,45 +35,49 @@ TEST_F(VertexStatements, PositionsWithWeightsAndColours)
     };
     for (const auto& [line, position, weight, color] : cases) {
         SCOPED_TRACE(line);
-        const CReadOBJ& reader = Parsed(line);
-        EXPECT_THAT(ListOf(reader.vertices), ElementsAre(position));
-        EXPECT_THAT(ListOf(reader.vertexWeights), ElementsAre(weight));
-        EXPECT_EQ(reader.hasVertexColors, color.has_value());
-        ASSERT_EQ(reader.vertexColors.Count(), color ? 1 : 0);
-        EXPECT_EQ(color.value_or(GK_Color()), color ? reader.vertexColors[0] : GK_Color());
+        const ReadText text(line);
+        EXPECT_TRUE(text.parsed);
+        const VertexLists& lists = text.file.lists;
+        EXPECT_THAT(ListOf(lists.vertices), ElementsAre(position));
+        EXPECT_THAT(ListOf(lists.vertexWeights), ElementsAre(weight));
+        EXPECT_EQ(lists.hasVertexColors, color.has_value());
+        ASSERT_EQ(lists.vertexColors.Count(), color ? 1 : 0);
+        EXPECT_EQ(color.value_or(GK_Color()), color ? lists.vertexColors[0] : GK_Color());
     }
 }
 
-TEST_F(VertexStatements, ParameterPointsTextureCoordinatesAndNormals)
+TEST(VertexStatements, ParameterPointsTextureCoordinatesAndNormals)
 {
-    const CReadOBJ& reader = Parsed("vp 0.25 0.75\nvp 0.1 1 2\nvp 1 2 3 4\nvp 1 2 x y\n"
-                                    "vt 0.5 0.1\nvt 1 2 3\nvt 1 2 x y z\n"
-                                    "vn 0 0 2\nVN 0.1 0 0 7 x y\nvn2 0 0 0\n");
-    EXPECT_THAT(ListOf(reader.paramPoints), ElementsAre(GK_2dPoint{0.25, 0.75}, GK_2dPoint{0.1, 1},
-                                                        GK_2dPoint{1, 2}, GK_2dPoint{1, 2}));
-    EXPECT_THAT(ListOf(reader.paramWeights), ElementsAre(1, 2, 1, 1));
-    EXPECT_THAT(ListOf(reader.texCoords),
+    const ReadText text("vp 0.25 0.75\nvp 0.1 1 2\nvp 1 2 3 4\nvp 1 2 x y\n"
+                        "vt 0.5 0.1\nvt 1 2 3\nvt 1 2 x y z\n"
+                        "vn 0 0 2\nVN 0.1 0 0 7 x y\nvn2 0 0 0\n");
+    EXPECT_TRUE(text.parsed);
+    const VertexLists& lists = text.file.lists;
+    EXPECT_THAT(ListOf(lists.paramPoints), ElementsAre(GK_2dPoint{0.25, 0.75}, GK_2dPoint{0.1, 1},
+                                                       GK_2dPoint{1, 2}, GK_2dPoint{1, 2}));
+    EXPECT_THAT(ListOf(lists.paramWeights), ElementsAre(1, 2, 1, 1));
+    EXPECT_THAT(ListOf(lists.texCoords),
                 ElementsAre(GK_2fPoint{0.5F, 0.1F}, GK_2fPoint{1, 2}, GK_2fPoint{1, 2}));
-    EXPECT_THAT(ListOf(reader.normals),
+    EXPECT_THAT(ListOf(lists.normals),
                 ElementsAre(GK_3fVector{0, 0, 2}, GK_3fVector{0.1F, 0, 0}, GK_3fVector()));
 }
 
-TEST_F(VertexStatements, WhatIsRejectedLeavesNothingAndEndsTheParse)
+TEST(VertexStatements, WhatIsRejectedLeavesNothingAndEndsTheParse)
 {
     for (const char* const line :
          {"v", "v 1 2", "v a b c", "v 1 2 x", "v 1 2 3 x", "v 1 2 3 x 5 6", "v 1 2 3 4 5 x", "vp",
           "vp 0.5", "vp x 1", "vp 1 x", "vp 1 2 x", "vt", "vt 0.5", "vt x 1", "vt 1 x", "vn 0 0",
           "vn x 0 1", "vn 0 0 x"}) {
         SCOPED_TRACE(line);
-        CReadOBJ& reader = Open(std::string(line) + "\nv 1 2 3 4 5 6\nvp 1 2\nvt 1 2\n");
-        EXPECT_FALSE(reader.Parse());
-        EXPECT_EQ(reader.vertices.Count() + reader.vertexWeights.Count() +
-                      reader.vertexColors.Count() + reader.paramPoints.Count() +
-                      reader.paramWeights.Count() + reader.texCoords.Count() +
-                      reader.normals.Count(),
+        const ReadText text(std::string(line) + "\nv 1 2 3 4 5 6\nvp 1 2\nvt 1 2\n");
+        EXPECT_FALSE(text.parsed);
+        const VertexLists& lists = text.file.lists;
+        EXPECT_EQ(lists.vertices.Count() + lists.vertexWeights.Count() +
+                      lists.vertexColors.Count() + lists.paramPoints.Count() +
+                      lists.paramWeights.Count() + lists.texCoords.Count() + lists.normals.Count(),
                   0);
-        EXPECT_FALSE(reader.hasVertexColors);
-        EXPECT_TRUE(Journal().prints.empty());
+        EXPECT_FALSE(lists.hasVertexColors);
+        EXPECT_TRUE(text.events.lines.empty());
     }
 }
 

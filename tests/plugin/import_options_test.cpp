@@ -17,14 +17,4 @@ TEST(ImportOptions, AGroupChoiceOutOfRangeIsIgnored)
     }
 }
 
-TEST(ImportOptions, AnImportTakesAllButTheDialogsSwitch)
-{
-    ObjImportOptions copied;
-    CopyImportOptions(ObjImportOptions{2, false, true, true, true, true, true, true}, copied);
-    EXPECT_EQ(copied.HowToAddGs, 2);
-    EXPECT_FALSE(copied.UseONames || copied.DontShowDialog);
-    EXPECT_TRUE(copied.IgnoreTextures && copied.ReverseGroupOrder && copied.ImportAsMorphTarget &&
-                copied.ZUp && copied.Split32bitTextures);
-}
-
 } // namespace

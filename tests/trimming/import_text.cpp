@@ -1,7 +1,7 @@
 #include "tests/trimming/import_text.h"
 
 #include "console_host/app/console_app.h"
-#include "objreader/read_obj.h"
+#include "plugin/read_obj.h"
 
 #include <algorithm>
 #include <filesystem>

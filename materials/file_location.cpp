@@ -1,6 +1,4 @@
-#include "materials/file_names.h"
-
-#include "objreader/read_obj.h"
+#include "materials/file_location.h"
 
 #include "host/runtime/split_path.h"
 
@@ -18,12 +16,18 @@ bool HasShortParts(std::wstring_view name)
            parts.ext.size() <= MaxPart;
 }
 
-bool CReadOBJ::CompletePath(GK_wString& path) const
+FileLocation::FileLocation(std::wstring_view path)
+{
+    const PathParts parts = SplitPath(path);
+    m_folder += parts.drive;
+    m_folder += parts.dir;
+}
+
+bool FileLocation::CompletePath(GK_wString& path) const
 {
     if (path.IsEmpty() || IsFullFileName(path.View()) || !HasShortParts(path.View()))
         return false;
-    GK_wString completed = drive;
-    completed += dir.View();
+    GK_wString completed = m_folder;
     completed += path.View();
     completed.Replace(L'/', L'\\');
     path = std::move(completed);

@@ -1,4 +1,4 @@
-#include "tests/objreader/freeform_reader.h"
+#include "tests/geometry/built_breps.h"
 #include "tests/objreader/square_text.h"
 
 #include <gmock/gmock.h>
@@ -7,7 +7,7 @@ namespace {
 
 // Lines that name one large curve again and again: every triple makes its trim, and all share the
 // curve's storage, and what was pushed up once.
-TEST(TrimLoops, TrimsOfOneCurveShareItsStorage)
+TEST(Trims, TrimsOfOneCurveShareItsStorage)
 {
     constexpr int Trims = 20'000;
     const struct
@@ -21,10 +21,10 @@ TEST(TrimLoops, TrimsOfOneCurveShareItsStorage)
         {"cstype bezier\ndeg 99\ncurv2" + Repeated(" 1 3", 50) + "\nparm u 0 19999", false},
     };
     for (const auto& [curve, sound] : cases) {
-        const FreeformReader file(Square + curve + "\ncstype bspline\ndeg 1 1\n" + Surface + Knots +
-                                  "trim" + Repeated(" 0 19999 -1", Trims) + "\n");
-        EXPECT_TRUE(file.parsed);
-        const GK_Brep& brep = file.Brep();
+        const BuiltBreps file(Square + curve + "\ncstype bspline\ndeg 1 1\n" + Surface + Knots +
+                              "trim" + Repeated(" 0 19999 -1", Trims) + "\n");
+        EXPECT_TRUE(file.Parsed());
+        const GK_Brep& brep = file.Last();
         ASSERT_EQ(brep.TrimCurveCount(), Trims);
         ASSERT_EQ(brep.TrimCount(), sound ? Trims : 0);
         for (const int i : {1, Trims / 2, Trims - 1}) {
@@ -36,16 +36,16 @@ TEST(TrimLoops, TrimsOfOneCurveShareItsStorage)
             EXPECT_EQ(GK_NurbsCurve::Cast(brep.EdgeCurve(i))->controlPoints.Identity(),
                       GK_NurbsCurve::Cast(brep.EdgeCurve(0))->controlPoints.Identity());
         }
-        ASSERT_EQ(FreeformReader::Journal().kernelErrors.size(), sound ? 0U : 1U);
+        ASSERT_EQ(BuiltBreps::Journal().kernelErrors.size(), sound ? 0U : 1U);
         if (!sound) {
-            EXPECT_THAT(FreeformReader::Journal().kernelErrors[0].text,
+            EXPECT_THAT(BuiltBreps::Journal().kernelErrors[0].text,
                         testing::HasSubstr("its curve is not sound"));
         }
     }
 }
 
 // Holes in many panels that share their curves, at a fine tolerance: nothing is lost.
-TEST(TrimLoops, HonestTrimsAreAllMade)
+TEST(Trims, HonestTrimsAreAllMade)
 {
     constexpr int Panels = 60;
     std::string text = Square;
@@ -57,16 +57,16 @@ TEST(TrimLoops, HonestTrimsAreAllMade)
             "cstype bezier\ndeg 3 3\nsurf 0 1 0 1 -16 -15 -14 -13 -12 -11 -10 -9 -8 -7 -6 -5 -4 "
             "-3 -2 -1\nparm u 0 1\nparm v 0 1\n" +
             Repeated("hole 0 4 3\n", 10) + Repeated("hole 0 3 3\n", 10);
-    const FreeformReader file(text, 1e-6);
-    EXPECT_TRUE(file.parsed);
-    EXPECT_TRUE(FreeformReader::Journal().kernelErrors.empty());
-    for (const auto& brep : file.Geometry().breps)
+    const BuiltBreps file(text, 1e-6);
+    EXPECT_TRUE(file.Parsed());
+    EXPECT_TRUE(BuiltBreps::Journal().kernelErrors.empty());
+    for (const auto& brep : file.All())
         EXPECT_EQ(brep->TrimCount(), 20);
 }
 
 // What the importer itself says of trims, before any repair. The 2D curves are a straight line in
 // two halves, an open arc of a circle, and all of it.
-TEST(TrimLoops, TrimsAsTheyAreRead)
+TEST(Trims, TrimsBeforeAnyRepair)
 {
     const struct
     {
@@ -90,8 +90,8 @@ TEST(TrimLoops, TrimsAsTheyAreRead)
     };
     for (const auto& [triple, trimDomain, edgeDomain, closed, reversed] : cases) {
         SCOPED_TRACE(triple);
-        const FreeformReader file(Square + Surface + Knots + "trim " + triple + "\n");
-        const GK_Brep& brep = file.Brep();
+        const BuiltBreps file(Square + Surface + Knots + "trim " + triple + "\n");
+        const GK_Brep& brep = file.Last();
         ASSERT_EQ(brep.TrimCount(), 1);
         const GK_BrepTrim& trim = brep.Trim(0);
         const GK_BrepEdge& edge = brep.Edge(0);

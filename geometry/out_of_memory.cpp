@@ -1,4 +1,4 @@
-#include "objreader/out_of_memory.h"
+#include "geometry/out_of_memory.h"
 
 #include "host/app/app.h"
 

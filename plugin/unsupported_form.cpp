@@ -1,10 +1,10 @@
-#include "objreader/unsupported_form.h"
+#include "plugin/unsupported_form.h"
 
-#include "objreader/read_obj.h"
-#include "objreader/support_line.h"
+#include "plugin/support_line.h"
 
 #include "host/app/localize.h"
 #include "host/app/message_box.h"
+#include "host/geokit/string.h"
 
 #include <array>
 
@@ -20,47 +20,47 @@ struct LocalText
 
 struct Message
 {
-    int form;
+    CurveForm form;
     std::array<LocalText, 3> lines;
     LocalText caption;
 };
 
 constexpr std::array CurveMessages{
-    Message{CReadOBJ::FormBasisMatrix,
+    Message{FormBasisMatrix,
             {{{L"This file contains a bmatrix curve which is not yet supported.\n", 12742},
               {SupportLine, 12743},
               {L"and bmatrix curve import will be supported in the next release.\n", 12744}}},
             {L"OBJ Import Error", 12745}},
-    Message{CReadOBJ::FormCardinal,
+    Message{FormCardinal,
             {{{L"This file contains a cardinal curve which is not yet supported.\n", 12746},
               {SupportLine, 12747},
               {L"and cardinal curve import will be supported in the next release.\n", 12748}}},
             {L"OBJ Import Error", 12749}},
-    Message{CReadOBJ::FormTaylor,
+    Message{FormTaylor,
             {{{L"This file contains a taylor curve which is not yet supported.\n", 12750},
               {SupportLine, 12751},
               {L"and taylor curve import will be supported in the next release.\n", 12752}}},
             {L"OBJ Import Error", 12753}}};
 
 constexpr std::array SurfaceMessages{
-    Message{CReadOBJ::FormBasisMatrix,
+    Message{FormBasisMatrix,
             {{{L"This file contains a bmatrix surface which is not yet supported.\n", 12761},
               {SupportLine, 12762},
               {L"and bmatrix surface import will be supported in the next release.\n", 12763}}},
             {L"OBJ Import Error", 12764}},
-    Message{CReadOBJ::FormCardinal,
+    Message{FormCardinal,
             {{{L"This file contains a cardinal surface which is not yet supported.\n", 12765},
               {SupportLine, 12766},
               {L"and cardinal surface import will be supported in the next release.\n", 12767}}},
             {L"OBJ Import Error", 12768}},
-    Message{CReadOBJ::FormTaylor,
+    Message{FormTaylor,
             {{{L"This file contains a taylor surface which is not yet supported.\n", 12769},
               {SupportLine, 12770},
               {L"and taylor surface import will be supported in the next release.\n", 12771}}},
             {L"OBJ Import Error", 12772}}};
 
 template <class Messages>
-bool Show(const Messages& messages, int form)
+void Show(const Messages& messages, CurveForm form)
 {
     for (const Message& message : messages) {
         if (message.form != form)
@@ -69,19 +69,18 @@ bool Show(const Messages& messages, int form)
         for (const LocalText& line : message.lines)
             text += line.Localized();
         KelvoMessageBox(text.Array(), message.caption.Localized(), MessageBoxExclamation);
-        return true;
+        return;
     }
-    return false;
 }
 
 } // namespace
 
-bool ShowUnsupportedCurve(int form)
+void ShowUnsupportedCurve(CurveForm form)
 {
-    return Show(CurveMessages, form);
+    Show(CurveMessages, form);
 }
 
-bool ShowUnsupportedSurface(int form)
+void ShowUnsupportedSurface(CurveForm form)
 {
-    return Show(SurfaceMessages, form);
+    Show(SurfaceMessages, form);
 }

@@ -1,21 +1,14 @@
 #include "tests/geokit/brep_shapes.h"
-#include "tests/objreader/freeform_reader.h"
-
-#include <sstream>
+#include "tests/geometry/document_test.h"
+#include "tests/temporary_folder.h"
 
 // The loops of the examples' breps. Their shapes are checked where they leave the program, as JSON.
 
 namespace {
 
-std::string Example(const std::string& name)
-{
-    std::ostringstream text;
-    text << std::ifstream(PROJECT_FOLDER "/examples/" + name, std::ios::binary).rdbuf();
-    EXPECT_FALSE(text.str().empty()) << name;
-    return text.str();
-}
+using FreeformExamples = DocumentTest;
 
-TEST(FreeformExamples, LoopsOfBrepsAreSound)
+TEST_F(FreeformExamples, LoopsOfBrepsAreSound)
 {
     struct Case
     {
@@ -31,11 +24,9 @@ TEST(FreeformExamples, LoopsOfBrepsAreSound)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const FreeformReader file(Example(c.name));
-        EXPECT_TRUE(file.parsed);
-        EXPECT_TRUE(file.reader->Build());
-        ASSERT_EQ(file.doc.ObjectCount(), 1);
-        const auto& brep = file.Object<GK_Brep>(0);
+        EXPECT_TRUE(Build(ReadBytes(PROJECT_FOLDER "/examples/" + std::string(c.name))));
+        ASSERT_EQ(doc->ObjectCount(), 1);
+        const auto& brep = Object<GK_Brep>(0);
         EXPECT_EQ(brep.EdgeCount(), c.edges);
         EXPECT_EQ(brep.VertexCount(), c.vertices);
         EXPECT_EQ(brep.LoopCount(), c.loops);

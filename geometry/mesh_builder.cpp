@@ -1,6 +1,6 @@
+#include "geometry/mesh_builder.h"
+
 #include "geometry/corner_order.h"
-#include "objreader/group_object.h"
-#include "objreader/read_obj.h"
 
 #include "host/geokit/error.h"
 #include "host/vxkit/triangulate.h"
@@ -14,48 +14,56 @@ void ReportInconsistency(const char* text)
     GK_Error("mesh", 0, text);
 }
 
-/// Gives the mesh one corner's normal, texture coordinate and colour, as far as the corner has
-/// them.
-void AppendVertexValues(GK_Mesh& mesh, const CReadOBJ& reader, const V_TN_IDX& corner)
-{
-    if (corner.ni >= reader.normals.Count() && !reader.normals.IsEmpty())
-        return ReportInconsistency("Bogus normal index.\n");
-    if (!reader.normals.IsEmpty() && corner.ni >= 0)
-        mesh.normals.Append(reader.normals[corner.ni]);
-
-    if (corner.ti >= reader.texCoords.Count() && !reader.texCoords.IsEmpty())
-        return ReportInconsistency("Bogus texture index.\n");
-    if (!reader.texCoords.IsEmpty() && corner.ti >= 0)
-        mesh.textureCoordinates.Append(reader.texCoords[corner.ti]);
-
-    if (!reader.hasVertexColors || reader.vertexColors.IsEmpty())
-        return;
-    if (corner.vi >= reader.vertexColors.Count())
-        return ReportInconsistency("Bogus color index.\n");
-    mesh.colors.Append(reader.vertexColors[corner.vi]);
-}
-
 } // namespace
 
-bool CReadOBJ::BuildMesh(Group_Object& record)
+std::unique_ptr<GK_Mesh> NewGroupMesh()
 {
-    if (!record.geometry || !record.geometry->mesh || record.geometry->corners.IsEmpty())
-        return false;
-    Geometry& geometry = *record.geometry;
-    MakeMeshVertices(geometry);
-    if (!MakeMeshFaces(geometry))
-        return false;
-    geometry.mesh->UpdateSinglePrecisionVertices();
-    geometry.mesh->SetDoublePrecisionVerticesAsValid();
-    return true;
+    auto mesh = std::make_unique<GK_Mesh>();
+    for (const int direction : {0, 1}) {
+        mesh->SetSurfaceParameterDomain(direction, GK_Interval(0.0, 1.0));
+        mesh->SetPackedTextureDomain(direction, GK_Interval(0.0, 1.0));
+    }
+    return mesh;
+}
+
+std::unique_ptr<GK_Mesh> MeshBuilder::BuildMesh(Geometry& geometry)
+{
+    if (geometry.corners.IsEmpty())
+        return nullptr;
+    std::unique_ptr<GK_Mesh> mesh = NewGroupMesh();
+    MakeMeshVertices(geometry.corners, *mesh);
+    if (!MakeMeshFaces(geometry, *mesh))
+        return nullptr;
+    mesh->UpdateSinglePrecisionVertices();
+    mesh->SetDoublePrecisionVerticesAsValid();
+    return mesh;
+}
+
+/// Appends one corner's normal, texture coordinate and colour, as far as the corner has them.
+void MeshBuilder::AppendVertexValues(GK_Mesh& mesh, const V_TN_IDX& corner) const
+{
+    if (corner.ni >= m_lists.normals.Count() && !m_lists.normals.IsEmpty())
+        return ReportInconsistency("Bogus normal index.\n");
+    if (!m_lists.normals.IsEmpty() && corner.ni >= 0)
+        mesh.normals.Append(m_lists.normals[corner.ni]);
+
+    if (corner.ti >= m_lists.texCoords.Count() && !m_lists.texCoords.IsEmpty())
+        return ReportInconsistency("Bogus texture index.\n");
+    if (!m_lists.texCoords.IsEmpty() && corner.ti >= 0)
+        mesh.textureCoordinates.Append(m_lists.texCoords[corner.ti]);
+
+    if (!m_lists.hasVertexColors || m_lists.vertexColors.IsEmpty())
+        return;
+    if (corner.vi >= m_lists.vertexColors.Count())
+        return ReportInconsistency("Bogus color index.\n");
+    mesh.colors.Append(m_lists.vertexColors[corner.vi]);
 }
 
 /// Makes one mesh vertex for each distinct corner, in the order of CompareCorners, and tells every
 /// corner its mesh vertex. A corner whose position is none stays without.
-void CReadOBJ::MakeMeshVertices(Geometry& geometry)
+void MeshBuilder::MakeMeshVertices(GK_SimpleArray<V_TN_IDX>& corners, GK_Mesh& mesh)
 {
-    GK_SimpleArray<V_TN_IDX>& corners = geometry.corners;
-    GK_Mesh& mesh = *geometry.mesh;
+    const GK_SimpleArray<GK_3dPoint>& vertices = m_lists.vertices;
     GK_SimpleArray<GK_3dPoint>& doubleVertices = mesh.DoublePrecisionVertices();
     const GK_SimpleArray<int> order =
         SortCorners({corners.Array(), static_cast<std::size_t>(corners.Count())});
@@ -75,15 +83,14 @@ void CReadOBJ::MakeMeshVertices(Geometry& geometry)
         corner.mesh_vi = mesh.VertexCount();
         mesh.vertices.Append(GK_3fPoint(vertices[corner.vi]));
         doubleVertices.Append(vertices[corner.vi]);
-        AppendVertexValues(mesh, *this, corner);
+        AppendVertexValues(mesh, corner);
     }
 }
 
 /// Makes the mesh faces in the order of the file. Corners without a mesh vertex are left out; what
 /// has fewer than three corners then is no face.
-bool CReadOBJ::MakeMeshFaces(Geometry& geometry)
+bool MeshBuilder::MakeMeshFaces(const Geometry& geometry, GK_Mesh& mesh)
 {
-    GK_Mesh& mesh = *geometry.mesh;
     mesh.faces.Reserve(geometry.faces.Count());
     for (const Face& face : geometry.faces) {
         meshFaceIndices.Empty();
@@ -110,7 +117,7 @@ bool CReadOBJ::MakeMeshFaces(Geometry& geometry)
 }
 
 /// Adds a polygon of five or more corners as an n-gon and the triangles that cover it.
-bool CReadOBJ::AddNgon(GK_Mesh& mesh, std::span<const int> corners)
+bool MeshBuilder::AddNgon(GK_Mesh& mesh, std::span<const int> corners)
 {
     GK_MeshNgonList* const ngons = mesh.ModifyNgonList();
     if (ngons == nullptr)

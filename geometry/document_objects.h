@@ -1,0 +1,34 @@
+#pragma once
+
+#include "geometry/freeform_objects.h"
+#include "geometry/mesh_builder.h"
+#include "geometry/object_attributes.h"
+
+/// Adds what a file has given to a document.
+class DocumentObjects
+{
+public:
+    /// All three must outlive the object. The file's geometry is moved out of it as it is added.
+    DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc);
+
+    /// Adds everything, record by record in the order of their names. Returns the outcome of the
+    /// last object attempted: true when it was added, or when there was none.
+    bool Build();
+
+private:
+    void BuildRecord(Group_Object& record);
+    void AddMesh(Geometry& geometry);
+    void AddCurves(Geometry& geometry);
+    void AddPoints(const Geometry& geometry);
+    void AddBreps(Geometry& geometry);
+    bool AddPointCloud(std::span<const int> indices);
+
+    ObjFile& m_file;
+    const ImportChoices& m_choices;
+    CKelvoDoc& m_doc;
+    ObjectAttributes m_objectAttributes;
+    MeshBuilder m_meshes;
+    BrepBuilder m_breps;
+    GK_MdxObjectAttributes m_attributes; ///< of the current record's objects
+    bool m_result = true;                ///< of the last object attempted
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "objreader/reading_events.h"
+
+/// Prints what is wrong with faces, up to a limit that all of an import share.
+class FaceMessages
+{
+public:
+    void PrintBogusFace();
+    void PrintBadCorner(BadField field, int listLength, const char* token);
+
+private:
+    bool MayPrint(int closingMessageId);
+
+    static constexpr int faceMessageLimit = 25;
+    int faceMessageCount = 0;
+    bool faceMessagesStopped = false;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "materials/material_libraries.h"
+#include "objreader/obj_reading.h"
+#include "plugin/face_messages.h"
+
+#include "host/app/doc.h"
+#include "host/app/file_type.h"
+
+/// One import of one OBJ file: it is made for the file, `Parse` reads the file into plain data and
+/// its libraries into the document, `Build` adds what was read to the document. Running out of
+/// memory passes through as std::bad_alloc; what was added to the document before stays there.
+class CReadOBJ : private ReadingEvents
+{
+public:
+    /// Opens the file, by its full path. All three arguments must outlive the reader. Never fails:
+    /// for a file that cannot be opened `Parse` returns false.
+    CReadOBJ(const wchar_t* path, CKelvoDoc& document, const CKelvoFileReadOptions& options);
+    CReadOBJ(const CReadOBJ&) = delete;
+    CReadOBJ& operator=(const CReadOBJ&) = delete;
+    ~CReadOBJ() override;
+
+    ImportChoices choices; ///< to be set before Parse
+
+    CKelvoDoc& doc;
+    const CKelvoFileReadOptions& readOptions;
+
+    /// Reads the whole file. False when the file could not be opened or read, or when a statement
+    /// was so wrong that reading ended with it; what was read before is kept. To be called once.
+    bool Parse();
+
+    /// Reading broke off with an error of the stream.
+    [[nodiscard]] bool ReadFailed() const { return m_tokenizer.ReadFailed(); }
+
+    /// How many distinct combinations of group, object and material name the file has used; at
+    /// least one.
+    [[nodiscard]] int GroupObjectCount() const { return m_file.groupObjects.Count(); }
+
+    /// How many indices named nothing that was read before them.
+    [[nodiscard]] int BogusIndexCount() const { return m_file.BogusIndexCount; }
+
+    /// Adds what was read to the document, record by record in the order of their names. Returns
+    /// the outcome of the last object attempted: true when it was added, or when there was none.
+    /// To be called once.
+    bool Build();
+
+private:
+    void OnBogusFace() override;
+    void OnBadCorner(BadField field, int listLength, const char* token) override;
+    void OnWrongKnotCount() override;
+    void OnUnsupportedCurve(CurveForm form) override;
+    void OnUnsupportedSurface(CurveForm form) override;
+    void OnMaterialLibrary(const std::string& name) override;
+
+    CObjLineTokenizer m_tokenizer;
+    ObjFile m_file;
+    ObjReading m_reading;
+    MaterialLibraries m_libraries;
+    FaceMessages m_faceMessages;
+};
