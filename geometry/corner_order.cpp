@@ -42,7 +42,7 @@ GK_SimpleArray<int> SortByComparing(std::span<const V_TN_IDX> corners)
     return order;
 }
 
-/// Deals the corners out to their vertices, which leaves only the few corners of each vertex to be
+/// Distributes the corners to their vertices, which leaves only the few corners of each vertex to be
 /// sorted. The faces of a record mostly use most of its vertices, so the table is well filled.
 GK_SimpleArray<int> SortByVertex(std::span<const V_TN_IDX> corners, const VertexRange& range)
 {

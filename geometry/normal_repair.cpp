@@ -5,12 +5,12 @@
 namespace {
 
 /// Sums of the normals that stand at one place. Each is made of two parts, the normals before a
-/// zero one and those behind it, so that nothing is ever taken away from a sum: beside a large
+/// zero one and those after it, so that nothing is ever taken away from a sum: beside a large
 /// normal, a small one would be lost with it. Many vertices at one place are each added twice.
 class NormalSums
 {
 public:
-    /// Adds up what stands behind each zero normal.
+    /// Adds up what follows each zero normal.
     explicit NormalSums(const GK_Mesh& mesh) : m_mesh(mesh), m_topology(mesh.Topology())
     {
         m_sumOfPlace.SetCount(m_topology.VertexCount());

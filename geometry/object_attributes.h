@@ -18,8 +18,8 @@ public:
     /// All three must outlive the object.
     ObjectAttributes(const ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc);
 
-    /// Sets the layer, groups and name that the choices give a record's objects. False for an
-    /// unknown `HowToAddGs`.
+    /// Sets the layer, groups and name of a record's objects that the choices call for. False for
+    /// an unknown `HowToAddGs`.
     bool MakeAttributes(const Group_Object& record, GK_MdxObjectAttributes& attributes);
 
     /// Finds or adds the groups or layers of a record's group names, once for all records that

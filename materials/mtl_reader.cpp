@@ -130,7 +130,7 @@ void CMtlReader::AddSplitTexture(GK_Texture& diffuse)
         m_material.AddTexture(alpha);
 }
 
-/// The tokens behind the keyword as one text, valid until the next call.
+/// The tokens after the keyword as one text, valid until the next call.
 const std::string& CMtlReader::JoinTokens(std::string_view between)
 {
     m_joined.clear();

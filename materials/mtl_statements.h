@@ -16,7 +16,7 @@ enum class MtlStatement
     DiffuseTexture,
     TransparencyTexture,
     BumpTexture,      ///< "map_Bump", whose tokens form the file name with nothing between them
-    SpacedBumpTexture ///< "bump", whose tokens form it with a space behind each
+    SpacedBumpTexture ///< "bump", whose tokens form it with a space after each
 };
 
 /// The statement that a keyword stands for. Keywords count without regard to case; some count by

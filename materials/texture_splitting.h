@@ -18,6 +18,6 @@ GK_wString AlphaFileOf(const GK_wString& source);
 
 /// Splits an image of 32 bits: `image` becomes its own colours with 24 bits and `alphaImage` its
 /// alpha channel as grey, or empty when every pixel is opaque. `white`: every pixel has a red,
-/// green or blue value of 255. True when some pixel is not opaque. For another depth, or for want
-/// of memory, the result is false, and `image` and `white` are unchanged.
+/// green or blue value of 255. True when some pixel is not opaque. For another depth, or out of
+/// memory, the result is false, and `image` and `white` are unchanged.
 bool SplitImage(CKelvoDib& image, CKelvoDib& alphaImage, bool& white);

@@ -38,7 +38,7 @@ inline unsigned DigitBits(std::uint64_t digits)
 /// The value of the first so many bits of digits, 8 at least.
 inline std::uint32_t DigitsValue(std::uint64_t digits, unsigned digitBits)
 {
-    // The digits move up behind leading zeros; then neighbours join: 2, 4, 8 digits.
+    // The digits move up after leading zeros; then neighbours join: 2, 4, 8 digits.
     digits <<= -digitBits % 64;
     digits = digits * 10 + (digits >> 8);
     constexpr std::uint64_t Pairs = 0x000000FF000000FF;

@@ -162,7 +162,7 @@ namespace {
     return index >= 0 && index < listLength;
 }
 
-/// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and gives how many fields that is; 0
+/// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and returns how many fields that is; 0
 /// for all others.
 [[gnu::always_inline]] inline int TakePlainCorner(const VertexLists& lists, const char*& text,
                                                   V_TN_IDX& corner)

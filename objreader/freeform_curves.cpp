@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Behind the keyword and the direction.
+/// After the keyword and the direction.
 constexpr int FirstParmToken = 2;
 
 constexpr int MostValues = std::numeric_limits<int>::max();
@@ -185,7 +185,7 @@ bool ReadCurve(ObjReading& reading, bool bParameterSpace)
         BeginCurve(reading, curve, 2, FirstPointToken);
         return ReadControlPoints(reading, curve, FirstPointToken);
     }
-    constexpr int FirstPointToken = 3; // behind the domain, which the knots make good
+    constexpr int FirstPointToken = 3; // after the domain, which the knots decide
     CurveData& curve = reading.currentGroup->GeometryToFill().curves.emplace_back();
     reading.freeform.freeformKind = FreeformCurve;
     double end = 0.0;

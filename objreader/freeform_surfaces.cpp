@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int FirstIndexToken = 5; ///< of "surf", behind the keyword and the domain
-constexpr int FirstParmToken = 2;  ///< of "parm", behind the keyword and the direction
+constexpr int FirstIndexToken = 5; ///< of "surf", after the keyword and the domain
+constexpr int FirstParmToken = 2;  ///< of "parm", after the keyword and the direction
 
 /// The number of control points that belongs to a number of knots.
 int ControlPointCount(std::int64_t knotCount, int order)
@@ -32,7 +32,7 @@ bool NewSurface(ObjReading& reading)
     SurfaceData& surface = reading.currentGroup->GeometryToFill().surfaces.emplace_back();
     surface.rational = freeform.rational;
     surface.order = {OrderOf(freeform.degreeU), OrderOf(freeform.degreeV)};
-    for (int i = 1; i < FirstIndexToken; ++i) // the domain, which the knots make good
+    for (int i = 1; i < FirstIndexToken; ++i) // the domain, which the knots decide
         if (double end = 0.0; !ReadReal(tokenizer.Token(i), end))
             return false;
     surface.surfaceCVs.Reserve(tokenizer.TokenCount() - FirstIndexToken);

@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// Keeps one copy of each name that a file uses. A name's address stands for the name as long as
-/// the table lives, so that records share names and equal ones are found equal at a glance.
+/// the table lives, so that records share names and equal ones are found equal cheaply.
 class NameTable
 {
 public:

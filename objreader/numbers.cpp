@@ -34,7 +34,7 @@ char Lower(char c)
     return static_cast<char>(c | 0x20);
 }
 
-/// Appends a run of digits to a mantissa; gives how many there were. With more than MostDigits in
+/// Appends a run of digits to a mantissa; returns how many there were. With more than MostDigits in
 /// all the mantissa means nothing.
 std::ptrdiff_t TakeDigits(const char*& text, std::uint64_t& mantissa)
 {
@@ -166,7 +166,7 @@ bool TakeWord(const char*& text, std::string_view lowerCaseWord)
     return true;
 }
 
-/// What stands behind the three letters says nothing more about the value, and is left.
+/// What follows the three letters says nothing more about the value, and is left.
 bool TakeNoNumber(const char*& text, double& value)
 {
     if (TakeWord(text, "inf"))

@@ -3,8 +3,8 @@
 #include "objreader/digits.h"
 
 /// Numbers as they stand in a text. Each operation takes the longest leading part of the text that
-/// forms a number and takes no notice of the rest. The text must end with a byte that can stand in
-/// no number, a zero byte for one, behind which CObjLineTokenizer::Padding bytes can be read: so do
+/// forms a number and ignores the rest. The text must end with a byte that can stand in
+/// no number, a zero byte for one, after which CObjLineTokenizer::Padding bytes can be read: so do
 /// tokens and lines of the tokenizer.
 
 /// A blank or control byte, which is in no number and no token.
@@ -22,8 +22,8 @@ inline bool SkipSpaces(const char*& text)
 }
 
 /// Reads a real by the rules of `strtod` in the "C" locale, correctly rounded: decimal and
-/// hexadecimal numbers, infinity and nan. Too large a number gives an infinity, too small a one 0.
-/// Steps `text` behind what it took. False, and `text` and `value` unchanged, when no leading part
+/// hexadecimal numbers, infinity and nan. Too large a number becomes an infinity, too small a one
+/// 0. Steps `text` past what it took. False, and `text` and `value` unchanged, when no leading part
 /// forms a number. The text begins with no blank.
 [[gnu::always_inline]] inline bool TakeReal(const char*& text, double& value);
 
@@ -38,7 +38,7 @@ inline bool ReadReal(const char* text, double& value);
 bool ReadInteger(const char* text, int& value);
 
 /// Reads a decimal integer by the rules of `atoi`, kept within 32 bits: without digits it is 0.
-/// Steps `text` behind the digits.
+/// Steps `text` past the digits.
 int TakeInteger(const char*& text);
 
 /// As TakeReal, for what most reals are: a sign or none, digits, a point, digits, eight in all at

@@ -100,7 +100,7 @@ void CObjLineTokenizer::EndPhysicalLine(char* end)
     *end = '\0';
 }
 
-/// Reads until at least one whole line stands behind the cursor, keeping what stands from
+/// Reads until at least one whole line stands after the cursor, keeping what stands from
 /// `keepFrom` on, which moves to the front of the buffer with all that points there.
 void CObjLineTokenizer::Refill(char* keepFrom)
 {
@@ -136,7 +136,7 @@ void CObjLineTokenizer::MoveToFront(char* keepFrom)
         m_buffer = std::move(larger);
 }
 
-/// Reads one more block behind the data; gives where the bytes of it begin that are to be cut.
+/// Reads one more block after the data; returns where the bytes of it begin that are to be cut.
 const char* CObjLineTokenizer::ReadBlock()
 {
     const char* newBytes = m_dataEnd;
@@ -149,7 +149,7 @@ const char* CObjLineTokenizer::ReadBlock()
             newBytes = ++m_cursor;
     }
     m_dataEnd += count;
-    // Behind the data stands a zero byte, which ends the file's last line.
+    // After the data stands a zero byte, which ends the file's last line.
     std::memset(m_dataEnd, 0, Padding);
     return newBytes;
 }

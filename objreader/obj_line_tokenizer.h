@@ -21,7 +21,7 @@ public:
     /// Bytes asked of the stream at a time.
     static constexpr std::size_t DefaultBlockSize = 65536;
 
-    /// Readable bytes behind the end of every token and line, so that numbers may be read eight
+    /// Readable bytes after the end of every token and line, so that numbers may be read eight
     /// bytes at a time.
     static constexpr std::size_t Padding = 64;
 
@@ -39,7 +39,7 @@ public:
     /// file is still to be handled; after it nothing changes any more.
     bool ReadLine();
 
-    /// The text of the next physical line, as far as it has been read from the stream: behind it
+    /// The text of the next physical line, as far as it has been read from the stream: after it
     /// stands a line end, or a zero byte where it is not whole. For those who can do without
     /// tokens. Null before anything was read.
     [[nodiscard]] const char* NextLine() const { return m_cursor; }
@@ -105,8 +105,8 @@ private:
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_capacity = 0;
     char* m_cursor = nullptr;      ///< what is to be cut next
-    char* m_dataEnd = nullptr;     ///< behind the last byte read
-    char* m_completeEnd = nullptr; ///< behind the last line end among the bytes read
+    char* m_dataEnd = nullptr;     ///< after the last byte read
+    char* m_completeEnd = nullptr; ///< after the last line end among the bytes read
     bool m_skipLineFeed = false;   ///< the last byte read was a CR that ended a line
     bool m_streamEnded = false;
     bool m_readFailed = false;

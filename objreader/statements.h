@@ -42,6 +42,6 @@ int OrderOf(int degree);
 /// The current group's last surface when it is the free-form element begun last, otherwise null.
 SurfaceData* CurrentSurface(ObjReading& reading);
 
-/// Puts the words behind the keyword into the scratch name, joined with single spaces. False when
+/// Puts the words after the keyword into the scratch name, joined with single spaces. False when
 /// there are none.
 bool JoinName(ObjReading& reading);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// How many numbers a statement may give, and what they are.
+// How many numbers a statement may have, and what they are.
 constexpr int PositionAndWeight = 4;
 constexpr int PositionAndColor = 6;
 constexpr int ParamPointAndWeight = 3;
@@ -24,7 +24,7 @@ bool ReadReals(const CObjLineTokenizer& tokenizer, std::span<double> values)
                        [&token](double& value) { return ReadReal(*++token, value); });
 }
 
-/// Takes the numbers of a line up to its end and gives how many there are; 0 when there are more
+/// Takes the numbers of a line up to its end and returns how many there are; 0 when there are more
 /// than N, or when something else stands there.
 template <std::size_t N>
 [[gnu::always_inline]] inline int TakeReals(const char*& text, std::array<double, N>& values)
@@ -51,7 +51,8 @@ int Truncate(double value)
                                                std::numeric_limits<int>::max()));
 }
 
-/// A colour as files give it: in integers to 255 when its red is above 1, in fractions otherwise.
+/// Returns a colour that stands in a file: in integers to 255 when its red is above 1, in fractions
+/// otherwise.
 GK_Color MakeColor(const std::array<double, 3>& rgb)
 {
     GK_Color color;

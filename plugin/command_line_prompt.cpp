@@ -13,7 +13,7 @@ class ImportOptionPrompt
 public:
     explicit ImportOptionPrompt(const ObjImportOptions& options);
 
-    /// Shows the options with their current choices and asks once. Gives a CKelvoGetResult.
+    /// Shows the options with their current choices and asks once. Returns a CKelvoGetResult.
     int Ask();
 
     [[nodiscard]] const ObjImportOptions& Choices() const { return m_choices; }
@@ -69,7 +69,7 @@ void ImportOptionPrompt::AddOptions()
         m_getter.AddCommandOptionList(m_groupsName, static_cast<int>(m_groupsValues.size()),
                                       m_groupsValues.data(), m_choices.HowToAddGs);
     for (const Toggle& toggle : m_toggles) {
-        // "o" names have no say while group names become the names of objects.
+        // "o" names have no effect while group names become the names of objects.
         const bool offered =
             toggle.option != &ObjImportOptions::UseONames || m_choices.HowToAddGs != AsObjectNames;
         bool& choice = m_choices.*toggle.option;

@@ -103,7 +103,7 @@ void CObjImportDlg::OnGroupChoice()
     EnableObjectNames();
 }
 
-/// "o" names have no say while group names become the names of objects.
+/// "o" names have no effect while group names become the names of objects.
 void CObjImportDlg::EnableObjectNames()
 {
     m_objectNamesBox.EnableWindow(m_groupChoice != AsObjectNames);
