@@ -71,9 +71,7 @@ void WriteMesh(JsonStream& json, const GK_Mesh& mesh)
 
 void WriteCurve(JsonStream& json, const GK_Curve& curve)
 {
-    const GK_NurbsCurve none;
-    const GK_NurbsCurve* found = GK_NurbsCurve::Cast(&curve);
-    const GK_NurbsCurve& nurbs = found != nullptr ? *found : none;
+    const GK_NurbsCurve nurbs = curve.AsBspline();
     json.Member("dimension", curve.Dimension());
     json.Member("order", nurbs.order);
     json.Member("rational", nurbs.rational);

@@ -1,18 +1,20 @@
 #include "host/geokit/brep.h"
 
+#include "console_host/geokit/iso_curve.h"
+
 #include <algorithm>
 
 namespace {
 
-template <class T>
-T* At(const std::vector<std::unique_ptr<T>>& list, int index)
+template <class Pointer>
+auto At(const std::vector<Pointer>& list, int index) -> decltype(list[0].get())
 {
     const bool present = index >= 0 && static_cast<std::size_t>(index) < list.size();
     return present ? list[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
-template <class T>
-int Take(std::vector<std::unique_ptr<T>>& list, std::unique_ptr<T> item)
+template <class Pointer, class T>
+int Take(std::vector<Pointer>& list, std::unique_ptr<T> item)
 {
     list.push_back(std::move(item));
     return static_cast<int>(list.size()) - 1;
@@ -33,6 +35,12 @@ int GK_Brep::AddTrimCurve(std::unique_ptr<GK_Curve> curve2d)
 int GK_Brep::AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d)
 {
     return Take(m_edgeCurves, std::move(curve3d));
+}
+
+int GK_Brep::AddIsoCurve(int surfaceIndex, int direction, double parameter)
+{
+    return AddEdgeCurve(std::make_unique<IsoCurve>(
+        m_surfaces[static_cast<std::size_t>(surfaceIndex)], direction, parameter));
 }
 
 void GK_Brep::RemoveFaces()

@@ -69,9 +69,9 @@ std::vector<SidePart> SeamBreaks::Split(const SidePart& part) const
 class TrimMaker
 {
 public:
-    TrimMaker(GK_Brep& brep, const ParameterPlane& plane, const BoundedFaces& bounded,
+    TrimMaker(GK_Brep& brep, int surface, const ParameterPlane& plane, const BoundedFaces& bounded,
               std::map<int, int>& edges)
-        : m_brep(brep), m_plane(plane), m_breaks(bounded, plane), m_edges(edges)
+        : m_brep(brep), m_surface(surface), m_plane(plane), m_breaks(bounded, plane), m_edges(edges)
     {
     }
 
@@ -86,6 +86,7 @@ private:
     int CurveAlong(Side side);
 
     GK_Brep& m_brep;
+    int m_surface;
     const ParameterPlane& m_plane;
     SeamBreaks m_breaks;
     std::map<int, int>& m_edges;                           // those of before, and what they are now
@@ -112,8 +113,17 @@ int TrimMaker::EdgeOf(const LoopPiece& piece)
     return edge;
 }
 
+// A curve of its own kind where there is one that takes less room.
+std::unique_ptr<GK_Curve> Compact(std::unique_ptr<GK_NurbsCurve> curve)
+{
+    if (curve->rational || curve->order != 2 || curve->controlPointCount != 2)
+        return curve;
+    return std::make_unique<LineCurve>(curve->ControlPoint(0), curve->ControlPoint(1),
+                                       curve->Domain());
+}
+
 // The curve in the place and direction in which the trim runs along it.
-std::unique_ptr<GK_NurbsCurve> CurveOf(const LoopPiece& piece, GK_Interval& part)
+std::unique_ptr<GK_Curve> CurveOf(const LoopPiece& piece, GK_Interval& part)
 {
     auto curve = std::make_unique<GK_NurbsCurve>(*piece.curve);
     if (piece.shift != Uv{})
@@ -125,11 +135,11 @@ std::unique_ptr<GK_NurbsCurve> CurveOf(const LoopPiece& piece, GK_Interval& part
         }
     part = piece.part;
     if (!piece.backwards)
-        return curve;
+        return Compact(std::move(curve));
     const GK_Interval whole = curve->Domain();
     curve->Reverse();
     part = {MirrorParameter(whole, part[1]), MirrorParameter(whole, part[0])};
-    return curve;
+    return Compact(std::move(curve));
 }
 
 void TrimMaker::Add(const LoopPiece& piece, int loop)
@@ -158,8 +168,8 @@ int TrimMaker::CurveAlong(Side side)
     const Side source = m_plane.IsSeam(side) && IsHigh(side) ? Opposite(side) : side;
     int& curve = m_curves[static_cast<std::size_t>(source)];
     if (curve < 0)
-        curve = m_brep.AddEdgeCurve(m_plane.Surface().IsoCurve(static_cast<int>(1 - Across(source)),
-                                                               m_plane.Value(source)));
+        curve = m_brep.AddIsoCurve(m_surface, static_cast<int>(1 - Across(source)),
+                                   m_plane.Value(source));
     return curve;
 }
 
@@ -184,7 +194,7 @@ void TrimMaker::AddAlongSide(const SidePart& part, int loop)
         ends[end] = {place[0], place[1], 0.0};
     }
     const GK_Interval domain(std::min(part.from, part.to), std::max(part.from, part.to));
-    const int curve = m_brep.AddTrimCurve(MakeLineCurve(ends[0], ends[1], domain));
+    const int curve = m_brep.AddTrimCurve(std::make_unique<LineCurve>(ends[0], ends[1], domain));
     if (m_plane.IsPole(part.side)) {
         const GK_BrepVertex& vertex =
             m_brep.NewVertex(m_plane.PointAt({ends[0].x, ends[0].y}), 0.0);
@@ -204,7 +214,7 @@ BrepAssembly::BrepAssembly(GK_Brep& brep) : m_brep(brep)
 
 void BrepAssembly::Add(int surfaceIndex, const ParameterPlane& plane, const BoundedFaces& bounded)
 {
-    TrimMaker trims(m_brep, plane, bounded, m_edges);
+    TrimMaker trims(m_brep, surfaceIndex, plane, bounded, m_edges);
     for (const FaceBounds& bounds : bounded.faces) {
         const int face = m_brep.NewFace(surfaceIndex).faceIndex;
         for (const FaceBounds::Loop& given : bounds.loops) {

@@ -228,12 +228,12 @@ void Joiner::MoveVertices()
 
 bool Joiner::IsCollapsed(const GK_BrepEdge& edge) const
 {
-    const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(m_brep.EdgeCurve(edge.curveIndex));
-    if (curve == nullptr || edge.vertexIndex[0] != edge.vertexIndex[1])
+    if (edge.vertexIndex[0] != edge.vertexIndex[1])
         return false;
+    const GK_NurbsCurve curve = edge.AsBspline();
     const GK_3dPoint start = edge.PointAtStart();
-    for (int i = 0; i < curve->controlPointCount; ++i)
-        if (start.DistanceTo(curve->ControlPoint(i)) > RelativeSizeOfPoint * m_longestReach)
+    for (int i = 0; i < curve.controlPointCount; ++i)
+        if (start.DistanceTo(curve.ControlPoint(i)) > RelativeSizeOfPoint * m_longestReach)
             return false;
     return true;
 }

@@ -44,14 +44,14 @@ void Erase(List& list, const std::vector<char>& keep)
     list = std::move(kept);
 }
 
-template <class T>
-std::vector<int> EraseUnused(std::vector<std::unique_ptr<T>>& list, const std::vector<int>& used)
+template <class Pointer>
+std::vector<int> EraseUnused(std::vector<Pointer>& list, const std::vector<int>& used)
 {
     std::vector<char> keep(list.size(), 0);
     for (const int index : used)
         if (index >= 0)
             keep[static_cast<std::size_t>(index)] = 1;
-    std::vector<std::unique_ptr<T>> kept;
+    std::vector<Pointer> kept;
     kept.reserve(static_cast<std::size_t>(std::count(keep.begin(), keep.end(), 1)));
     for (std::size_t i = 0; i < list.size(); ++i)
         if (keep[i] != 0)
@@ -61,8 +61,8 @@ std::vector<int> EraseUnused(std::vector<std::unique_ptr<T>>& list, const std::v
 }
 
 // Takes out the curves or surfaces that no part names through `member`.
-template <class T, class List, class Part>
-void RemoveUnused(std::vector<std::unique_ptr<T>>& list, List& parts, int Part::*member)
+template <class Pointer, class List, class Part>
+void RemoveUnused(std::vector<Pointer>& list, List& parts, int Part::*member)
 {
     std::vector<int> used;
     for (const Part& part : parts)

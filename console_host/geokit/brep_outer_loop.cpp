@@ -20,7 +20,6 @@ enum : int
 
 struct Side
 {
-    std::unique_ptr<GK_NurbsCurve> curve; // rising, whichever way the loop takes it
     bool collapsed = false;
     bool shared = false; // the curve of the side opposite, of lower number, is the same
 };
@@ -43,13 +42,6 @@ Boundary MakeBoundary(const GK_NurbsSurface& surface)
     Boundary boundary;
     boundary.uv = {GK_3dPoint{u[0], v[0], 0.0}, GK_3dPoint{u[1], v[0], 0.0},
                    GK_3dPoint{u[1], v[1], 0.0}, GK_3dPoint{u[0], v[1], 0.0}};
-    boundary.sides[South].curve = surface.IsoCurve(0, v[0]);
-    boundary.sides[East].curve = surface.IsoCurve(1, u[1]);
-    boundary.sides[North].curve = surface.IsoCurve(0, v[1]);
-    boundary.sides[West].curve = surface.IsoCurve(1, u[0]);
-    // Sides opposite have equal knots: most surfaces are small, and files have very many.
-    boundary.sides[North].curve->knots = boundary.sides[South].curve->knots;
-    boundary.sides[West].curve->knots = boundary.sides[East].curve->knots;
     const SurfaceClosure closure = ClosureOf(surface, 0.0);
     boundary.sides[South].collapsed = closure.pole[1][0];
     boundary.sides[East].collapsed = closure.pole[0][1];
@@ -99,12 +91,20 @@ void ChooseVertices(GK_Brep& brep, const Boundary& boundary, const GK_Surface& s
     }
 }
 
+// Adds the curve along a side, rising, whichever way the loop takes it.
+int AddSideCurve(GK_Brep& brep, int surface, const Boundary& boundary, int side)
+{
+    const GK_3dPoint& corner = boundary.uv[At(side)];
+    return side % 2 == 0 ? brep.AddIsoCurve(surface, 0, corner.y)
+                         : brep.AddIsoCurve(surface, 1, corner.x);
+}
+
 // Gives each side that does not collapse its edge and says how the loop takes it.
-void ChooseEdges(GK_Brep& brep, Boundary& boundary, const int vertices[SideCount],
-                 int edges[SideCount], bool reversed[SideCount])
+void ChooseEdges(GK_Brep& brep, int surface, const Boundary& boundary,
+                 const int vertices[SideCount], int edges[SideCount], bool reversed[SideCount])
 {
     for (int i = South; i < SideCount; ++i) {
-        Side& side = boundary.sides[At(i)];
+        const Side& side = boundary.sides[At(i)];
         if (side.collapsed) {
             edges[i] = -1;
         } else if (edges[i] >= 0 && edges[i] < brep.EdgeCount()) {
@@ -116,7 +116,7 @@ void ChooseEdges(GK_Brep& brep, Boundary& boundary, const int vertices[SideCount
             reversed[i] = i >= North;
             const int first = vertices[At(reversed[i] ? i + 1 : i)];
             const int last = vertices[At(reversed[i] ? i : i + 1)];
-            const int curve = brep.AddEdgeCurve(std::move(side.curve));
+            const int curve = AddSideCurve(brep, surface, boundary, i);
             edges[i] =
                 brep.NewEdge(brep.Vertex(first), brep.Vertex(last), curve, nullptr, 0.0).edgeIndex;
         }
@@ -129,17 +129,18 @@ GK_BrepLoop* GK_Brep::NewOuterLoop(int faceIndex, int vertices[4], int edges[4],
 {
     if (faceIndex < 0 || faceIndex >= FaceCount())
         return nullptr;
-    const auto* surface = GK_NurbsSurface::Cast(Surface(Face(faceIndex).surfaceIndex));
+    const int surfaceIndex = Face(faceIndex).surfaceIndex;
+    const auto* surface = GK_NurbsSurface::Cast(Surface(surfaceIndex));
     if (surface == nullptr || !surface->IsValid())
         return nullptr;
-    Boundary boundary = MakeBoundary(*surface);
+    const Boundary boundary = MakeBoundary(*surface);
     ChooseVertices(*this, boundary, *surface, vertices);
-    ChooseEdges(*this, boundary, vertices, edges, reversed);
+    ChooseEdges(*this, surfaceIndex, boundary, vertices, edges, reversed);
     const int loop = NewLoop(GK_BrepLoop::outer, Face(faceIndex)).loopIndex;
     for (int i = South; i < SideCount; ++i) {
         const GK_Interval domain = surface->Domain(i % 2);
-        const int curve =
-            AddTrimCurve(MakeLineCurve(boundary.uv[At(i)], boundary.uv[At(i + 1)], domain));
+        const int curve = AddTrimCurve(
+            std::make_unique<LineCurve>(boundary.uv[At(i)], boundary.uv[At(i + 1)], domain));
         if (edges[i] >= 0)
             NewTrim(Edge(edges[i]), reversed[i] ? 1 : 0, Loop(loop), curve);
         else

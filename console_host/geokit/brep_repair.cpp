@@ -87,9 +87,9 @@ bool Repair::CheckFaces()
 std::string WhyUnsound(const GK_CurveProxy& part)
 {
     std::string reason;
-    const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(part.ProxyCurve());
+    const GK_Curve* curve = part.ProxyCurve();
     if (curve == nullptr)
-        return "its curve is no B-spline";
+        return "it has no curve";
     if (!curve->IsValid(&reason))
         return reason;
     const bool finite = std::isfinite(part.Domain()[0]) && std::isfinite(part.Domain()[1]);

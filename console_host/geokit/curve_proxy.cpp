@@ -3,6 +3,8 @@
 #include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_checks.h"
 
+#include "host/geokit/nurbs_curve.h"
+
 GK_CurveProxy::GK_CurveProxy(const GK_Curve* curve)
 {
     SetProxyCurve(curve);
@@ -62,4 +64,9 @@ bool GK_CurveProxy::IsValid(std::string* reason) const
 std::unique_ptr<GK_Curve> GK_CurveProxy::Duplicate() const
 {
     return std::make_unique<GK_CurveProxy>(*this);
+}
+
+GK_NurbsCurve GK_CurveProxy::AsBspline() const
+{
+    return m_curve == nullptr ? GK_NurbsCurve() : m_curve->AsBspline();
 }

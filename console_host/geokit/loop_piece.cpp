@@ -33,18 +33,16 @@ bool RunsAgainst(const LoopPiece& piece, const ParameterPlane& plane)
 
 LoopPiece PieceOf(const GK_Brep& brep, const GK_BrepTrim& trim, const ParameterPlane& plane)
 {
-    const GK_NurbsCurve& curve = *GK_NurbsCurve::Cast(trim.ProxyCurve());
     LoopPiece piece;
-    piece.curve = std::make_shared<GK_NurbsCurve>(curve);
-    piece.part = CutTo(trim.Domain(), curve.Domain());
+    piece.curve = std::make_shared<GK_NurbsCurve>(trim.AsBspline());
+    piece.part = CutTo(trim.Domain(), piece.curve->Domain());
     piece.backwards = trim.Domain().IsDecreasing();
     if (trim.edgeIndex < 0)
         return piece;
     const GK_BrepEdge& edge = brep.Edge(trim.edgeIndex);
-    const GK_NurbsCurve& edgeCurve = *GK_NurbsCurve::Cast(edge.ProxyCurve());
     piece.edge = trim.edgeIndex;
-    piece.edgeCurve = std::make_shared<GK_NurbsCurve>(edgeCurve);
-    piece.edgePart = CutTo(edge.Domain(), edgeCurve.Domain());
+    piece.edgeCurve = edge.ProxyCurve()->Duplicate();
+    piece.edgePart = CutTo(edge.Domain(), piece.edgeCurve->Domain());
     piece.edgeTurned = RunsAgainst(piece, plane);
     return piece;
 }

@@ -17,10 +17,10 @@ struct LoopPiece
     bool backwards = false; ///< the loop runs from the part's end to its start
     Uv shift{};             ///< whole periods that are added to the curve's points
 
-    std::shared_ptr<const GK_NurbsCurve> edgeCurve; ///< null when the piece has no edge
-    GK_Interval edgePart;                           ///< of the edge curve; increases
-    bool edgeTurned = false; ///< the edge curve's part runs against the curve's
-    int edge = -1;           ///< of the brep that the piece was taken from
+    std::shared_ptr<const GK_Curve> edgeCurve; ///< null when the piece has no edge
+    GK_Interval edgePart;                      ///< of the edge curve; increases
+    bool edgeTurned = false;                   ///< the edge curve's part runs against the curve's
+    int edge = -1;                             ///< of the brep that the piece was taken from
 
     int number = 0; ///< in its loop as it was given, from 1
 

@@ -6,26 +6,17 @@
 #include "console_host/vxkit/pushup_allowance.h"
 #include "console_host/vxkit/pushup_memory.h"
 
-#include "host/geokit/curve_proxy.h"
 #include "host/vxkit/nurbs_surface.h"
 
 #include <algorithm>
 
 namespace {
 
-// The B-spline that a curve is, or is a part of; null when it is neither.
-const GK_NurbsCurve* UnderlyingCurve(const GK_Curve& curve)
+bool IsSound(const GK_NurbsCurve& curve)
 {
-    if (const auto* proxy = dynamic_cast<const GK_CurveProxy*>(&curve))
-        return GK_NurbsCurve::Cast(proxy->ProxyCurve());
-    return GK_NurbsCurve::Cast(&curve);
-}
-
-bool IsSound(const GK_NurbsCurve* curve)
-{
-    std::string reason = "it is no B-spline";
-    if (curve != nullptr && curve->IsValid(&reason)) {
-        if (curve->dimension == 2)
+    std::string reason;
+    if (curve.IsValid(&reason)) {
+        if (curve.dimension == 2)
             return true;
         reason = "it does not lie in a parameter plane";
     }
@@ -151,17 +142,17 @@ ImageFit PushUp(const GK_NurbsSurface& surface, const PushupMemory::Request& req
 std::unique_ptr<GK_Curve> VX_NurbsSurface::Pushup(const GK_Curve& curve2d, double tolerance,
                                                   const GK_Interval* subdomain) const
 {
-    const GK_NurbsCurve* curve = UnderlyingCurve(curve2d);
+    const GK_NurbsCurve curve = curve2d.AsBspline();
     if (!IsValid() || !IsSound(curve))
         return nullptr;
-    const GK_Interval domain = curve->Domain();
+    const GK_Interval domain = curve.Domain();
     const GK_Interval asked = subdomain != nullptr ? *subdomain : curve2d.Domain();
     const GK_Interval part = CutToDomain({asked.Min(), asked.Max()}, domain);
     if (!part.IsIncreasing() || !(part[0] >= domain[0] && part[1] <= domain[1])) {
         SayOutside(asked, domain);
         return nullptr;
     }
-    const PushupMemory::Request request{*curve, part, tolerance > 0.0 ? tolerance : 0.0};
+    const PushupMemory::Request request{curve, part, tolerance > 0.0 ? tolerance : 0.0};
     PushupMemory& memory = PushupMemory::Of(*this);
     if (auto known = memory.Find(request))
         return std::move(*known);

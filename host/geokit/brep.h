@@ -92,6 +92,10 @@ public:
     int AddTrimCurve(std::unique_ptr<GK_Curve> curve2d);
     int AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d);
 
+    /// Adds the 3D curve along `direction` of a surface of the brep on which the other parameter is
+    /// `parameter`, and gives its index. The curve follows changes of the surface.
+    int AddIsoCurve(int surfaceIndex, int direction, double parameter);
+
     /// Removes all faces with their loops, trims, edges, vertices and curves; the surfaces stay.
     void RemoveFaces();
 
@@ -177,7 +181,7 @@ public:
     }
 
 private:
-    std::vector<std::unique_ptr<GK_Surface>> m_surfaces;
+    std::vector<std::shared_ptr<GK_Surface>> m_surfaces; ///< curves along them share them
     std::vector<std::unique_ptr<GK_Curve>> m_trimCurves;
     std::vector<std::unique_ptr<GK_Curve>> m_edgeCurves;
     GK_ClassArray<GK_BrepFace> m_faces;

@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+class GK_NurbsCurve;
+
 namespace GK {
 
 /// How the doubles of one control point are laid out.
@@ -58,8 +60,13 @@ public:
     /// curve has no knots").
     [[nodiscard]] virtual bool IsValid(std::string* reason) const = 0;
 
-    /// A deep copy.
+    /// A copy, which does not need this curve.
     [[nodiscard]] virtual std::unique_ptr<GK_Curve> Duplicate() const = 0;
+
+    /// Returns the curve as a B-spline: a B-spline itself (sharing its storage), another curve in
+    /// that form, and for a part of a curve all of that curve. Without control points when there
+    /// is no such curve or it is not valid.
+    [[nodiscard]] virtual GK_NurbsCurve AsBspline() const = 0;
 
     [[nodiscard]] bool IsValid() const { return IsValid(nullptr); }
     [[nodiscard]] GK_3dPoint PointAt(double t) const { return Evaluate(t).point; }

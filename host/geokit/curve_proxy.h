@@ -40,6 +40,8 @@ public:
     /// A proxy of the same curve.
     [[nodiscard]] std::unique_ptr<GK_Curve> Duplicate() const override;
 
+    [[nodiscard]] GK_NurbsCurve AsBspline() const override;
+
 private:
     const GK_Curve* m_curve = nullptr;
     GK_Interval m_domain;

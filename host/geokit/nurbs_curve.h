@@ -63,6 +63,7 @@ public:
     using GK_Curve::IsValid;
 
     [[nodiscard]] std::unique_ptr<GK_Curve> Duplicate() const override;
+    [[nodiscard]] GK_NurbsCurve AsBspline() const override { return *this; }
 
     static GK_NurbsCurve* Cast(GK_Object* object) { return dynamic_cast<GK_NurbsCurve*>(object); }
     static const GK_NurbsCurve* Cast(const GK_Object* object)

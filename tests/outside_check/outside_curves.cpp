@@ -44,12 +44,12 @@ struct Knots
     std::vector<int> multiplicities;
 };
 
-const GK_NurbsCurve& CurveOf(const GK_CurveProxy& proxy)
+GK_NurbsCurve CurveOf(const GK_CurveProxy& proxy)
 {
-    const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(proxy.ProxyCurve());
-    if (curve == nullptr)
-        throw std::runtime_error("a trim or an edge has no B-spline curve");
-    return *curve;
+    GK_NurbsCurve curve = proxy.AsBspline();
+    if (!curve.IsValid())
+        throw std::runtime_error("a trim or an edge has no sound curve");
+    return curve;
 }
 
 TColStd_Array1OfReal Weights(const GK_NurbsCurve& curve)
@@ -64,7 +64,7 @@ TColStd_Array1OfReal Weights(const GK_NurbsCurve& curve)
 
 Handle(Geom_BSplineCurve) OutsideCurve(const GK_BrepEdge& edge, double scale)
 {
-    const GK_NurbsCurve& curve = CurveOf(edge);
+    const GK_NurbsCurve curve = CurveOf(edge);
     TColgp_Array1OfPnt points(1, curve.controlPointCount);
     for (int i = 0; i < curve.controlPointCount; ++i) {
         const GK_3dPoint p = curve.ControlPoint(i);
@@ -78,7 +78,7 @@ Handle(Geom_BSplineCurve) OutsideCurve(const GK_BrepEdge& edge, double scale)
 
 Handle(Geom2d_BSplineCurve) OutsideTrimCurve(const GK_BrepTrim& trim, const GK_Interval& domain)
 {
-    const GK_NurbsCurve& curve = CurveOf(trim);
+    const GK_NurbsCurve curve = CurveOf(trim);
     TColgp_Array1OfPnt2d points(1, curve.controlPointCount);
     for (int i = 0; i < curve.controlPointCount; ++i)
         points.SetValue(i + 1, gp_Pnt2d(curve.ControlPoint(i).x, curve.ControlPoint(i).y));

@@ -45,16 +45,14 @@ public:
 
     [[nodiscard]] double AlongTrim(const GK_BrepTrim& trim) const
     {
-        const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(trim.ProxyCurve());
+        const GK_NurbsCurve curve = trim.AsBspline();
         const GK_Interval domain = trim.Domain();
-        if (curve == nullptr)
-            return 0.0;
         double area = 0.0;
-        std::vector<double> breaks = Breaks(curve->knots, domain.Min(), domain.Max());
-        AddCrossings(*curve, breaks);
+        std::vector<double> breaks = Breaks(curve.knots, domain.Min(), domain.Max());
+        AddCrossings(curve, breaks);
         for (std::size_t i = 0; i + 1 < breaks.size(); ++i)
-            area += AlongPart(*curve, breaks[i], breaks[i + 1],
-                              Sum(*curve, breaks[i], breaks[i + 1]), MostHalvings);
+            area += AlongPart(curve, breaks[i], breaks[i + 1], Sum(curve, breaks[i], breaks[i + 1]),
+                              MostHalvings);
         return domain.IsIncreasing() ? area : -area;
     }
 

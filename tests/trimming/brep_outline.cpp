@@ -10,10 +10,10 @@ std::vector<GK_2dPoint> Outline(const GK_Brep& brep, const GK_BrepLoop& loop)
         const GK_BrepTrim& trim = brep.Trim(t);
         const GK_Interval domain = trim.Domain();
         std::vector<double> breaks{domain.Min(), domain.Max()};
-        if (const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(trim.ProxyCurve()))
-            for (const double knot : curve->knots)
-                if (knot > domain.Min() && knot < domain.Max())
-                    breaks.push_back(knot);
+        const GK_NurbsCurve curve = trim.AsBspline();
+        for (const double knot : curve.knots)
+            if (knot > domain.Min() && knot < domain.Max())
+                breaks.push_back(knot);
         std::sort(breaks.begin(), breaks.end());
         breaks.erase(std::unique(breaks.begin(), breaks.end()), breaks.end());
         if (domain.IsDecreasing())

@@ -52,11 +52,11 @@ std::vector<double> FractionsAlong(const GK_BrepEdge& edge)
     constexpr int PerSpan = 6;
     const GK_Interval domain = edge.Domain();
     std::vector<double> breaks{0.0};
-    if (const GK_NurbsCurve* curve = GK_NurbsCurve::Cast(edge.ProxyCurve()))
-        for (const double knot : curve->knots)
-            if (const double share = (knot - domain[0]) / domain.Length();
-                share > breaks.back() && share < 1.0)
-                breaks.push_back(share);
+    const GK_NurbsCurve curve = edge.AsBspline();
+    for (const double knot : curve.knots)
+        if (const double share = (knot - domain[0]) / domain.Length();
+            share > breaks.back() && share < 1.0)
+            breaks.push_back(share);
     breaks.push_back(1.0);
     std::vector<double> fractions{0.0};
     for (std::size_t i = 0; i + 1 < breaks.size(); ++i)

@@ -1,3 +1,4 @@
+#include "console_host/geokit/line_curve.h"
 #include "tests/geokit/brep_shapes.h"
 #include "tests/trimming/brep_walk.h"
 
@@ -80,14 +81,17 @@ TEST(BrepWalk, FindsEachFault)
         {"share no vertex", [](GK_Brep& b) { b.Trim(2).vertexIndex[0] = 0; }},
         {"disagree on a vertex", [](GK_Brep& b) { b.Edge(2).vertexIndex[0] = 0; }},
         {"from vertex 0", [](GK_Brep& b) { b.Vertex(0).point.z += 0.05; }},
-        {"leaves the domain", [](GK_Brep& b) { b.Surface(0)->SetDomain(0, 0.0, 3.9); }},
+        {"leaves the domain",
+         [](GK_Brep& b) {
+             dynamic_cast<LineCurve&>(*b.TrimCurve(0)) = {{0, 0, 0}, {4.1, 0, 0}, {0, 4}};
+         }},
         {"is not inside the outer loop",
          [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.TrimCurve(4)), 3, 30.0); }},
         {"does not run along edge 4", [](GK_Brep& b) { b.EdgeCurve(4)->Reverse(); }},
         {"from the surface along trim 4",
          [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.EdgeCurve(4)), 3, 0.1); }},
-        {"trim 1 starts at (0.5, ",
-         [](GK_Brep& b) { GK_NurbsCurve::Cast(b.TrimCurve(1))->controlPoints[0] = 0.5; }},
+        {"trim 1 starts at (4, 0.5)",
+         [](GK_Brep& b) { b.Trim(1).SetDomain(GK_Interval(0.5, 4.0)); }},
         {"has 0 trims", [](GK_Brep& b) { LoseEdge(b, 1); }},
     };
     for (const Case& c : cases) {
