@@ -5,9 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <compare>
 #include <limits>
+#include <map>
 #include <numeric>
-#include <unordered_map>
 
 namespace {
 
@@ -31,7 +32,8 @@ struct Box
     [[nodiscard]] GK_3dPoint Middle() const { return low + 0.5 * (high - low); }
 };
 
-// Points by the cell of a grid, to find those within a cell's width of a place.
+// Points by the cell of a grid, to find those within a cell's width of a place. The cells are kept
+// in their order: a file could choose places whose cells collide in a hash.
 class PointGrid
 {
 public:
@@ -46,16 +48,14 @@ public:
     [[nodiscard]] int Find(const GK_3dPoint& point) const
     {
         const GK_3dPoint center = Cell(point);
-        for (int i = 0; i < 27; ++i) {
-            const int column = i % 3;
-            const int row = i / 3 % 3;
-            const int layer = i / 9;
-            const GK_3dVector step{column - 1.0, row - 1.0, layer - 1.0};
-            const auto [first, last] = m_cells.equal_range(center + step);
-            for (auto entry = first; entry != last; ++entry)
-                if (entry->second.point.DistanceTo(point) <= m_width)
-                    return entry->second.number;
-        }
+        for (const double column : {-1.0, 0.0, 1.0})
+            for (const double row : {-1.0, 0.0, 1.0}) {
+                const auto first = m_cells.lower_bound(center + GK_3dVector{column, row, -1.0});
+                const auto last = m_cells.upper_bound(center + GK_3dVector{column, row, 1.0});
+                for (auto entry = first; entry != last; ++entry)
+                    if (entry->second.point.DistanceTo(point) <= m_width)
+                        return entry->second.number;
+            }
         return -1;
     }
 
@@ -66,23 +66,27 @@ private:
         int number;
     };
 
-    struct Hash
+    // An order of all cells, those that are no numbers included.
+    struct ByCoordinates
     {
-        std::size_t operator()(const GK_3dPoint& cell) const
+        bool operator()(const GK_3dPoint& a, const GK_3dPoint& b) const
         {
-            const std::hash<double> hash;
-            return (hash(cell.x) * 31 + hash(cell.y)) * 31 + hash(cell.z);
+            if (const auto order = std::strong_order(a.x, b.x); order != 0)
+                return order < 0;
+            if (const auto order = std::strong_order(a.y, b.y); order != 0)
+                return order < 0;
+            return std::strong_order(a.z, b.z) < 0;
         }
     };
 
     [[nodiscard]] GK_3dPoint Cell(const GK_3dPoint& point) const
     {
-        return {std::floor(point.x / m_width), std::floor(point.y / m_width),
-                std::floor(point.z / m_width)};
+        const auto cell = [&](double value) { return std::floor(value / m_width) + 0.0; }; // no -0
+        return {cell(point.x), cell(point.y), cell(point.z)};
     }
 
     double m_width;
-    std::unordered_multimap<GK_3dPoint, Entry, Hash> m_cells;
+    std::multimap<GK_3dPoint, Entry, ByCoordinates> m_cells;
 };
 
 // Where a trim starts and ends in space.
