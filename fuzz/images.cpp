@@ -1,17 +1,21 @@
-#include "console_host/app/image_library.h"
 #include "console_host/app/image_reader.h"
-
-#include "host/app/dib.h"
+#include "tests/png_checksums.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <limits>
+#include <memory>
 #include <numeric>
+#include <string>
 #include <vector>
 
 namespace {
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
 
 /// Every byte of the pixel storage can be read, and there are some.
 void CheckStorage(const CKelvoUiDib& image)
@@ -25,28 +29,37 @@ void CheckStorage(const CKelvoUiDib& image)
 /// A small image written as a PNG reads back as the same picture.
 void CheckWriting(const CKelvoUiDib& image)
 {
-    const int channels = image.GetDepth() / 8;
-    const int pixels = image.Width() * image.Height();
-    if (pixels > 4096)
+    if (image.Width() * image.Height() > 4096)
         return;
-    std::vector<unsigned char> bytes(static_cast<std::size_t>(pixels * channels));
-    std::memcpy(bytes.data(), image.FindDIBBits(), bytes.size());
-    const LibraryImage written{bytes.data(), image.Width(), image.Height(), channels};
-
-    LibraryMemory memory(std::numeric_limits<std::uint64_t>::max(),
-                         LibraryMemory::WhenExhausted::Throw);
-    const ImageBytes png = MakePng(written, memory);
-    const LibraryImage back = ReadLibraryImage(png, memory);
-    if (back.pixels == nullptr || !std::equal(bytes.begin(), bytes.end(), back.pixels))
+    std::vector<unsigned char> png(std::size_t{1} << 16U);
+    const std::unique_ptr<std::FILE, CloseFile> file(fmemopen(png.data(), png.size(), "wb"));
+    if (!WritePng(image, file.get()) || std::fflush(file.get()) != 0)
         std::abort();
+    png.resize(static_cast<std::size_t>(std::ftell(file.get())));
+
+    ImageBuilder back(png.size());
+    if (!ReadImage(png, back) || back.Width() != image.Width() || back.Height() != image.Height())
+        std::abort();
+    const std::size_t used = static_cast<std::size_t>(image.Width() * image.GetDepth() / 8);
+    const std::size_t rowSize = DibRowSize(image.Width(), image.GetDepth());
+    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
+    for (int y = 0; y < image.Height(); ++y) {
+        row -= rowSize;
+        if (!std::equal(row, row + used, back.Row(static_cast<std::uint32_t>(y))))
+            std::abort();
+    }
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    CKelvoUiDib image;
-    if (ReadImage({data, size}, image)) {
+    std::string file(reinterpret_cast<const char*>(data), size);
+    RepairPngChecksums(file);
+    const std::vector<unsigned char> bytes(file.begin(), file.end()); // of its exact size
+    ImageBuilder builder(bytes.size());
+    if (ReadImage(bytes, builder)) {
+        const CKelvoUiDib image = builder.TakeImage();
         CheckStorage(image);
         CheckWriting(image);
     }

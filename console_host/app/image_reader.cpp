@@ -1,81 +1,70 @@
 #include "console_host/app/image_reader.h"
 
-#include "console_host/app/dib_layout.h"
-#include "console_host/app/image_library.h"
-
-#include "host/app/dib.h"
-
-#include <utility>
+#include <string_view>
 
 namespace {
 
-/// Turns a row of the library's pixels into one of an image: `Channels` bytes a pixel in, with or
-/// without alpha, as 3 or 4 bytes out.
-template <int Channels>
-void ConvertRow(const unsigned char* from, unsigned char* to, int width)
+using Reader = bool (*)(ImageBytes, ImageBuilder&);
+
+std::string_view Text(ImageBytes bytes)
 {
-    constexpr bool IsGrey = Channels <= 2;
-    constexpr bool HasAlpha = Channels % 2 == 0;
-    for (int x = 0; x < width; ++x) {
-        to[0] = from[IsGrey ? 0 : 2];
-        to[1] = from[IsGrey ? 0 : 1];
-        to[2] = from[0];
-        if constexpr (HasAlpha)
-            to[3] = from[Channels - 1];
-        from += Channels;
-        to += HasAlpha ? 4 : 3;
-    }
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// The library's top row comes first, the image's comes last.
-template <int Channels>
-void ConvertRows(const LibraryImage& from, CKelvoUiDib& to)
+/// Returns a number of 4 bytes, highest first.
+std::uint32_t BigNumber(ImageBytes bytes)
 {
-    const std::size_t rowSize = DibRowSize(to.Width(), to.GetDepth());
-    const unsigned char* source = from.pixels;
-    unsigned char* target = to.FindDIBBits() + to.GetStorageSize();
-    for (int y = 0; y < from.height; ++y) {
-        target -= rowSize;
-        ConvertRow<Channels>(source, target, from.width);
-        source += static_cast<std::size_t>(from.width) * Channels;
-    }
+    std::uint32_t value = 0;
+    for (const unsigned char byte : bytes.first<4>())
+        value = value << 8U | byte;
+    return value;
 }
 
-void ConvertImage(const LibraryImage& from, CKelvoUiDib& to)
+/// Refuses files that break off, of which some decoders fill up the rest, and sizes that are not
+/// allowed, for which some take memory at once.
+bool ReadWholePng(ImageBytes file, ImageBuilder& image)
 {
-    switch (from.channels) {
-    case 1:
-        return ConvertRows<1>(from, to);
-    case 2:
-        return ConvertRows<2>(from, to);
-    case 3:
-        return ConvertRows<3>(from, to);
-    default:
-        return ConvertRows<4>(from, to);
-    }
+    constexpr std::size_t Header = 24;
+    return Text(file).rfind("IEND") != std::string_view::npos && file.size() > Header &&
+           image.Allows(BigNumber(file.subspan(16)), BigNumber(file.subspan(20))) &&
+           ReadPng(file, image);
+}
+
+/// Also refuses files with more scans than pictures in use have, which is some ten: each one goes
+/// over the whole picture.
+bool ReadWholeJpeg(ImageBytes file, ImageBuilder& image)
+{
+    constexpr int MaxScans = 64;
+    std::string_view rest = Text(file);
+    int scans = 0;
+    for (std::size_t at = 0; (at = rest.find("\xFF\xDA")) != std::string_view::npos; ++scans)
+        rest.remove_prefix(at + 2);
+    const bool isWhole = rest.find("\xFF\xD9") != std::string_view::npos;
+    return isWhole && scans <= MaxScans && ReadJpeg(file, image);
+}
+
+/// Returns the reader for files that begin like this, or null.
+Reader FindReader(ImageBytes start)
+{
+    const std::string_view text = Text(start);
+    if (text.starts_with("\x89PNG\r\n\x1A\n"))
+        return ReadWholePng;
+    if (text.starts_with("BM"))
+        return ReadBmp;
+    if (text.starts_with("\xFF\xD8"))
+        return ReadWholeJpeg;
+    return LooksLikeTga(start) ? ReadTga : nullptr;
 }
 
 } // namespace
 
-bool ReadImage(ImageBytes file, CKelvoUiDib& image)
+bool HasImageSignature(ImageBytes start)
 {
-    ImageHeader header;
-    if (!ReadImageHeader(file, header) || !IsInProportion(header, file.size()))
-        return false;
+    return FindReader(start) != nullptr;
+}
 
-    // Beside the image's own blocks, the library gathers the file's data in a block that it doubles
-    // as needed, and keeps its tables.
-    constexpr std::uint64_t Tables = std::uint64_t{512} << 10U;
-    LibraryMemory memory(header.largestBlock + 2 * file.size() + Tables,
-                         LibraryMemory::WhenExhausted::GiveNull);
-    const LibraryImage decoded = ReadLibraryImage(file, memory);
-    if (decoded.pixels == nullptr)
-        return false;
-    CKelvoUiDib result;
-    const int depth = decoded.channels % 2 == 0 ? 32 : 24;
-    if (!result.CreateDib(decoded.width, decoded.height, depth, true))
-        return false;
-    ConvertImage(decoded, result);
-    image = std::move(result);
-    return true;
+bool ReadImage(ImageBytes file, ImageBuilder& image)
+{
+    const Reader read = FindReader(file);
+    return read != nullptr && read(file, image);
 }

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "console_host/app/image_header.h"
+#include "console_host/app/image_codecs.h"
 
-class CKelvoUiDib;
+/// Returns whether the first bytes of a file look like a PNG, TGA, BMP or JPEG. Takes
+/// ImageSignatureSize bytes, or fewer when the file is shorter.
+bool HasImageSignature(ImageBytes start);
+constexpr std::size_t ImageSignatureSize = 32;
 
-/// Reads the bytes of a PNG, TGA, BMP or JPEG file. False, with the image unchanged, for anything
-/// else, for what ReadFromFile of the image class refuses, and when memory runs out.
-bool ReadImage(ImageBytes file, CKelvoUiDib& image);
+/// Reads the bytes of a PNG, TGA, BMP or JPEG file. Returns false for anything else, for what
+/// ReadFromFile of the image class refuses, and out of memory.
+bool ReadImage(ImageBytes file, ImageBuilder& image);

@@ -1,11 +1,11 @@
-#include "console_host/app/image_header.h"
 #include "console_host/app/image_reader.h"
-#include "console_host/app/library_memory.h"
+#include "tests/png_checksums.h"
 #include "tests/temporary_folder.h"
 #include "tests/test_images.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <initializer_list>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -23,32 +23,39 @@ std::string Bytes(std::initializer_list<unsigned> values)
     return bytes;
 }
 
-/// A grey JPEG that has a table with `codes` codes of 16 bits, and scans without data.
-std::string Jpeg(unsigned width, unsigned height, unsigned codes, int scans)
+/// A grey JPEG of 8 by 8 pixels that has scans without data.
+std::string JpegOfScans(int scans)
 {
-    std::string jpeg = Bytes({0xFF, 0xD8, 0xFF, 0xC2, 0, 11, 8});
-    jpeg += Bytes({height >> 8U, height & 255U, width >> 8U, width & 255U, 1, 1, 0x11, 0});
-    const unsigned length = 19 + codes;
-    jpeg += Bytes({0xFF, 0xC4, length >> 8U, length & 255U, 0});
-    jpeg += Bytes({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, codes - codes / 2, codes / 2});
-    jpeg.resize(jpeg.size() + codes);
+    std::string jpeg = Bytes({0xFF, 0xD8, 0xFF, 0xDB, 0, 67, 0}) + std::string(64, '\1');
+    jpeg += Bytes({0xFF, 0xC2, 0, 11, 8, 0, 8, 0, 8, 1, 1, 0x11, 0});
+    jpeg += Bytes({0xFF, 0xC4, 0, 20, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
     for (int i = 0; i < scans; ++i)
-        jpeg += Bytes({0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0, 0, 0});
-    jpeg += Bytes({0xFF, 0xD9});
-    return jpeg;
+        jpeg += Bytes({0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0});
+    return jpeg += Bytes({0xFF, 0xD9});
 }
 
 bool Reads(const std::string& file, CKelvoUiDib& image)
 {
-    // A block of exactly this size, so that reading behind its end is noticed.
+    // A block of exactly this size, so that reading beyond its end is noticed.
     const std::vector<unsigned char> bytes(file.begin(), file.end());
-    return ReadImage(bytes, image);
+    ImageBuilder builder(bytes.size());
+    const bool isRead = ReadImage(bytes, builder);
+    if (isRead)
+        image = builder.TakeImage();
+    return isRead;
 }
 
 bool Reads(const std::string& file)
 {
     CKelvoUiDib image;
     return Reads(file, image);
+}
+
+/// The largest difference between two colours in a channel.
+int Difference(const Rgba& a, const Rgba& b)
+{
+    return std::max({std::abs(a.red - b.red), std::abs(a.green - b.green),
+                     std::abs(a.blue - b.blue), std::abs(a.alpha - b.alpha)});
 }
 
 TEST(ImageReader, KindsDepthsAndColors)
@@ -59,7 +66,9 @@ TEST(ImageReader, KindsDepthsAndColors)
         int depth, width, height;
         Rgba topLeft, bottomRight;
     } const cases[] = {
+        {"adobe_ycck.jpg", 24, 8, 8, {172, 86, 43}, {172, 86, 43}},
         {"bitfields16.bmp", 24, 3, 2, {74, 166, 66}, {189, 48, 165}},
+        {"cmyk.jpg", 24, 8, 8, {8, 21, 28}, {8, 21, 28}},
         {"grey.jpg", 24, 20, 16, {31, 31, 31}, {156, 156, 156}},
         {"grey.tga", 24, 4, 3, {40, 40, 40}, {111, 111, 111}},
         {"grey16.png", 24, 5, 4, {21, 21, 21}, {65, 65, 65}},
@@ -72,7 +81,7 @@ TEST(ImageReader, KindsDepthsAndColors)
         {"palette4.bmp", 24, 5, 3, {114, 77, 40}, {154, 117, 80}},
         {"palette_transparent.png", 32, 6, 3, {0, 1, 2, 0}, {9, 10, 11}},
         {"progressive.jpg", 24, 20, 16, {23, 52, 50}, {162, 167, 109}},
-        {"rgb16.tga", 24, 4, 3, {238, 82, 131}, {0, 246, 246}},
+        {"rgb16.tga", 24, 4, 3, {239, 82, 132}, {0, 247, 247}},
         {"rgb16_transparent.png", 32, 3, 3, {21, 63, 105}, {19, 1, 239}},
         {"rgba16.png", 32, 3, 3, {21, 63, 105, 147}, {71, 53, 35, 17}},
         {"rgba_top.tga", 32, 4, 3, {74, 37, 0, 111}, {166, 129, 92, 203}},
@@ -87,8 +96,11 @@ TEST(ImageReader, KindsDepthsAndColors)
         EXPECT_EQ(image.GetDepth(), each.depth);
         ASSERT_EQ(image.Width(), each.width);
         ASSERT_EQ(image.Height(), each.height);
-        EXPECT_EQ(ColorAt(image, 0, 0), each.topLeft);
-        EXPECT_EQ(ColorAt(image, each.width - 1, each.height - 1), each.bottomRight);
+        // Decoders of JPEG differ in how they spread colours of less resolution.
+        const int most = fs::path(each.name).extension() == ".jpg" ? 16 : 0;
+        EXPECT_LE(Difference(ColorAt(image, 0, 0), each.topLeft), most);
+        const Rgba last = ColorAt(image, each.width - 1, each.height - 1);
+        EXPECT_LE(Difference(last, each.bottomRight), most);
     }
 }
 
@@ -115,7 +127,7 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
     struct
     {
         const char* name;
-        std::size_t at; ///< where width and height stand
+        std::size_t at; ///< where the size stands
         std::string size;
     } const cases[] = {
         {"grey_transparent.png", 16, Bytes({0, 0, 0xEA, 0x60, 0, 0, 0xEA, 0x60})},
@@ -125,36 +137,33 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
         {"rgb.bmp", 18, Bytes({5, 0, 0, 0, 0, 0, 0, 0x80})},
         {"rgb.tga", 12, Bytes({0, 0x40, 0, 0x40})},
         {"rle.tga", 12, Bytes({0, 0x40, 0, 0x40})},
+        {"progressive.jpg", 163, Bytes({0x40, 0, 0x40, 0})},
     };
     for (const auto& each : cases) {
         std::string file = ReadBytes(Seeds / each.name);
-        EXPECT_FALSE(Reads(file.replace(each.at, each.size.size(), each.size))) << each.name;
+        file.replace(each.at, each.size.size(), each.size);
+        RepairPngChecksums(file);
+        EXPECT_FALSE(Reads(file)) << each.name;
     }
-    EXPECT_FALSE(Reads(Jpeg(16384, 16384, 2, 1)));
     // All pixels are there, but a row is too long.
     std::string wide =
         ReadBytes(Seeds / "rgb.bmp").replace(18, 8, Bytes({1, 0x40, 0, 0, 1, 0, 0, 0}));
     EXPECT_FALSE(Reads(wide.append(60000, '\0')));
     EXPECT_TRUE(Reads(wide.replace(18, 2, Bytes({0, 0x40}))));
-    // Enough bytes for the bare rows, but out of proportion to what they would take in memory.
-    std::string tall = ReadBytes(Seeds / "grey_transparent.png");
-    tall.replace(16, 8, Bytes({0, 0, 0x40, 0, 0, 0, 0x3E, 0x80}));
-    EXPECT_FALSE(Reads(tall.append(260000, '\0')));
 }
 
 TEST(ImageReader, PixelsAreInProportionToTheFile)
 {
     struct
     {
-        int side;
-        std::uint64_t fileSize;
+        std::uint64_t side, fileSize;
         bool granted;
     } const cases[] = {
         {4096, 66'000, true},    {8192, 278'000, false}, // one colour, packed as well as can be
         {8192, 3'200'000, true}, {16384, 16'000'000, true}, {16384, 15'000'000, false},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(IsInProportion({each.side, each.side, 0, 0}, each.fileSize), each.granted)
+        EXPECT_EQ(IsInProportion(each.side, each.side, each.fileSize), each.granted)
             << each.side << " " << each.fileSize;
 }
 
@@ -164,32 +173,17 @@ TEST(ImageReader, PixelDataBeyondTheClaimIsNotTakenIn)
     ASSERT_TRUE(WriteDib(CKelvoDib(2000, 1000, 24, true), folder / "large.png"));
     std::string file = ReadBytes(folder / "large.png");
     EXPECT_TRUE(Reads(file));
-    EXPECT_FALSE(Reads(file.replace(16, 8, Bytes({0, 0, 0, 1, 0, 0, 0, 1}))));
+    RepairPngChecksums(file.replace(16, 8, Bytes({0, 0, 0, 1, 0, 0, 0, 1})));
+    CKelvoUiDib image;
+    if (Reads(file, image)) {
+        EXPECT_EQ(image.GetStorageSize(), 4U);
+    }
 }
 
-TEST(ImageReader, JpegsThatTheLibraryMishandlesAreRefused)
+TEST(ImageReader, ScansOfAJpegAreLimited)
 {
-    EXPECT_TRUE(Reads(Jpeg(8, 8, 200, 1)));
-    EXPECT_FALSE(Reads(Jpeg(8, 8, 300, 1)));
-    EXPECT_TRUE(Reads(Jpeg(8, 8, 2, 64)));
-    EXPECT_FALSE(Reads(Jpeg(8, 8, 2, 65)));
-}
-
-TEST(LibraryMemory, IsLimitedAndReleasesWhatIsLeft)
-{
-    LibraryMemory memory(1000, LibraryMemory::WhenExhausted::GiveNull);
-    EXPECT_EQ(memory.Allocate(1001), nullptr);
-    void* block = memory.Allocate(500);
-    ASSERT_NE(block, nullptr);
-    EXPECT_EQ(static_cast<unsigned char*>(block)[499], 0);
-    EXPECT_EQ(memory.Reallocate(block, 1001), nullptr);
-    block = memory.Reallocate(block, 900);
-    EXPECT_NE(block, nullptr);
-    EXPECT_NE(memory.Allocate(1000), nullptr);
-    LibraryMemory::Free(block);
-
-    LibraryMemory throwing(10, LibraryMemory::WhenExhausted::Throw);
-    EXPECT_THROW(static_cast<void>(throwing.Allocate(11)), std::bad_alloc);
+    EXPECT_TRUE(Reads(JpegOfScans(64)));
+    EXPECT_FALSE(Reads(JpegOfScans(65)));
 }
 
 } // namespace

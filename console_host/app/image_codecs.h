@@ -1,0 +1,23 @@
+#pragma once
+
+#include "console_host/app/image_builder.h"
+
+#include <cstdio>
+#include <span>
+
+using ImageBytes = std::span<const unsigned char>;
+
+// Each of these reads a file of one kind, whose bytes begin as that kind does. They return false
+// for a file that is damaged, breaks off or is of a form that is not supported, for a size that the
+// builder refuses, and out of memory.
+
+bool ReadBmp(ImageBytes file, ImageBuilder& image);
+bool ReadJpeg(ImageBytes file, ImageBuilder& image);
+bool ReadPng(ImageBytes file, ImageBuilder& image);
+bool ReadTga(ImageBytes file, ImageBuilder& image);
+
+/// Returns whether the first bytes of a file are the header of a TGA, which has no signature.
+bool LooksLikeTga(ImageBytes start);
+
+/// Writes a PNG to the stream. Returns false when that fails. The image has pixels.
+bool WritePng(const CKelvoUiDib& image, std::FILE* stream);
