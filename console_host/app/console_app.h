@@ -25,7 +25,7 @@ public:
 
     void Print(const wchar_t* format, ...) override;
     CKelvoProfileContext& ProfileContext() override { return *m_profile; }
-    CWnd* MainWnd() override { return m_mainWindow; }
+    CWnd* MainWnd() override { return nullptr; }
     bool DoHelp(int topicId) override;
 
     /// Where Print goes; null: only to the journal. Standard output at first.
@@ -40,9 +40,6 @@ public:
 
     void SetStrings(StringTable strings) { m_strings = std::move(strings); }
     StringTable& Strings() { return m_strings; }
-
-    /// The window that dialogs stand over; it must outlive its use. None at first.
-    void SetMainWnd(CWnd* window) { m_mainWindow = window; }
 
     ImportJournal& Journal() { return m_journal; }
 
@@ -64,5 +61,4 @@ private:
     ImportJournal m_journal;
     std::vector<CKelvoPlugIn*> m_plugIns;
     std::set<FileIdentity> m_filesRead;
-    CWnd* m_mainWindow = nullptr;
 };

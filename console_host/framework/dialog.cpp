@@ -72,7 +72,7 @@ private:
     bool m_open = false;
 };
 
-CDialog::CDialog(int templateId, CWnd* parent) : m_templateId(templateId), m_parent(parent) {}
+CDialog::CDialog(int templateId, CWnd*) : m_templateId(templateId) {}
 
 int CDialog::DoModal()
 {

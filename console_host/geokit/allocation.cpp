@@ -13,16 +13,11 @@
 
 namespace {
 
-struct AllocationFaults
+/// How many allocations are left until one is to fail, with that one; 0: none is.
+long& AllocationsToFailure() noexcept
 {
-    long count = 0;
-    long failing = 0;
-};
-
-AllocationFaults& Faults() noexcept
-{
-    static AllocationFaults faults;
-    return faults;
+    static long left = 0;
+    return left;
 }
 
 /// Stands in front of every block.
@@ -89,12 +84,7 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
 
 void FailAllocation(long nth) noexcept
 {
-    Faults() = {0, nth};
-}
-
-long AllocationCount() noexcept
-{
-    return Faults().count;
+    AllocationsToFailure() = nth;
 }
 
 void* GK_Allocate(std::size_t size)
@@ -104,7 +94,8 @@ void* GK_Allocate(std::size_t size)
 
 void* GK_Reallocate(void* block, std::size_t size)
 {
-    if (++Faults().count == Faults().failing || size > LargestBlock)
+    long& left = AllocationsToFailure();
+    if ((left > 0 && --left == 0) || size > LargestBlock)
         Fail();
     BlockHeader* const header = Resize(HeaderOf(block), size + sizeof(BlockHeader));
     if (header == nullptr)

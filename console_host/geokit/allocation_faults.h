@@ -4,6 +4,3 @@
 
 /// The `nth` allocation from now on fails (1: the next), and only that one. 0: none does.
 void FailAllocation(long nth) noexcept;
-
-/// Allocations since the last call of FailAllocation.
-long AllocationCount() noexcept;

@@ -7,11 +7,6 @@ namespace {
 
 constexpr char32_t Replacement = 0xFFFD;
 
-char LowerAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsSurrogate(char32_t code)
 {
     return code >= 0xD800 && code <= 0xDFFF;
@@ -97,21 +92,6 @@ char32_t TakeWide(std::wstring_view& text)
 }
 
 } // namespace
-
-int GK_String::CompareNoCase(const char* other) const
-{
-    const std::string_view theirs(other != nullptr ? other : "");
-    const std::size_t shared = std::min(m_text.size(), theirs.size());
-    for (std::size_t i = 0; i < shared; ++i) {
-        const int mine = static_cast<unsigned char>(LowerAscii(m_text[i]));
-        const int their = static_cast<unsigned char>(LowerAscii(theirs[i]));
-        if (mine != their)
-            return mine - their;
-    }
-    if (m_text.size() == theirs.size())
-        return 0;
-    return m_text.size() < theirs.size() ? -1 : 1;
-}
 
 GK_wString::GK_wString(std::wstring text)
 {

@@ -50,7 +50,6 @@ private:
     friend class CDataExchange;
 
     int m_templateId;
-    CWnd* m_parent;
     Session* m_session = nullptr; ///< while the dialog is shown
 };
 
@@ -59,9 +58,6 @@ class CDataExchange
 {
 public:
     CDataExchange(CDialog& dialog, bool save) : m_dialog(dialog), m_save(save) {}
-
-    /// True when values go from the controls into the fields.
-    [[nodiscard]] bool Saving() const { return m_save; }
 
     /// Attaches a control object to the dialog's control of that id.
     void Control(int controlId, CWnd& object);

@@ -10,7 +10,6 @@ class GK_ClassArray
 {
 public:
     [[nodiscard]] int Count() const { return static_cast<int>(m_elements.size()); }
-    [[nodiscard]] int Capacity() const { return static_cast<int>(m_elements.capacity()); }
     [[nodiscard]] bool IsEmpty() const { return m_elements.empty(); }
 
     [[nodiscard]] T* Array() { return m_elements.data(); }
@@ -30,12 +29,6 @@ public:
 
     /// Appends a default-made element and gives it.
     T& AppendNew() { return m_elements.emplace_back(); }
-
-    /// Puts an element before the one at `index`; an index equal to the count appends.
-    void Insert(int index, T value)
-    {
-        m_elements.insert(m_elements.begin() + index, std::move(value));
-    }
 
     void Remove(int index) { m_elements.erase(m_elements.begin() + index); }
 

@@ -102,18 +102,14 @@ class GK_MeshTopology
 public:
     explicit GK_MeshTopology(std::span<const GK_3fPoint> vertices);
 
-    [[nodiscard]] int VertexCount() const { return m_first.Count() - 1; }
+    [[nodiscard]] int VertexCount() const { return m_count; }
 
     /// The topological vertex of a mesh vertex.
     [[nodiscard]] int TopologicalVertex(int meshVertex) const { return m_vertexMap[meshVertex]; }
 
-    /// The mesh vertices of a topological vertex, ascending.
-    [[nodiscard]] std::span<const int> MeshVertices(int topologicalVertex) const;
-
 private:
     GK_SimpleArray<int> m_vertexMap;
-    GK_SimpleArray<int> m_first;
-    GK_SimpleArray<int> m_members;
+    int m_count = 0;
 };
 
 /// A polygon mesh. The per-vertex lists (normals, texture coordinates, surface parameters, colours)

@@ -110,15 +110,6 @@ public:
         m_count = count;
     }
 
-    /// Takes out the first `count` elements.
-    void RemoveFirst(int count)
-    {
-        m_count -= count;
-        if (count > 0 && m_count > 0)
-            std::memmove(static_cast<void*>(m_elements), m_elements + count,
-                         sizeof(T) * static_cast<std::size_t>(m_count));
-    }
-
     /// Gives back the room that no element uses.
     void Shrink()
     {

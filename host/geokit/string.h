@@ -32,9 +32,6 @@ public:
         return *this;
     }
 
-    /// Less than, equal to or greater than 0, taking ASCII letters without regard to case.
-    [[nodiscard]] int CompareNoCase(const char* other) const;
-
     /// Byte by byte, by unsigned byte value; an empty string comes before any other.
     friend bool operator==(const GK_String& a, const GK_String& b) = default;
 
