@@ -136,7 +136,7 @@ void WriteObject(JsonStream& json, const DocumentObject& object)
     const GK_MdxObjectAttributes& attributes = *object.attributes;
     const bool ownMaterial = attributes.MaterialSource() == GK::material_from_object;
     json.BeginObject();
-    json.Member("type", TypeOf(object.geometry));
+    json.Member("type", KindOf(object.geometry));
     json.Key("name");
     WriteName(json, attributes.name);
     json.Member("layer", attributes.layerIndex);

@@ -198,7 +198,6 @@ struct GeometryVisitor
 {
     JsonStream& json;
 
-    void operator()(std::monostate) const {}
     void operator()(const GK_Mesh* mesh) const { WriteMesh(json, *mesh); }
     void operator()(const GK_Curve* curve) const { WriteCurve(json, *curve); }
     void operator()(const GK_3dPoint* point) const
@@ -215,12 +214,6 @@ struct GeometryVisitor
 };
 
 } // namespace
-
-const char* TypeOf(const AnyGeometry& geometry)
-{
-    constexpr const char* Types[] = {"none", "mesh", "curve", "point", "point_cloud", "brep"};
-    return Types[geometry.index()];
-}
 
 void WriteGeometry(JsonStream& json, const AnyGeometry& geometry)
 {

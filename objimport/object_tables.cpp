@@ -68,8 +68,6 @@ std::string Coordinate(double value)
 /// The size of an object: the cells that only its kind has.
 struct SizeCells
 {
-    std::vector<std::string> operator()(std::monostate) const { return {}; }
-
     std::vector<std::string> operator()(const GK_Mesh* mesh) const
     {
         const GK_MeshNgonList* ngons = mesh->NgonList();
@@ -121,14 +119,14 @@ struct Kind
 const std::vector<Kind>& Kinds()
 {
     static const std::vector<Kind> kinds = {
-        {1,
+        {0,
          "mesh",
          "meshes",
          {{"vertices", Right}, {"faces", Right}, {"n-gons", Right}, {"closed"}}},
-        {2, "curve", "curves", {{"order", Right}, {"points", Right}, {"rational"}, {"closed"}}},
-        {3, "point", "points", {{"x", Right}, {"y", Right}, {"z", Right}}},
-        {4, "point cloud", "point clouds", {{"points", Right}}},
-        {5,
+        {1, "curve", "curves", {{"order", Right}, {"points", Right}, {"rational"}, {"closed"}}},
+        {2, "point", "points", {{"x", Right}, {"y", Right}, {"z", Right}}},
+        {3, "point cloud", "point clouds", {{"points", Right}}},
+        {4,
          "brep",
          "breps",
          {{"faces", Right}, {"loops", Right}, {"trims", Right}, {"orders"}, {"points"}}}};

@@ -193,11 +193,11 @@ std::string Totals(const ConsoleDoc& doc)
         const char* one;
         const char* many;
     };
-    constexpr Total Kinds[] = {{1, "mesh", "meshes"},
-                               {2, "curve", "curves"},
-                               {3, "point", "points"},
-                               {4, "point cloud", "point clouds"},
-                               {5, "brep", "breps"}};
+    constexpr Total Kinds[] = {{0, "mesh", "meshes"},
+                               {1, "curve", "curves"},
+                               {2, "point", "points"},
+                               {3, "point cloud", "point clouds"},
+                               {4, "brep", "breps"}};
     std::array<std::size_t, std::variant_size_v<AnyGeometry>> counts{};
     std::size_t vertices = 0;
     std::size_t faces = 0;
@@ -216,7 +216,7 @@ std::string Totals(const ConsoleDoc& doc)
             text.append(before).append(Counted(counts[kind.index], kind.one, kind.many));
             before = ", ";
         }
-    if (counts[1] > 0)
+    if (counts[0] > 0)
         text.append("; in meshes ")
             .append(Counted(vertices, "vertex", "vertices"))
             .append(" and ")

@@ -14,17 +14,12 @@ bool IsIndexOf(int index, int count)
     return index >= 0 && index < count;
 }
 
-/// Counts an object that is offered and returns which of its type it is, from 1.
-int CountOffered(const CKelvoObject& object)
+/// Counts what is offered and returns which of its kind it is, from 1. Breps are counted by the
+/// repair.
+int CountOffered(const AnyGeometry& geometry)
 {
-    ImportJournal::Offered& offered = CurrentJournal().offered;
-    if (dynamic_cast<const CKelvoMeshObject*>(&object) != nullptr)
-        return ++offered.meshes;
-    if (dynamic_cast<const CKelvoCurveObject*>(&object) != nullptr)
-        return ++offered.curves;
-    if (dynamic_cast<const CKelvoPointCloudObject*>(&object) != nullptr)
-        return ++offered.pointClouds;
-    return offered.breps; // counted by the repair
+    int& count = CurrentJournal().offered[geometry.index()];
+    return std::holds_alternative<const GK_Brep*>(geometry) ? count : ++count;
 }
 
 /// Notes a refusal as far as there is memory to; always false.
@@ -52,12 +47,11 @@ void ConsoleDoc::CheckAttributes(const char* call, const GK_MdxObjectAttributes&
         NoteGuestFault(call, "a group index that the document does not have");
 }
 
-std::string ConsoleDoc::WhyRefused(const CKelvoObject& object)
+std::string ConsoleDoc::WhyRefused(const AnyGeometry& geometry)
 {
     if (m_addsToFailure > 0 && --m_addsToFailure == 0)
         return "it was made to fail";
-    const AnyGeometry geometry = GeometryOf(object);
-    if (std::holds_alternative<std::monostate>(geometry))
+    if (std::visit([](const auto* any) { return any == nullptr; }, geometry))
         NoteGuestFault("AddObject", "an object without geometry");
     return WhyUnsound(geometry);
 }
@@ -68,10 +62,11 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
         NoteGuestFault("AddObject", "no object");
         return false;
     }
-    const char* kind = KindOf(*object);
-    const int number = CountOffered(*object);
+    const AnyGeometry geometry = GeometryOf(*object);
+    const char* kind = KindOf(geometry);
+    const int number = CountOffered(geometry);
     try {
-        if (const std::string reason = WhyRefused(*object); !reason.empty())
+        if (const std::string reason = WhyRefused(geometry); !reason.empty())
             return Refuse(kind, reason, number);
         CheckAttributes("AddObject", object->Attributes());
         if (auto* mesh = dynamic_cast<CKelvoMeshObject*>(object.get()))
@@ -86,7 +81,7 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
 bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttributes& attributes,
                                 const CKelvoHistory*, bool)
 {
-    const int number = ++CurrentJournal().offered.points;
+    const int number = CountOffered(&point);
     try {
         if (const std::string reason = WhyUnsound(&point); !reason.empty())
             return Refuse("point", reason, number);

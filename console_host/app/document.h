@@ -51,7 +51,7 @@ private:
         GK_3dPoint point;
     };
 
-    std::string WhyRefused(const CKelvoObject& object);
+    std::string WhyRefused(const AnyGeometry& geometry);
     void CheckAttributes(const char* call, const GK_MdxObjectAttributes& attributes) const;
 
     double m_absoluteTolerance;

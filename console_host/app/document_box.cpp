@@ -34,8 +34,6 @@ struct BoxVisitor
             Take(point);
     }
 
-    void operator()(std::monostate) const {}
-
     void operator()(const GK_Mesh* mesh)
     {
         if (mesh->DoublePrecisionVerticesAreValid())

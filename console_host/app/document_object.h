@@ -6,20 +6,19 @@
 
 #include <variant>
 
-/// The geometry of something in a document, by its kind; nothing when there is none.
-using AnyGeometry = std::variant<std::monostate, const GK_Mesh*, const GK_Curve*, const GK_3dPoint*,
+/// The geometry of something in a document, by its kind; null when there is none.
+using AnyGeometry = std::variant<const GK_Mesh*, const GK_Curve*, const GK_3dPoint*,
                                  const GK_PointCloud*, const GK_Brep*>;
 
-/// A look at something in a document; good until the document changes.
+/// A view of something in a document; good until the document changes.
 struct DocumentObject
 {
     const GK_MdxObjectAttributes* attributes;
     AnyGeometry geometry;
 };
 
-/// The geometry of an object; nothing while it has none.
+/// Returns the geometry of an object, null while it has none.
 AnyGeometry GeometryOf(const CKelvoObject& object);
 
-/// The kind of an object in one word, whether it has geometry or not: "mesh", "curve",
-/// "point_cloud", "brep".
-const char* KindOf(const CKelvoObject& object);
+/// Returns the kind of geometry in one word: "mesh", "curve", "point", "point_cloud", "brep".
+const char* KindOf(const AnyGeometry& geometry);

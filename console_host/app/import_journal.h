@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,23 +28,13 @@ struct ImportJournal
         int number = 0; ///< which of its type, as they were offered, from 1; of a loop: its brep
     };
 
-    /// How many of each type were offered to the document, breps to the repair.
-    struct Offered
-    {
-        int meshes = 0;
-        int curves = 0;
-        int points = 0;
-        int pointClouds = 0;
-        int breps = 0;
-    };
-
     std::vector<std::string> prints; ///< the finished text of each Print
     std::vector<Box> boxes;
     std::vector<KernelError> kernelErrors;
     std::vector<Refusal> refused;
-    Offered offered;
-    bool cancelled = false;   ///< a prompt or dialog was
-    bool outOfMemory = false; ///< an allocation failed, whatever became of it
+    std::array<int, 5> offered{}; ///< of each kind of geometry to the document, breps to the repair
+    bool cancelled = false;       ///< a prompt or dialog was
+    bool outOfMemory = false;     ///< an allocation failed, whatever became of it
     bool zoomed = false;
     bool redrawn = false;
 };

@@ -1,6 +1,8 @@
 #include "host/app/objects.h"
 
 #include "console_host/app/document_object.h"
+#include "console_host/app/import_journal.h"
+#include "console_host/geokit/brep_repair.h"
 
 #include <utility>
 
@@ -17,11 +19,6 @@ void CKelvoMeshObject::SetMesh(std::unique_ptr<GK_Mesh> mesh)
     m_mesh = std::move(mesh);
 }
 
-const GK_Geometry* CKelvoMeshObject::Geometry() const
-{
-    return m_mesh.get();
-}
-
 CKelvoCurveObject::CKelvoCurveObject(const GK_MdxObjectAttributes& attributes)
     : CKelvoObject(attributes)
 {
@@ -34,21 +31,11 @@ void CKelvoCurveObject::SetCurve(std::unique_ptr<GK_Curve> curve)
     m_curve = std::move(curve);
 }
 
-const GK_Geometry* CKelvoCurveObject::Geometry() const
-{
-    return m_curve.get();
-}
-
 CKelvoPointCloudObject::~CKelvoPointCloudObject() = default;
 
 void CKelvoPointCloudObject::SetPointCloud(const GK_PointCloud& cloud)
 {
     m_cloud = cloud;
-}
-
-const GK_Geometry* CKelvoPointCloudObject::Geometry() const
-{
-    return &m_cloud;
 }
 
 CKelvoBrepObject::CKelvoBrepObject(const GK_MdxObjectAttributes& attributes)
@@ -63,41 +50,32 @@ void CKelvoBrepObject::SetBrep(std::unique_ptr<GK_Brep> brep)
     m_brep = std::move(brep);
 }
 
-const GK_Geometry* CKelvoBrepObject::Geometry() const
+bool KelvoRepairBrep(GK_Brep& brep, double tolerance)
 {
-    return m_brep.get();
+    const int number = ++CurrentJournal().offered[AnyGeometry(&brep).index()];
+    BrepRepairReport report;
+    const bool sound = RepairBrep(brep, tolerance, report);
+    for (const std::string& reason : report.dropped)
+        NoteRefused("loop", reason, number);
+    if (!sound)
+        NoteRefused("brep", report.reason, number);
+    return sound;
 }
-
-namespace {
-
-template <class Geometry>
-AnyGeometry IfAny(const Geometry* geometry)
-{
-    return geometry != nullptr ? AnyGeometry(geometry) : AnyGeometry();
-}
-
-} // namespace
 
 AnyGeometry GeometryOf(const CKelvoObject& object)
 {
     if (const auto* mesh = dynamic_cast<const CKelvoMeshObject*>(&object))
-        return IfAny(mesh->Mesh());
+        return mesh->Mesh();
     if (const auto* curve = dynamic_cast<const CKelvoCurveObject*>(&object))
-        return IfAny(curve->Curve());
+        return curve->Curve();
     if (const auto* cloud = dynamic_cast<const CKelvoPointCloudObject*>(&object))
-        return IfAny(&cloud->PointCloud());
-    if (const auto* brep = dynamic_cast<const CKelvoBrepObject*>(&object))
-        return IfAny(brep->Brep());
-    return {};
+        return &cloud->PointCloud();
+    const auto* brep = dynamic_cast<const CKelvoBrepObject*>(&object);
+    return brep != nullptr ? brep->Brep() : nullptr;
 }
 
-const char* KindOf(const CKelvoObject& object)
+const char* KindOf(const AnyGeometry& geometry)
 {
-    if (dynamic_cast<const CKelvoMeshObject*>(&object) != nullptr)
-        return "mesh";
-    if (dynamic_cast<const CKelvoCurveObject*>(&object) != nullptr)
-        return "curve";
-    if (dynamic_cast<const CKelvoPointCloudObject*>(&object) != nullptr)
-        return "point_cloud";
-    return dynamic_cast<const CKelvoBrepObject*>(&object) != nullptr ? "brep" : "object";
+    constexpr const char* Kinds[] = {"mesh", "curve", "point", "point_cloud", "brep"};
+    return Kinds[geometry.index()];
 }

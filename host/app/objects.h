@@ -18,12 +18,9 @@ public:
     explicit CKelvoObject(GK_MdxObjectAttributes attributes);
     CKelvoObject(const CKelvoObject&) = delete;
     CKelvoObject& operator=(const CKelvoObject&) = delete;
-    ~CKelvoObject() override;
+    ~CKelvoObject() override = 0;
 
     [[nodiscard]] const GK_MdxObjectAttributes& Attributes() const { return m_attributes; }
-
-    /// The object's geometry, or null while it has none.
-    [[nodiscard]] virtual const GK_Geometry* Geometry() const = 0;
 
 private:
     GK_MdxObjectAttributes m_attributes;
@@ -39,7 +36,6 @@ public:
     void SetMesh(std::unique_ptr<GK_Mesh> mesh);
     [[nodiscard]] GK_Mesh* Mesh() { return m_mesh.get(); }
     [[nodiscard]] const GK_Mesh* Mesh() const { return m_mesh.get(); }
-    [[nodiscard]] const GK_Geometry* Geometry() const override;
 
 private:
     std::unique_ptr<GK_Mesh> m_mesh;
@@ -54,7 +50,6 @@ public:
     /// Takes the curve over.
     void SetCurve(std::unique_ptr<GK_Curve> curve);
     [[nodiscard]] const GK_Curve* Curve() const { return m_curve.get(); }
-    [[nodiscard]] const GK_Geometry* Geometry() const override;
 
 private:
     std::unique_ptr<GK_Curve> m_curve;
@@ -69,7 +64,6 @@ public:
     /// Copies the cloud; the caller keeps its own.
     void SetPointCloud(const GK_PointCloud& cloud);
     [[nodiscard]] const GK_PointCloud& PointCloud() const { return m_cloud; }
-    [[nodiscard]] const GK_Geometry* Geometry() const override;
 
 private:
     GK_PointCloud m_cloud;
@@ -84,7 +78,6 @@ public:
     /// Takes the brep over.
     void SetBrep(std::unique_ptr<GK_Brep> brep);
     [[nodiscard]] const GK_Brep* Brep() const { return m_brep.get(); }
-    [[nodiscard]] const GK_Geometry* Geometry() const override;
 
 private:
     std::unique_ptr<GK_Brep> m_brep;

@@ -15,7 +15,6 @@ struct Counter
 {
     Counts counts;
 
-    void operator()(std::monostate) const {}
     void operator()(const GK_Curve*) const {}
     void operator()(const GK_Brep*) const {}
     void operator()(const GK_3dPoint*) { ++counts.points; }
