@@ -1,7 +1,6 @@
 #include "plugin/module_resources.h"
 
-/// Made from the resource script when the module is built.
-std::span<const DialogTemplate> ImportOBJDialogs();
+#include "plugin/dialog_table.h"
 
 const CModuleState& ImportOBJModuleState()
 {

@@ -1,7 +1,5 @@
 #include "console_host/framework/dialog_units.h"
 
-#include "host/geokit/string.h"
-
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
 #include <algorithm>
@@ -42,12 +40,11 @@ DialogUnits::DialogUnits(const DialogTemplate& dialog)
 
 void DialogUnits::MakeRoomFor(const DialogControl& control)
 {
-    const std::string text = GK_wString(control.text).Utf8();
     const bool hasMark = control.kind == DialogControlKind::CheckBox ||
                          control.kind == DialogControlKind::RadioButton;
     const double margin = hasMark ? 2.0 * m_fontSize : 4.0;
-    const double needed = fl_width(text.c_str()) + margin;
-    if (!text.empty() && control.place.width > 0)
+    const double needed = fl_width(control.text) + margin;
+    if (*control.text != '\0' && control.place.width > 0)
         m_unitWidth = std::max(m_unitWidth, needed / control.place.width);
 }
 

@@ -3,7 +3,6 @@
 #include "console_host/framework/dialog_units.h"
 
 #include "host/framework/dialog.h"
-#include "host/geokit/string.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
@@ -11,6 +10,8 @@
 #include <FL/Fl_Check_Button.H>
 #include <FL/Fl_Round_Button.H>
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -25,10 +26,10 @@ bool IsPushButton(DialogControlKind kind)
 }
 
 /// A label's '@' would start a picture.
-std::string LabelText(const wchar_t* text)
+std::string LabelText(std::string_view text)
 {
     std::string label;
-    for (const char character : GK_wString(text).Utf8()) {
+    for (const char character : text) {
         if (character == '@')
             label += '@';
         label += character;
@@ -102,11 +103,11 @@ bool FltkControl::IsTabStop() const
 
 DialogWindow::DialogWindow(const DialogTemplate& dialog, const DialogUnits& units,
                            NativeDialogOwner& owner)
-    : Fl_Double_Window(1, 1), m_owner(owner), m_caption(GK_wString(dialog.caption).Utf8())
+    : Fl_Double_Window(1, 1), m_owner(owner)
 {
     const DialogRect size = units.Pixels({0, 0, dialog.width, dialog.height});
     resize((Fl::w() - size.width) / 2, (Fl::h() - size.height) / 2, size.width, size.height);
-    copy_label(m_caption.c_str());
+    copy_label(dialog.caption);
     for (const DialogControl& description : dialog.controls)
         AddControl(description, units);
     end();

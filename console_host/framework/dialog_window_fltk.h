@@ -3,7 +3,6 @@
 #include "console_host/framework/native_dialog.h"
 
 #include <FL/Fl_Double_Window.H>
-#include <string>
 #include <vector>
 
 class DialogUnits;
@@ -63,6 +62,5 @@ private:
     static void OnClose(Fl_Widget* widget, void* window);
 
     NativeDialogOwner& m_owner;
-    std::string m_caption;
     std::vector<std::unique_ptr<FltkControl>> m_controls; ///< in tab order
 };

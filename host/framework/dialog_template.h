@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <vector>
 
 /// A place in dialog units: a fourth of the font's average character width, and an eighth of its
 /// height.
@@ -27,22 +27,26 @@ enum class DialogControlKind : std::uint8_t
 struct DialogControl
 {
     DialogControlKind kind;
-    int id; ///< -1 for a control that nothing refers to
-    const wchar_t* text;
+    int id;           ///< -1 for a control that nothing refers to
+    const char* text; ///< UTF-8
     DialogRect place;
     bool startsGroup; ///< the arrow keys stay between one such control and the next
     bool tabStop;     ///< the Tab key stops here; it stops at a checked radio button in any case
 };
 
 /// A dialog as a module's resource script describes it, controls in tab order. Used where the
-/// platform has no resources in modules.
+/// platform has no resources in modules. The fields come in the order of the script, which can be
+/// included where one is initialised: see dialog_script.h.
 struct DialogTemplate
 {
     int id;
-    const wchar_t* caption;
+    int x;
+    int y;
     int width;
     int height;
-    const wchar_t* font;
+    unsigned int style; ///< not used: there is one style of dialog
+    const char* caption;
     int pointSize;
-    std::span<const DialogControl> controls;
+    const char* font; ///< not used: there is one font
+    std::vector<DialogControl> controls;
 };

@@ -1,6 +1,5 @@
+#include "plugin/dialog_table.h"
 #include "tests/dialog/dialog_driver.h"
-
-#include "host/framework/dialog_template.h"
 
 #include <X11/Xlib.h>
 #include <algorithm>
@@ -9,14 +8,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
-#include <span>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-/// The dialogs of the module, as its resource script has them.
-std::span<const DialogTemplate> ImportOBJDialogs();
 
 namespace {
 
