@@ -3,7 +3,7 @@
 
 # Debian's header-only packages stand among headers for this machine, which a Windows build must not
 # see; so only those packages are linked into a folder of the build.
-set(windows_headers ${CMAKE_BINARY_DIR}/include)
+set(windows_headers ${PROJECT_BINARY_DIR}/include)
 file(MAKE_DIRECTORY ${windows_headers})
 foreach(package CLI nlohmann)
     if(NOT EXISTS /usr/include/${package})
@@ -24,9 +24,6 @@ string(APPEND CMAKE_CXX_STANDARD_LIBRARIES " -l:libssp.a")
 string(APPEND CMAKE_C_STANDARD_LIBRARIES " -l:libssp.a")
 add_link_options(-Wl,--exclude-libs,libssp.a)
 
-# On Windows a program and its libraries stand in one folder.
-set(CMAKE_INSTALL_BINDIR .)
-
 # The compiler's run-time libraries stand beside the programs.
 set(windows_runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
 foreach(library ${windows_runtime})
@@ -37,7 +34,8 @@ foreach(library ${windows_runtime})
     endif()
     get_filename_component(path ${path} REALPATH)
     configure_file(${path} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${library} COPYONLY)
-    install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${library} DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${library} DESTINATION ${CMAKE_INSTALL_BINDIR}
+            COMPONENT Runtime)
 endforeach()
 
 # add_version_resource(TARGET DESCRIPTION): what the system shows of a program or library.
@@ -51,8 +49,8 @@ function(add_version_resource target description)
     endif()
     string(REPLACE "\"" "\"\"" company "${IMPORTOBJ_ORGANIZATION}")
     configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in
-        ${CMAKE_BINARY_DIR}/generated/${target}_version.rc @ONLY)
-    target_sources(${target} PRIVATE ${CMAKE_BINARY_DIR}/generated/${target}_version.rc)
+        ${PROJECT_BINARY_DIR}/generated/${target}_version.rc @ONLY)
+    target_sources(${target} PRIVATE ${PROJECT_BINARY_DIR}/generated/${target}_version.rc)
 endfunction()
 
 # add_googletest(): GTest::gtest and the others, built for Windows.
@@ -60,10 +58,10 @@ macro(add_googletest)
     enable_language(C)
     set(INSTALL_GTEST OFF)
     set(BUILD_SHARED_LIBS OFF)
-    add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+    add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
     foreach(library gtest gtest_main gmock gmock_main)
         target_compile_options(${library} PRIVATE -w)
         set_target_properties(${library} PROPERTIES CXX_CLANG_TIDY "" ARCHIVE_OUTPUT_DIRECTORY
-                              ${CMAKE_BINARY_DIR}/googletest)
+                              ${PROJECT_BINARY_DIR}/googletest)
     endforeach()
 endmacro()
