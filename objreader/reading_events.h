@@ -1,17 +1,9 @@
 #pragma once
 
+#include "objreader/corner.h"
 #include "objreader/freeform.h"
 
 #include <string>
-
-/// Which field of a corner named nothing.
-enum BadField : int
-{
-    BadFieldNone = 0,
-    BadFieldVertex = 1,
-    BadFieldTexture = 2,
-    BadFieldNormal = 3
-};
 
 /// What others than the file's data have to learn while a file is read, each at the statement that
 /// it stands in.

@@ -1,4 +1,4 @@
-#include "objreader/indices.h"
+#include "objreader/corner.h"
 #include "tests/objreader/padded.h"
 #include "tests/objreader/read_text.h"
 
