@@ -45,16 +45,12 @@ std::size_t SizeOf(std::FILE* file)
 
 bool IsPngName(const wchar_t* path)
 {
-    constexpr std::wstring_view Upper = L".PNG";
-    constexpr std::wstring_view Lower = L".png";
-    const std::wstring_view extension = SplitPath(path).ext;
-    if (extension.size() != Lower.size())
-        return false;
-    for (std::size_t i = 0; i < Lower.size(); ++i) {
-        if (extension[i] != Lower[i] && extension[i] != Upper[i])
-            return false;
+    std::wstring extension(SplitPath(path).ext);
+    for (wchar_t& character : extension) {
+        if (character >= L'A' && character <= L'Z')
+            character += L'a' - L'A';
     }
-    return true;
+    return extension == L".png";
 }
 
 /// Says which image was not read for its size. Every other that is not read is none at all.

@@ -11,28 +11,44 @@ std::string_view Text(ImageBytes bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// Returns a number of 4 bytes, highest first.
-std::uint32_t BigNumber(ImageBytes bytes)
+/// Returns a number of a file that has its highest byte first.
+std::uint32_t BigNumber(ImageBytes file, std::size_t at, std::size_t count)
 {
     std::uint32_t value = 0;
-    for (const unsigned char byte : bytes.first<4>())
+    for (const unsigned char byte : file.subspan(at, count))
         value = value << 8U | byte;
     return value;
 }
 
-/// Refuses files that break off, of which some decoders fill up the rest, and sizes that are not
-/// allowed, for which some take memory at once.
-bool ReadWholePng(ImageBytes file, ImageBuilder& image)
+// What files claim is checked before their decoder sees them, since some take the memory at once.
+// So is whether they break off: some fill up the rest.
+
+bool ReadSoundPng(ImageBytes file, ImageBuilder& image)
 {
-    constexpr std::size_t Header = 24;
-    return Text(file).rfind("IEND") != std::string_view::npos && file.size() > Header &&
-           image.Allows(BigNumber(file.subspan(16)), BigNumber(file.subspan(20))) &&
-           ReadPng(file, image);
+    constexpr std::size_t HeaderEnd = 24;
+    return file.size() >= HeaderEnd && Text(file).rfind("IEND") != std::string_view::npos &&
+           image.Allows(BigNumber(file, 16, 4), BigNumber(file, 20, 4)) && ReadPng(file, image);
 }
 
-/// Also refuses files with more scans than pictures in use have, which is some ten: each one goes
-/// over the whole picture.
-bool ReadWholeJpeg(ImageBytes file, ImageBuilder& image)
+/// Returns whether the image may be as large as the frame of a JPEG says.
+bool AllowsFrame(ImageBytes file, ImageBuilder& image)
+{
+    for (std::size_t at = 2; at + 9 <= file.size();) {
+        const unsigned marker = file[at + 1];
+        if (file[at] != 0xFF || marker == 0 || marker == 0xFF) {
+            ++at;
+            continue;
+        }
+        const bool isTable = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
+        if (marker >= 0xC0 && marker <= 0xCF && !isTable)
+            return image.Allows(BigNumber(file, at + 7, 2), BigNumber(file, at + 5, 2));
+        at += 2 + BigNumber(file, at + 2, 2);
+    }
+    return false;
+}
+
+/// Pictures in use have some ten scans, each of which goes over the whole picture.
+bool ReadSoundJpeg(ImageBytes file, ImageBuilder& image)
 {
     constexpr int MaxScans = 64;
     std::string_view rest = Text(file);
@@ -40,7 +56,7 @@ bool ReadWholeJpeg(ImageBytes file, ImageBuilder& image)
     for (std::size_t at = 0; (at = rest.find("\xFF\xDA")) != std::string_view::npos; ++scans)
         rest.remove_prefix(at + 2);
     const bool isWhole = rest.find("\xFF\xD9") != std::string_view::npos;
-    return isWhole && scans <= MaxScans && ReadJpeg(file, image);
+    return isWhole && scans <= MaxScans && AllowsFrame(file, image) && ReadJpeg(file, image);
 }
 
 /// Returns the reader for files that begin like this, or null.
@@ -48,11 +64,11 @@ Reader FindReader(ImageBytes start)
 {
     const std::string_view text = Text(start);
     if (text.starts_with("\x89PNG\r\n\x1A\n"))
-        return ReadWholePng;
+        return ReadSoundPng;
     if (text.starts_with("BM"))
         return ReadBmp;
     if (text.starts_with("\xFF\xD8"))
-        return ReadWholeJpeg;
+        return ReadSoundJpeg;
     return LooksLikeTga(start) ? ReadTga : nullptr;
 }
 

@@ -122,16 +122,6 @@ try {
     return false;
 }
 
-void EncodeRows(const CKelvoUiDib& image, IWICBitmapFrameEncode* frame)
-{
-    const auto rowSize = static_cast<UINT>(DibRowSize(image.Width(), image.GetDepth()));
-    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
-    for (int y = 0; y < image.Height(); ++y) {
-        row -= rowSize;
-        Check(frame->WritePixels(1, rowSize, rowSize, const_cast<BYTE*>(row)));
-    }
-}
-
 void Encode(const CKelvoUiDib& image, IStream* stream)
 {
     const ComPtr<IWICImagingFactory> factory = MakeFactory();
@@ -145,7 +135,12 @@ void Encode(const CKelvoUiDib& image, IStream* stream)
     WICPixelFormatGUID format =
         image.GetDepth() == 32 ? GUID_WICPixelFormat32bppBGRA : GUID_WICPixelFormat24bppBGR;
     Check(frame->SetPixelFormat(&format));
-    EncodeRows(image, frame.Get());
+    const auto rowSize = static_cast<UINT>(DibRowSize(image.Width(), image.GetDepth()));
+    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
+    for (int y = 0; y < image.Height(); ++y) {
+        row -= rowSize;
+        Check(frame->WritePixels(1, rowSize, rowSize, const_cast<BYTE*>(row)));
+    }
     Check(frame->Commit());
     Check(encoder->Commit());
 }
