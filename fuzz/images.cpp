@@ -41,10 +41,8 @@ void CheckWriting(const CKelvoUiDib& image)
     if (!ReadImage(png, back) || back.Width() != image.Width() || back.Height() != image.Height())
         std::abort();
     const std::size_t used = static_cast<std::size_t>(image.Width() * image.GetDepth() / 8);
-    const std::size_t rowSize = DibRowSize(image.Width(), image.GetDepth());
-    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
     for (int y = 0; y < image.Height(); ++y) {
-        row -= rowSize;
+        const unsigned char* const row = DibRow(image, y);
         if (!std::equal(row, row + used, back.Row(static_cast<std::uint32_t>(y))))
             std::abort();
     }

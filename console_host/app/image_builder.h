@@ -2,8 +2,6 @@
 
 #include "console_host/app/dib_layout.h"
 
-#include "host/app/dib.h"
-
 #include <cstdint>
 #include <utility>
 
@@ -40,16 +38,13 @@ public:
     /// out of memory.
     bool Make(std::uint32_t width, std::uint32_t height, int depth)
     {
-        if (!Allows(width, height) || !m_image.CreateDib(m_width, m_height, depth, true))
-            return false;
-        m_rowSize = DibRowSize(m_width, depth);
-        return true;
+        return Allows(width, height) && m_image.CreateDib(m_width, m_height, depth, true);
     }
 
     /// Returns the pixels of a row; row 0 is the top one.
     [[nodiscard]] unsigned char* Row(std::uint32_t y)
     {
-        return m_image.FindDIBBits() + m_image.GetStorageSize() - (y + std::size_t{1}) * m_rowSize;
+        return DibRow(m_image, static_cast<int>(y));
     }
 
     [[nodiscard]] CKelvoUiDib TakeImage() { return std::move(m_image); }
@@ -65,7 +60,6 @@ private:
     std::uint64_t m_fileSize;
     int m_width = 0;
     int m_height = 0;
-    std::size_t m_rowSize = 0;
     bool m_isOutOfProportion = false;
     CKelvoUiDib m_image;
 };

@@ -120,12 +120,8 @@ bool Encode(png_structp png, png_infop info, const CKelvoUiDib& image, std::FILE
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png, info);
     png_set_bgr(png);
-    const std::size_t rowSize = DibRowSize(image.Width(), image.GetDepth());
-    const unsigned char* row = image.FindDIBBits() + image.GetStorageSize();
-    for (int y = 0; y < image.Height(); ++y) {
-        row -= rowSize;
-        png_write_row(png, row);
-    }
+    for (int y = 0; y < image.Height(); ++y)
+        png_write_row(png, DibRow(image, y));
     png_write_end(png, nullptr);
     return true;
 }
