@@ -4,7 +4,7 @@
 #include "console_host/app/printable.h"
 #include "console_host/framework/work_note.h"
 #include "console_host/runtime/allocation_failures.h"
-#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
 #include <algorithm>

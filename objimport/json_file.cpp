@@ -1,8 +1,8 @@
 #include "objimport/json_file.h"
 
 #include "console_host/app/console_app.h"
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/file_replacement.h"
+#include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/document_json.h"
 #include "objimport/program_error.h"

@@ -1,6 +1,6 @@
 #include "objimport/text_output.h"
 
-#include "console_host/runtime/terminal_output.h"
+#include "console_host/runtime/terminal.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -4,7 +4,7 @@
 #include "console_host/app/profile_store.h"
 #include "console_host/app/registration.h"
 #include "console_host/app/string_table.h"
-#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/files.h"
 
 #include "host/app/app.h"
 

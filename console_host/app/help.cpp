@@ -5,7 +5,7 @@
 #include "console_host/framework/native_windows.h"
 #include "console_host/framework/work_note.h"
 #include "console_host/runtime/files.h"
-#include "console_host/runtime/folders.h"
+#include "console_host/runtime/native_path.h"
 
 #include "host/geokit/string.h"
 

@@ -11,7 +11,7 @@ constexpr std::size_t LineLimit = 4096;
 } // namespace
 
 InputAnswers::InputAnswers(std::FILE* input, std::FILE* output, bool showQuestions)
-    : m_nextByte(MakeByteReader(input)), m_output(output), m_showQuestions(showQuestions)
+    : m_nextByte(ReadUtf8(input)), m_output(output), m_showQuestions(showQuestions)
 {
 }
 

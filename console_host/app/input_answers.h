@@ -1,7 +1,7 @@
 #pragma once
 
 #include "console_host/app/answer_source.h"
-#include "console_host/runtime/terminal_input.h"
+#include "console_host/runtime/terminal.h"
 
 #include <cstdio>
 #include <string>
@@ -30,7 +30,7 @@ private:
     LineResult ReadLine(std::string& line);
     void Show(const std::wstring& text);
 
-    ByteReader m_nextByte;
+    NextByte m_nextByte;
     std::FILE* m_output;
     bool m_showQuestions;
 };

@@ -1,7 +1,7 @@
 #include "console_host/app/printable.h"
 
 #include "console_host/framework/work_note.h"
-#include "console_host/runtime/terminal_output.h"
+#include "console_host/runtime/terminal.h"
 #include "console_host/runtime/utf8.h"
 
 #include <cstdint>

@@ -1,7 +1,6 @@
 #include "console_host/app/profile_store.h"
 
 #include "console_host/app/printable.h"
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"

@@ -1,6 +1,6 @@
 #include "console_host/framework/work_note.h"
 
-#include "console_host/runtime/terminal_input.h"
+#include "console_host/runtime/terminal.h"
 
 #include <chrono>
 #include <cstdio>

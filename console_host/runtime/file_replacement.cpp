@@ -1,7 +1,7 @@
 #include "console_host/runtime/file_replacement.h"
 
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/file_steps.h"
+#include "console_host/runtime/files.h"
 
 #include <cerrno>
 #include <random>

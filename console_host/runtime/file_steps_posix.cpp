@@ -1,5 +1,5 @@
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/file_steps.h"
+#include "console_host/runtime/files.h"
 
 #include <cerrno>
 #include <charconv>

@@ -1,6 +1,5 @@
 #include "console_host/runtime/files.h"
 
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/native_path.h"
 
 #include <cerrno>
@@ -66,4 +65,28 @@ std::string ReadWholeFile(const std::filesystem::path& path)
     if (std::ferror(stream.get()) != 0)
         throw std::runtime_error(Reason(errno));
     return contents;
+}
+
+bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b)
+{
+    const std::optional<FileIdentity> first = IdentityOf(a);
+    const std::optional<FileIdentity> second = IdentityOf(b);
+    if (first || second)
+        return first == second;
+    // Files that do not exist are one when they have one name in one folder.
+    const std::filesystem::path targetA = FollowLinks(a);
+    const std::filesystem::path targetB = FollowLinks(b);
+    const std::optional<FileIdentity> folder = IdentityOf(FolderOf(targetA));
+    return folder && folder == IdentityOf(FolderOf(targetB)) &&
+           targetA.filename() == targetB.filename();
+}
+
+void MakeFolders(const std::filesystem::path& folder)
+{
+    if (KindOfFile(folder) != FileKind::Missing)
+        return;
+    if (const std::filesystem::path parent = FolderOf(folder); parent.native() != folder.native())
+        MakeFolders(parent);
+    std::error_code error;
+    std::filesystem::create_directory(folder, error);
 }

@@ -21,3 +21,9 @@ std::string Utf8Path(const std::filesystem::path& path);
 /// fopen by a native path. Null, with errno set, when the file cannot be opened; the caller closes
 /// it.
 std::FILE* OpenNative(const std::filesystem::path& path, const char* mode);
+
+/// The folder in which programs keep the user's settings; empty when the system names none.
+std::filesystem::path UserSettingsFolder();
+
+/// The folder of the running program; empty when the system does not tell.
+std::filesystem::path ProgramFolder();

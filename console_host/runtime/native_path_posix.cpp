@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <sys/stat.h>
+#include <system_error>
 
 namespace {
 
@@ -40,6 +42,12 @@ std::string FindWithoutCase(std::string_view path)
     return found;
 }
 
+std::filesystem::path EnvironmentPath(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value != nullptr ? value : "";
+}
+
 } // namespace
 
 std::filesystem::path NativePath(std::wstring_view path)
@@ -71,4 +79,19 @@ std::string Utf8Path(const std::filesystem::path& path)
 std::FILE* OpenNative(const std::filesystem::path& path, const char* mode)
 {
     return std::fopen(path.c_str(), mode);
+}
+
+std::filesystem::path UserSettingsFolder()
+{
+    // A relative folder here is to be ignored.
+    if (std::filesystem::path folder = EnvironmentPath("XDG_CONFIG_HOME"); folder.is_absolute())
+        return folder;
+    const std::filesystem::path home = EnvironmentPath("HOME");
+    return home.empty() ? home : home / ".config";
+}
+
+std::filesystem::path ProgramFolder()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 }

@@ -2,6 +2,8 @@
 
 #include "host/geokit/string.h"
 
+#include <windows.h>
+
 std::filesystem::path NativePath(std::wstring_view path)
 {
     return std::wstring(path);
@@ -25,4 +27,18 @@ std::string Utf8Path(const std::filesystem::path& path)
 std::FILE* OpenNative(const std::filesystem::path& path, const char* mode)
 {
     return _wfopen(path.c_str(), GK_wString(std::string_view(mode)).Array());
+}
+
+std::filesystem::path UserSettingsFolder()
+{
+    const wchar_t* value = _wgetenv(L"APPDATA");
+    return value != nullptr ? value : L"";
+}
+
+std::filesystem::path ProgramFolder()
+{
+    constexpr DWORD LongestPath = 32768;
+    std::wstring path(LongestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), LongestPath));
+    return std::filesystem::path(path).parent_path();
 }

@@ -5,8 +5,8 @@
 
 /// Opens a file by its wide path, in any Unicode text. Off Windows '\' counts as '/', and a name
 /// that is not found as written is looked for without regard to case. A folder is never opened.
-/// Null when the file cannot be opened; the caller closes what it gets. Text modes translate
-/// nothing: bytes come as they stand in the file.
+/// The only mode offered everywhere is "rb". Null when the file cannot be opened; the caller closes
+/// what it gets.
 #ifdef _WIN32
 #include <cwchar>
 #else

@@ -1,5 +1,5 @@
-#include "console_host/runtime/file_identity.h"
 #include "console_host/runtime/file_replacement.h"
+#include "console_host/runtime/files.h"
 #include "tests/temporary_folder.h"
 
 #include <cstdio>

@@ -1,8 +1,9 @@
-#include "console_host/runtime/terminal_input.h"
+#include "console_host/runtime/terminal.h"
 
 #include "host/geokit/string.h"
 
 #include <array>
+#include <cerrno>
 #include <io.h>
 #include <string>
 #include <windows.h>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr wchar_t EndOfInputKey = 0x1A; // Ctrl+Z
 
+/// Returns the console that a stream is, or null.
 HANDLE ConsoleOf(std::FILE* stream)
 {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the platform gives handles as integers
@@ -51,6 +53,27 @@ private:
     std::size_t m_next = 0;
 };
 
+/// Writes to a console, which takes no more than some thousand characters at a time.
+bool WriteToConsole(HANDLE console, std::wstring_view text)
+{
+    constexpr std::size_t Most = 8000;
+    while (!text.empty()) {
+        std::size_t count = text.size() < Most ? text.size() : Most;
+        // A character of two units stays whole.
+        if (count < text.size() && (text[count] & 0xFC00) == 0xDC00)
+            --count;
+        DWORD written = 0;
+        if (WriteConsoleW(console, text.data(), static_cast<DWORD>(count), &written, nullptr) ==
+                0 ||
+            written == 0) {
+            errno = EIO;
+            return false;
+        }
+        text.remove_prefix(written);
+    }
+    return true;
+}
+
 } // namespace
 
 bool IsTerminal(std::FILE* stream)
@@ -58,9 +81,18 @@ bool IsTerminal(std::FILE* stream)
     return ConsoleOf(stream) != nullptr;
 }
 
-ByteReader MakeByteReader(std::FILE* stream)
+NextByte ReadUtf8(std::FILE* stream)
 {
     if (HANDLE console = ConsoleOf(stream); console != nullptr)
         return ConsoleReader(console);
     return [stream] { return std::fgetc(stream); };
+}
+
+bool WriteUtf8(std::FILE* stream, std::string_view utf8)
+{
+    HANDLE console = ConsoleOf(stream);
+    if (console == nullptr)
+        return std::fwrite(utf8.data(), 1, utf8.size(), stream) == utf8.size();
+    std::fflush(stream);
+    return WriteToConsole(console, GK_wString(utf8).View());
 }

@@ -1,4 +1,6 @@
-#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/files.h"
+
+#include "host/runtime/file.h"
 
 #include <io.h>
 #include <memory>
@@ -121,4 +123,22 @@ std::string WhyUnwritable(const std::filesystem::path& path)
     if (kind != FileKind::Special && KindOfFile(FolderOf(path)) != FileKind::Folder)
         return "no such folder";
     return {};
+}
+
+bool IsPlainFile(std::FILE* stream)
+{
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the platform gives handles as integers
+    return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)))) == FILE_TYPE_DISK;
+}
+
+std::filesystem::path FileKey(const wchar_t* name)
+{
+    std::wstring path = AbsolutePath(name).native();
+    CharLowerBuffW(path.data(), static_cast<DWORD>(path.size()));
+    return path;
+}
+
+std::filesystem::path FileKey(const char* name)
+{
+    return FileKey(std::filesystem::path(name).c_str());
 }

@@ -1,4 +1,7 @@
-#include "console_host/runtime/file_identity.h"
+#include "console_host/runtime/files.h"
+#include "console_host/runtime/native_path.h"
+
+#include "host/runtime/file.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -18,6 +21,28 @@ std::string WhyNotAllowed(const std::filesystem::path& path, int access)
     if (faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0)
         return {};
     return std::generic_category().message(errno);
+}
+
+/// Whether a file that is read is bound to end: a device or a pipe may not, nor may a file of the
+/// system's that has bytes but no size.
+bool IsPlain(int descriptor)
+{
+    struct stat status
+    {
+    };
+    if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    char bytes[4096];
+    return status.st_size > 0 || pread(descriptor, bytes, sizeof bytes, 0) <= 0;
+}
+
+/// The folder's own path, then the name as it stands in it.
+std::filesystem::path KeyOf(const std::filesystem::path& path)
+{
+    std::error_code error;
+    const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
+    const std::filesystem::path canonical = std::filesystem::canonical(folder, error);
+    return error ? path.lexically_normal() : canonical / path.filename();
 }
 
 } // namespace
@@ -91,4 +116,34 @@ std::string WhyUnwritable(const std::filesystem::path& path)
     if (KindOfFile(FolderOf(target)) != FileKind::Folder)
         return "no such folder";
     return WhyNotAllowed(FolderOf(target), W_OK | X_OK);
+}
+
+// NOLINTNEXTLINE(*-reserved-identifier): the name that it has on Windows
+std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode)
+{
+    if (path == nullptr || mode == nullptr || std::wstring_view(mode) != L"rb")
+        return nullptr;
+    // Not to wait for the other end of a pipe.
+    const int descriptor = open(NativePath(path).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return nullptr;
+    std::FILE* stream = IsPlain(descriptor) ? fdopen(descriptor, "rb") : nullptr;
+    if (stream == nullptr)
+        close(descriptor);
+    return stream;
+}
+
+bool IsPlainFile(std::FILE* stream)
+{
+    return IsPlain(fileno(stream));
+}
+
+std::filesystem::path FileKey(const wchar_t* name)
+{
+    return KeyOf(NativePath(name));
+}
+
+std::filesystem::path FileKey(const char* name)
+{
+    return KeyOf(name);
 }
