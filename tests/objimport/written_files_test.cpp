@@ -145,6 +145,25 @@ TEST_F(WrittenFiles, AFileThatOpensAndCannotBeReadIsNotImported)
     EXPECT_THAT(result.output, HasSubstr("Errors occurred reading this file"));
 }
 
+#ifndef __SANITIZE_ADDRESS__ // which takes address space without bounds
+TEST_F(WrittenFiles, SayWhenTheAddressSpaceIsUsedUp)
+{
+    constexpr int Vertices = 300'000;
+    std::string text;
+    for (int i = 1; i <= Vertices; ++i)
+        text += "v " + std::to_string(i) + ".125 0 " + std::to_string(i % 7) + "\n";
+    for (int i = 3; i <= Vertices; ++i)
+        text += "f -1 -2 -" + std::to_string(i) + "\n";
+    folder.Write("large.obj", text);
+    const ProcessResult result = Run({"--settings", At("s.ini"), "--json", At("out.json")},
+                                     "ulimit -v 60000; ", "large.obj");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("out of memory; the reading ended before its end"));
+    const auto import = nlohmann::json::parse(folder.Read("out.json"))["imports"][0];
+    EXPECT_EQ(import["outcome"], "out of memory");
+}
+#endif
+
 TEST_F(WrittenFiles, ErrorsCannotSteerATerminal)
 {
     const std::string name = "\x1B[31m\n\xC2\x9B\xE2\x80\xAE";
