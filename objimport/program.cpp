@@ -84,7 +84,10 @@ std::filesystem::path ModulePath(const CommandLine& commandLine)
 {
     if (!commandLine.module.empty())
         return AbsolutePath(PathFromUtf8(commandLine.module));
-    return ProgramFolder() / IMPORTOBJ_MODULE;
+    const std::filesystem::path beside = ProgramFolder() / IMPORTOBJ_MODULE;
+    const std::filesystem::path installed =
+        ProgramFolder() / IMPORTOBJ_MODULE_FOLDER / IMPORTOBJ_MODULE;
+    return WhyUnreadable(beside).empty() || !WhyUnreadable(installed).empty() ? beside : installed;
 }
 
 void LoadStrings(const CommandLine& commandLine)
