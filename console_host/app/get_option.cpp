@@ -14,24 +14,28 @@ CKelvoCommandOptionValue KvLocalizeCommandOptionValue(const wchar_t* text, int i
     return {{text, KvLocalizeString(text, id)}};
 }
 
-CKelvoGetOption::CKelvoGetOption() : m_prompt(std::make_unique<OptionPrompt>()) {}
+class CKelvoGetOption::Implementation : public OptionPrompt
+{
+};
+
+CKelvoGetOption::CKelvoGetOption() : m_implementation(std::make_unique<Implementation>()) {}
 
 CKelvoGetOption::~CKelvoGetOption() = default;
 
 void CKelvoGetOption::SetCommandPrompt(const wchar_t* prompt)
 {
-    m_prompt->text = prompt;
+    m_implementation->text = prompt;
 }
 
 void CKelvoGetOption::AcceptNothing(bool accept)
 {
-    m_prompt->acceptNothing = accept;
+    m_implementation->acceptNothing = accept;
 }
 
 void CKelvoGetOption::ClearCommandOptions()
 {
-    m_prompt->items.clear();
-    m_prompt->chosen.reset();
+    m_implementation->items.clear();
+    m_implementation->chosen.reset();
 }
 
 int CKelvoGetOption::AddCommandOptionList(const CKelvoCommandOptionName& name, int count,
@@ -40,8 +44,8 @@ int CKelvoGetOption::AddCommandOptionList(const CKelvoCommandOptionName& name, i
     OptionPrompt::Item item{name, {}, current, nullptr};
     for (int i = 0; i < count; ++i)
         item.values.push_back(values[i]);
-    m_prompt->items.push_back(std::move(item));
-    return static_cast<int>(m_prompt->items.size());
+    m_implementation->items.push_back(std::move(item));
+    return static_cast<int>(m_implementation->items.size());
 }
 
 int CKelvoGetOption::AddCommandOptionToggle(const CKelvoCommandOptionName& name,
@@ -49,16 +53,16 @@ int CKelvoGetOption::AddCommandOptionToggle(const CKelvoCommandOptionName& name,
                                             const CKelvoCommandOptionValue& onValue, bool current,
                                             bool* value) // NOLINT(*-non-const-*): written to later
 {
-    m_prompt->items.push_back({name, {offValue, onValue}, current ? 1 : 0, value});
-    return static_cast<int>(m_prompt->items.size());
+    m_implementation->items.push_back({name, {offValue, onValue}, current ? 1 : 0, value});
+    return static_cast<int>(m_implementation->items.size());
 }
 
 int CKelvoGetOption::GetOption()
 {
-    return m_prompt->Ask();
+    return m_implementation->Ask();
 }
 
 const CKelvoCommandOption* CKelvoGetOption::Option() const
 {
-    return m_prompt->chosen ? &*m_prompt->chosen : nullptr;
+    return m_implementation->chosen ? &*m_implementation->chosen : nullptr;
 }

@@ -13,17 +13,17 @@ DialogState& Dialogs()
 }
 
 /// One showing of a dialog.
-class CDialog::Session final : public NativeDialogOwner
+class CDialog::Showing final : public NativeDialogOwner
 {
 public:
-    explicit Session(CDialog& dialog) : m_dialog(dialog) { dialog.m_session = this; }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
-    ~Session() override
+    explicit Showing(CDialog& dialog) : m_dialog(dialog) { dialog.m_showing = this; }
+    Showing(const Showing&) = delete;
+    Showing& operator=(const Showing&) = delete;
+    ~Showing() override
     {
         for (CWnd* object : m_attached)
             object->Attach(nullptr);
-        m_dialog.m_session = nullptr;
+        m_dialog.m_showing = nullptr;
     }
 
     int Run()
@@ -76,8 +76,8 @@ CDialog::CDialog(int templateId, CWnd*) : m_templateId(templateId) {}
 
 int CDialog::DoModal()
 {
-    Session session(*this);
-    const int result = session.Run();
+    Showing showing(*this);
+    const int result = showing.Run();
     if (result == DialogNotShown)
         ++Dialogs().notShown;
     CurrentJournal().cancelled = result == DialogCancel;
@@ -105,7 +105,7 @@ void CDialog::OnCancel()
 
 void CDialog::UpdateData(bool save)
 {
-    if (m_session == nullptr)
+    if (m_showing == nullptr)
         return;
     CDataExchange exchange(*this, save);
     DoDataExchange(exchange);
@@ -113,19 +113,19 @@ void CDialog::UpdateData(bool save)
 
 void CDialog::EndDialog(int result)
 {
-    if (m_session != nullptr)
-        m_session->End(result);
+    if (m_showing != nullptr)
+        m_showing->End(result);
 }
 
 void CDataExchange::Control(int controlId, CWnd& object)
 {
     if (!m_save)
-        m_dialog.m_session->Attach(controlId, object);
+        m_dialog.m_showing->Attach(controlId, object);
 }
 
 void CDataExchange::Check(int controlId, int& value)
 {
-    NativeControl* control = m_dialog.m_session->Find(controlId);
+    NativeControl* control = m_dialog.m_showing->Find(controlId);
     if (control == nullptr)
         return;
     if (m_save)

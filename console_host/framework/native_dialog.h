@@ -1,24 +1,26 @@
 #pragma once
 
-#include "host/framework/cmd_target.h"
 #include "host/framework/module_state.h"
+#include "host/framework/wnd.h"
 
 #include <memory>
 
 /// A control of a shown dialog, as the platform's window system has it.
-class NativeControl
+class CWnd::Native
 {
 public:
-    NativeControl() = default;
-    NativeControl(const NativeControl&) = delete;
-    NativeControl& operator=(const NativeControl&) = delete;
-    virtual ~NativeControl() = default;
+    Native() = default;
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    virtual ~Native() = default;
 
     [[nodiscard]] virtual bool Checked() const = 0;
     virtual void SetChecked(bool checked) = 0;
     [[nodiscard]] virtual bool Enabled() const = 0;
     virtual void SetEnabled(bool enabled) = 0;
 };
+
+using NativeControl = CWnd::Native;
 
 /// Whoever hears of what happens in a native dialog.
 class NativeDialogOwner

@@ -19,22 +19,22 @@ bool CCmdTarget::Dispatch(WindowMessage message, int controlId)
 
 void CWnd::EnableWindow(bool enable)
 {
-    if (m_control != nullptr)
-        m_control->SetEnabled(enable);
+    if (m_window != nullptr)
+        m_window->SetEnabled(enable);
 }
 
 bool CWnd::IsWindowEnabled() const
 {
-    return m_control != nullptr && m_control->Enabled();
+    return m_window != nullptr && m_window->Enabled();
 }
 
 bool CButton::GetCheck() const
 {
-    return Control() != nullptr && Control()->Checked();
+    return Window() != nullptr && Window()->Checked();
 }
 
 void CButton::SetCheck(bool checked)
 {
-    if (Control() != nullptr)
-        Control()->SetChecked(checked);
+    if (Window() != nullptr)
+        Window()->SetChecked(checked);
 }

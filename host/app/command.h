@@ -12,8 +12,12 @@ enum CKelvoCommandResult : int
     CommandCancel = 1
 };
 
-/// A command that the user runs by its name. A module makes its commands as global objects; making
-/// one tells the host of it, destroying it withdraws it.
+/// A command that the user runs by its name. A module makes its commands as global objects, which
+/// it owns: the constructor tells the host of the command, the destructor withdraws it. Both run on
+/// the user-interface thread while the module is loaded and unloaded, and neither throws; a command
+/// that the host cannot keep for lack of memory is not there for the user. The host calls the other
+/// operations on the user-interface thread, and RunCommand only between the plug-in's load hook and
+/// its unload hook.
 class CKelvoCommand : public GK_Object
 {
 public:
@@ -24,14 +28,14 @@ public:
     CKelvoCommand& operator=(const CKelvoCommand&) = delete;
     ~CKelvoCommand() override;
 
-    /// Who the command is, the same in every version.
+    /// Returns who the command is, the same in every version.
     [[nodiscard]] virtual GK_UUID CommandUUID() const = 0;
 
-    /// The name to type, in English. The text lives as long as the module.
+    /// Returns the name to type, in English. The text lives as long as the module.
     [[nodiscard]] virtual const wchar_t* EnglishCommandName() const = 0;
 
-    /// Runs the command on the user-interface thread. A CKelvoCommandResult, or another value for
-    /// another failure.
+    /// Runs the command and returns a CKelvoCommandResult, or another value for another failure.
+    /// Throws nothing but std::bad_alloc.
     virtual int RunCommand() = 0;
 };
 

@@ -8,6 +8,8 @@ class CKelvoPalette;
 /// A device-independent bitmap in memory. Pixels are blue, green, red (24 bits) or blue, green,
 /// red, alpha (32 bits); the bottom row comes first; each row starts at a multiple of 4 bytes, so
 /// the rows of a 24-bit image may end in padding, whose value is ignored.
+///
+/// A value that owns its pixels: any thread may use an image, one thread at a time.
 class CKelvoUiDib
 {
 public:
@@ -24,9 +26,10 @@ public:
     CKelvoUiDib& operator=(CKelvoUiDib&& other) noexcept;
     virtual ~CKelvoUiDib();
 
-    /// Makes a new image in place of this one; `depth` is 24 or 32 bits and takes no palette. With
-    /// `withPixels` the pixel storage is made too, its contents undefined. False, leaving an empty
-    /// image, for a size or depth that is not supported, and out of memory.
+    /// Makes a new image in place of this one and returns true; `depth` is 24 or 32 bits and takes
+    /// no palette. With `withPixels` the pixel storage is made too, its contents undefined. Returns
+    /// false, leaving an empty image, for a size or depth that is not supported, and when out of
+    /// memory. `palette` is only read during the call.
     bool CreateDib(int width, int height, int depth, bool withPixels,
                    const CKelvoPalette* palette = nullptr);
 
@@ -40,11 +43,13 @@ public:
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }
 
-    /// The pixel storage, which the image owns, or null while it has none.
+    /// Returns the pixel storage, which the image owns and which is valid until the image is
+    /// changed or destroyed; null while there is none.
     [[nodiscard]] unsigned char* FindDIBBits() { return m_bits.get(); }
     [[nodiscard]] const unsigned char* FindDIBBits() const { return m_bits.get(); }
 
-    /// Bytes of the pixel storage with the padding of its rows; 0 without pixel storage.
+    /// Returns the size of the pixel storage in bytes, with the padding of its rows; 0 without
+    /// pixel storage.
     [[nodiscard]] std::size_t GetStorageSize() const { return m_storageSize; }
 
 private:
@@ -55,7 +60,7 @@ private:
     std::unique_ptr<unsigned char[]> m_bits;
 };
 
-/// An image that can be read from a file and written to one.
+/// An image that can be read from a file and written to one. File names are as for _wfopen.
 class CKelvoDib : public CKelvoUiDib
 {
 public:
@@ -66,14 +71,16 @@ public:
               const CKelvoPalette* palette = nullptr);
 
     /// Reads a PNG, TGA, BMP or JPEG in place of this image: 32 bits deep when the file has an
-    /// alpha channel or a transparent colour, otherwise 24; 16 bits a channel become 8. Non-zero on
-    /// success; otherwise the image is unchanged. Refused are, beside what is no such image, images
-    /// above MaxSide or MaxStorageSize, headers that claim more than the file can hold, and images
-    /// of more than 4096 x 4096 pixels and another 16 for each byte of the file.
+    /// alpha channel or a transparent colour, otherwise 24; 16 bits a channel become 8. Returns
+    /// non-zero on success; otherwise the image is unchanged, also when out of memory. Refused are,
+    /// beside what is no such image, images above MaxSide or MaxStorageSize, headers that claim
+    /// more than the file can hold, and images of more than 4096 x 4096 pixels and another 16 for
+    /// each byte of the file.
     int ReadFromFile(const wchar_t* path);
 
     /// Writes the image in the format that the name's extension calls for: ".png", in any case. The
-    /// file appears, or replaces an older one, only when it is complete. Non-zero on success;
-    /// otherwise an older file is unchanged. Fails for other extensions and without pixels.
+    /// file appears, or replaces an older one, only when it is complete. Returns non-zero on
+    /// success; otherwise an older file is unchanged. Fails for other extensions, without pixels
+    /// and when out of memory.
     [[nodiscard]] int WriteToFile(const wchar_t* path) const;
 };

@@ -11,7 +11,9 @@ class GK_Brep;
 class GK_Curve;
 
 /// Something that stands in a document: attributes and geometry. A document object is made from its
-/// attributes, given its geometry and handed to CKelvoDoc::AddObject.
+/// attributes, given its geometry and handed to CKelvoDoc::AddObject. Until then the maker owns it,
+/// and may do all that on any one thread; an object that is not handed over is simply destroyed.
+/// Setters throw std::bad_alloc when out of memory and leave the object as it was.
 class CKelvoObject : public GK_Object
 {
 public:
@@ -32,7 +34,7 @@ public:
     using CKelvoObject::CKelvoObject;
     ~CKelvoMeshObject() override;
 
-    /// Takes the mesh over.
+    /// Takes the mesh over in place of the one before.
     void SetMesh(std::unique_ptr<GK_Mesh> mesh);
     [[nodiscard]] GK_Mesh* Mesh() { return m_mesh.get(); }
     [[nodiscard]] const GK_Mesh* Mesh() const { return m_mesh.get(); }
@@ -47,7 +49,7 @@ public:
     explicit CKelvoCurveObject(const GK_MdxObjectAttributes& attributes);
     ~CKelvoCurveObject() override;
 
-    /// Takes the curve over.
+    /// Takes the curve over in place of the one before.
     void SetCurve(std::unique_ptr<GK_Curve> curve);
     [[nodiscard]] const GK_Curve* Curve() const { return m_curve.get(); }
 
@@ -75,7 +77,7 @@ public:
     explicit CKelvoBrepObject(const GK_MdxObjectAttributes& attributes);
     ~CKelvoBrepObject() override;
 
-    /// Takes the brep over.
+    /// Takes the brep over in place of the one before.
     void SetBrep(std::unique_ptr<GK_Brep> brep);
     [[nodiscard]] const GK_Brep* Brep() const { return m_brep.get(); }
 
@@ -85,7 +87,9 @@ private:
 
 /// Makes a brep usable: chains the trims of each loop by the ends that lie nearest, joins ends that
 /// meet within the tolerance, turns loops the right way, completes them along seams and poles of
-/// their surface, makes a face of each outer loop and drops loops that bound nothing. Loops,
-/// trims, edges and vertices get other indices. False when the brep cannot be used; it is then as
-/// it was and still the caller's. The host notes what was dropped or refused and why.
+/// their surface, makes a face of each outer loop and drops loops that bound nothing. Loops, trims,
+/// edges and vertices get other indices. Returns true when the brep can be added to a document with
+/// a tolerance (above 0) of this size. Returns false when it cannot be used; it is then as it was.
+/// It stays the caller's in any case. The host tells the user what was dropped or refused and why.
+/// User-interface thread only. Throws std::bad_alloc when out of memory.
 bool KelvoRepairBrep(GK_Brep& brep, double tolerance);

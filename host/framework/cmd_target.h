@@ -2,7 +2,8 @@
 
 #include <span>
 
-/// The root of the framework's classes.
+/// The root of the framework's classes. The module makes and owns all objects of the framework; all
+/// of their operations are for the user-interface thread.
 class CObject
 {
 public:
@@ -33,15 +34,16 @@ struct MessageMapEntry
 class CCmdTarget : public CObject
 {
 public:
-    /// Calls the handler that the message map gives. False when the map has none.
+    /// For the host: calls the handler that the message map names and returns true, or false when
+    /// the map names none. What the handler throws passes through.
     bool Dispatch(WindowMessage message, int controlId);
 
 protected:
-    /// The handlers of the class. The map lives as long as the module.
+    /// Returns the handlers of the class. The map lives as long as the module.
     [[nodiscard]] virtual std::span<const MessageMapEntry> MessageMap() const { return {}; }
 };
 
-/// Lines of a message map, for the operations of a class derived from CCmdTarget.
+/// Return lines of a message map, for the operations of a class derived from CCmdTarget.
 template <class Target>
 MessageMapEntry OnClick(int controlId, void (Target::*handler)())
 {

@@ -35,7 +35,8 @@ struct DialogControl
 };
 
 /// A dialog as a module's resource script describes it, controls in tab order. Used where the
-/// platform has no resources in modules. The fields come in the order of the script, which can be
+/// platform has no resources in modules. Constant data: texts and controls live as long as the
+/// module, and any thread may read them. The fields come in the order of the script, which can be
 /// included where one is initialised: see dialog_script.h.
 struct DialogTemplate
 {

@@ -4,8 +4,8 @@
 
 #include <span>
 
-/// Where the framework finds the resources of one module. A module has one, which lives as long as
-/// the module.
+/// Where the framework finds the resources of one module. A module has one, constant, which lives
+/// as long as the module.
 class CModuleState
 {
 public:
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const void* AddressInModule() const { return m_address; }
     [[nodiscard]] std::span<const DialogTemplate> Dialogs() const { return m_dialogs; }
 
-    /// The state that is current, or null when none is.
+    /// Returns the state that is current on the user-interface thread, or null when none is.
     static const CModuleState* Current();
 
 private:
@@ -28,6 +28,7 @@ private:
 };
 
 /// Makes a module's state current for as long as the object lives, then the one before it again.
+/// Scopes are nested. User-interface thread only; nothing here fails.
 class CModuleStateScope
 {
 public:

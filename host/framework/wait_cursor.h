@@ -1,6 +1,7 @@
 #pragma once
 
-/// Shows the wait cursor from its making to its end. May be nested: the cursor goes with the last.
+/// Shows the wait cursor, or whatever else tells the user that work goes on, for its lifetime. May
+/// be nested: the cursor disappears with the last. User-interface thread only; nothing here fails.
 class CWaitCursor
 {
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The framework's application object of a module. A module has one, as a global object; making it
-/// tells the host of it, destroying it withdraws it.
+/// The framework's application object of a module. A module has one, as a global object, which it
+/// owns: the constructor tells the host of it, the destructor withdraws it; neither throws.
 class CWinApp
 {
 public:
@@ -10,6 +10,7 @@ public:
     CWinApp& operator=(const CWinApp&) = delete;
     virtual ~CWinApp();
 
-    /// Called once after the module was loaded. False: the module cannot be used.
+    /// Called once, on the user-interface thread, after the module was loaded and before the
+    /// plug-in's load hook. Returns false when the module cannot be used; the host then unloads it.
     virtual bool InitInstance();
 };

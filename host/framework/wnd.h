@@ -2,36 +2,38 @@
 
 #include "host/framework/cmd_target.h"
 
-/// The host's own side of a window or control; a module never looks into it.
-class NativeControl;
-
 /// A window or a control of a dialog. A CWnd in a dialog class is attached to its control by the
 /// dialog's data exchange; until then, and after the dialog was closed, it stands for no window and
-/// its operations do nothing.
+/// its operations do nothing. Nothing here fails.
 class CWnd : public CCmdTarget
 {
 public:
+    /// The host's own side of a window or control, which only a host defines.
+    class Native;
+
     /// Lets the user operate the control, or not.
     void EnableWindow(bool enable);
 
-    /// False also when no window is attached.
+    /// Returns whether the user can operate the control; false also when no window is attached.
     [[nodiscard]] bool IsWindowEnabled() const;
 
-    /// For the host: which window this is from now on; null for none. The host owns it.
-    void Attach(NativeControl* control) { m_control = control; }
+    /// For the host: which window this is from now on; null for none. The host owns it, and takes
+    /// it back by null before it destroys it.
+    void Attach(Native* window) { m_window = window; }
 
 protected:
-    [[nodiscard]] NativeControl* Control() const { return m_control; }
+    /// For the host: the window that is attached, or null.
+    [[nodiscard]] Native* Window() const { return m_window; }
 
 private:
-    NativeControl* m_control = nullptr;
+    Native* m_window = nullptr;
 };
 
 /// A check box, radio button or push button.
 class CButton : public CWnd
 {
 public:
-    /// Whether the button is checked; false also when no button is attached.
+    /// Returns whether the button is checked; false also when no button is attached.
     [[nodiscard]] bool GetCheck() const;
 
     /// Checks or clears the button; its dialog gets no message. Other radio buttons stay as they

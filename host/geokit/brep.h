@@ -73,10 +73,13 @@ public:
 };
 
 /// A boundary representation: faces on surfaces, bounded by loops of trims along edges. It owns
-/// everything that it is given. Its parts name each other by their index.
+/// everything that it is given. Its parts name each other by their index, from 0; an index that is
+/// handed in must be one of the brep's unless an operation says otherwise.
 ///
-/// The references that the New... operations and the accessors give are good until the next part
-/// of the same kind is made; keep the index instead.
+/// The references that the New... operations and the accessors return are valid until the next part
+/// of the same kind is made or parts are removed; keep the index instead. Operations that make
+/// parts throw std::bad_alloc when out of memory. Any thread may use a brep, one thread at a time
+/// while it changes.
 class GK_Brep : public GK_Geometry
 {
 public:
@@ -87,7 +90,7 @@ public:
     GK_Brep& operator=(GK_Brep&&) = default;
     ~GK_Brep() override = default;
 
-    /// Takes a surface or curve over and gives its index.
+    /// Take a surface or curve over, which must not be null, and return its index.
     int AddSurface(std::unique_ptr<GK_Surface> surface);
     int AddTrimCurve(std::unique_ptr<GK_Curve> curve2d);
     int AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d);
@@ -99,35 +102,37 @@ public:
     /// Removes all faces with their loops, trims, edges, vertices and curves; the surfaces stay.
     void RemoveFaces();
 
-    /// A new face, without loops, on a surface of the brep.
+    /// Makes a new face, without loops, on a surface of the brep.
     GK_BrepFace& NewFace(int surfaceIndex);
 
-    /// A new loop, without trims, at the end of the face's loops.
+    /// Makes a new loop, without trims, at the end of the face's loops.
     GK_BrepLoop& NewLoop(GK_BrepLoop::TYPE type, GK_BrepFace& face);
 
+    /// Makes a new vertex.
     GK_BrepVertex& NewVertex(const GK_3dPoint& point, double tolerance);
 
-    /// A new edge from one vertex to another on a 3D curve of the brep, over the sub-domain (all
-    /// of it when null), which may be given in either direction and is cut to the curve's domain.
+    /// Makes a new edge from one vertex to another on a 3D curve of the brep, over the sub-domain
+    /// (all of it when null), which may be given in either direction and is cut to the curve's
+    /// domain.
     GK_BrepEdge& NewEdge(const GK_BrepVertex& start, const GK_BrepVertex& end, int curve3dIndex,
                          const GK_Interval* subdomain, double tolerance);
 
-    /// A new trim of the edge at the end of the loop, along all of a 2D curve of the brep. It goes
-    /// from the edge's start vertex to its end vertex, or back when `reversedOnEdge` is not 0.
+    /// Makes a new trim of the edge at the end of the loop, along all of a 2D curve of the brep. It
+    /// goes from the edge's start vertex to its end vertex, or back when `reversedOnEdge` is not 0.
     GK_BrepTrim& NewTrim(GK_BrepEdge& edge, int reversedOnEdge, GK_BrepLoop& loop,
                          int curve2dIndex);
 
-    /// A new trim without an edge, at the end of the loop, that stays at a vertex.
+    /// Makes a new trim without an edge, at the end of the loop, that stays at a vertex.
     GK_BrepTrim& NewSingularTrim(const GK_BrepVertex& vertex, GK_BrepLoop& loop, int curve2dIndex);
 
-    /// Gives a face an outer loop along its surface's boundary, counter-clockwise: four trims in
+    /// Adds to a face an outer loop along its surface's boundary, counter-clockwise: four trims in
     /// the order v lowest, u highest, v highest, u lowest. The two sides of a surface that is
     /// closed in a direction share one edge; a side that collapses to a point becomes a trim
     /// without an edge. The surface must be valid.
     ///
     /// `vertices` names existing vertices for the corners, counter-clockwise from both lowest,
     /// `edges` existing edges for the sides and `reversed` whether the loop runs against them; -1
-    /// has a new one made. The two arrays are filled in with what was used (-1: no edge). Gives
+    /// has a new one made. The two arrays are filled in with what was used (-1: no edge). Returns
     /// the loop, or null when the face does not exist or its surface is not valid.
     GK_BrepLoop* NewOuterLoop(int faceIndex, int vertices[4], int edges[4], bool reversed[4]);
 
@@ -140,7 +145,7 @@ public:
     [[nodiscard]] int EdgeCount() const { return m_edges.Count(); }
     [[nodiscard]] int VertexCount() const { return m_vertices.Count(); }
 
-    /// The surface or curve of an index; null when there is none.
+    /// Return the surface or curve of an index, which the brep owns; null when there is none.
     [[nodiscard]] GK_Surface* Surface(int index);
     [[nodiscard]] const GK_Surface* Surface(int index) const;
     [[nodiscard]] GK_Curve* TrimCurve(int index);
@@ -148,7 +153,7 @@ public:
     [[nodiscard]] GK_Curve* EdgeCurve(int index);
     [[nodiscard]] const GK_Curve* EdgeCurve(int index) const;
 
-    /// A part by its index, which must be one of the brep's.
+    /// Return a part by its index.
     [[nodiscard]] GK_BrepFace& Face(int index) { return m_faces[index]; }
     [[nodiscard]] const GK_BrepFace& Face(int index) const { return m_faces[index]; }
     [[nodiscard]] GK_BrepLoop& Loop(int index) { return m_loops[index]; }
@@ -171,9 +176,10 @@ public:
     };
 
     /// Removes parts, then the curves and surfaces that nothing uses any more, and numbers what is
-    /// left anew in the same order. What stays must not name what goes.
+    /// left again in the same order. What stays must not name what goes.
     void Keep(const Survivors& survivors);
 
+    /// Return the object as a brep, or null when it is none.
     static GK_Brep* Cast(GK_Object* object) { return dynamic_cast<GK_Brep*>(object); }
     static const GK_Brep* Cast(const GK_Object* object)
     {

@@ -3,8 +3,10 @@
 #include <utility>
 #include <vector>
 
-/// A growable array of objects. Growing may move them; references into the array do not survive it.
-/// Growing throws std::bad_alloc when there is no memory and then leaves the array unchanged.
+/// A growable array of objects, which it owns. Growing may move them; references into the array do
+/// not survive it. Growing throws std::bad_alloc when out of memory and then leaves the array
+/// unchanged. An index must be that of an element. Any thread may use an array, one thread at a
+/// time while it changes.
 template <class T>
 class GK_ClassArray
 {
@@ -18,7 +20,7 @@ public:
     T& operator[](int index) { return m_elements[static_cast<std::size_t>(index)]; }
     const T& operator[](int index) const { return m_elements[static_cast<std::size_t>(index)]; }
 
-    /// The last element, or null when there is none.
+    /// Returns the last element, or null when there is none.
     [[nodiscard]] T* Last() { return m_elements.empty() ? nullptr : &m_elements.back(); }
     [[nodiscard]] const T* Last() const
     {
@@ -27,7 +29,7 @@ public:
 
     void Append(T value) { m_elements.push_back(std::move(value)); }
 
-    /// Appends a default-made element and gives it.
+    /// Appends a default-made element and returns it.
     T& AppendNew() { return m_elements.emplace_back(); }
 
     void Remove(int index) { m_elements.erase(m_elements.begin() + index); }
@@ -37,7 +39,7 @@ public:
     /// Destroys the elements and keeps the room.
     void Empty() { m_elements.clear(); }
 
-    /// Destroys the elements and gives the room back.
+    /// Destroys the elements and releases the room.
     void Destroy() { std::vector<T>().swap(m_elements); }
 
     auto begin() { return m_elements.begin(); }

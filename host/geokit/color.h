@@ -2,17 +2,18 @@
 
 #include <cstdint>
 
-/// A colour of three 8-bit channels. A default-made one is black.
+/// A colour of three 8-bit channels, a plain value; nothing here fails. A default-made one is
+/// black.
 class GK_Color
 {
 public:
     GK_Color() = default;
     GK_Color(int red, int green, int blue) { SetRGB(red, green, blue); }
 
-    /// Takes values 0 to 255; what lies outside is clamped.
+    /// Sets values 0 to 255; what lies outside is clamped.
     void SetRGB(int red, int green, int blue);
 
-    /// Takes fractions 0 to 1, clamped and rounded to the nearest 255th, halves up. A value that is
+    /// Sets fractions 0 to 1, clamped and rounded to the nearest 255th, halves up. A value that is
     /// not a number counts as 0.
     void SetFractionalRGB(double red, double green, double blue);
 

@@ -31,36 +31,36 @@ struct GK_CurvePoint
 };
 
 /// A parameterised curve in space (dimension 3) or in the parameter plane of a surface (dimension
-/// 2; u is x, v is y).
+/// 2; u is x, v is y). Any thread may use a curve, one thread at a time while it changes.
 class GK_Curve : public GK_Geometry
 {
 public:
-    /// Coordinates per point: 2 or 3.
+    /// Returns the coordinates per point: 2 or 3.
     [[nodiscard]] virtual int Dimension() const = 0;
 
-    /// Order minus 1.
+    /// Returns the order minus 1.
     [[nodiscard]] virtual int Degree() const = 0;
 
-    /// Where the curve is defined, from its start to its end. Only the domain of a trim can run
-    /// downwards. [0, 0] while the curve has no knots.
+    /// Returns where the curve is defined, from its start to its end. Only the domain of a trim can
+    /// run downwards. [0, 0] while the curve has no knots.
     [[nodiscard]] virtual GK_Interval Domain() const = 0;
 
-    /// Gives the curve another domain and leaves its shape. False, and nothing changed, when the
-    /// curve cannot take it; a curve without knots never can.
+    /// Sets another domain, leaves the curve's shape and returns true. Returns false, with nothing
+    /// changed, when the curve cannot take it; a curve without knots never can.
     virtual bool SetDomain(double t0, double t1) = 0;
 
-    /// The point and derivative at a parameter; outside the domain the first or last span goes on.
-    /// The curve must be valid.
+    /// Returns the point and derivative at a parameter; outside the domain the first or last span
+    /// goes on. The curve must be valid.
     [[nodiscard]] virtual GK_CurvePoint Evaluate(double t) const = 0;
 
     /// Turns the curve's direction round; the domain keeps its lowest and highest value.
     virtual void Reverse() = 0;
 
-    /// False when the curve is not sound; `reason`, unless null, then says why as a clause ("the
-    /// curve has no knots").
+    /// Returns false when the curve is not sound; `reason`, unless null, then says why as a clause
+    /// ("the curve has no knots").
     [[nodiscard]] virtual bool IsValid(std::string* reason) const = 0;
 
-    /// A copy, which does not need this curve.
+    /// Returns a copy that is independent of this curve. Throws std::bad_alloc when out of memory.
     [[nodiscard]] virtual std::unique_ptr<GK_Curve> Duplicate() const = 0;
 
     /// Returns the curve as a B-spline: a B-spline itself (sharing its storage), another curve in
@@ -71,15 +71,16 @@ public:
     [[nodiscard]] bool IsValid() const { return IsValid(nullptr); }
     [[nodiscard]] GK_3dPoint PointAt(double t) const { return Evaluate(t).point; }
 
-    /// The point where the domain begins. The curve must be valid.
+    /// Returns the point where the domain begins. The curve must be valid.
     [[nodiscard]] GK_3dPoint PointAtStart() const { return PointAt(Domain()[0]); }
 
-    /// The point where the domain ends. The curve must be valid.
+    /// Returns the point where the domain ends. The curve must be valid.
     [[nodiscard]] GK_3dPoint PointAtEnd() const { return PointAt(Domain()[1]); }
 
-    /// The curve ends where it starts, but for rounding. The curve must be valid.
+    /// Returns whether the curve ends where it starts, but for rounding. The curve must be valid.
     [[nodiscard]] bool IsClosed() const;
 
+    /// Return the object as a curve, or null when it is none.
     static GK_Curve* Cast(GK_Object* object) { return dynamic_cast<GK_Curve*>(object); }
     static const GK_Curve* Cast(const GK_Object* object)
     {

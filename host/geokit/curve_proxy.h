@@ -10,7 +10,8 @@ public:
     GK_CurveProxy() = default;
     explicit GK_CurveProxy(const GK_Curve* curve);
 
-    /// The curve that this one is a part of, which must live as long as it is used; may be null.
+    /// Returns the curve that this one is a part of, which must live as long as it is used; may be
+    /// null.
     [[nodiscard]] const GK_Curve* ProxyCurve() const { return m_curve; }
 
     /// Points to another curve and takes on its domain.
@@ -25,7 +26,7 @@ public:
     [[nodiscard]] int Degree() const override;
     [[nodiscard]] GK_Interval Domain() const override { return m_domain; }
 
-    /// As SetDomain of the interval; true.
+    /// As SetDomain of the interval; always returns true.
     bool SetDomain(double t0, double t1) override;
 
     [[nodiscard]] GK_CurvePoint Evaluate(double t) const override;
@@ -33,11 +34,12 @@ public:
     /// Exchanges the ends of the domain; the other curve stays as it is.
     void Reverse() override;
 
-    /// The other curve is valid and the domain is not empty and within that curve's own.
+    /// Returns true when the other curve is valid and the domain is not empty and within that
+    /// curve's own.
     [[nodiscard]] bool IsValid(std::string* reason) const override;
     using GK_Curve::IsValid;
 
-    /// A proxy of the same curve.
+    /// Returns a proxy of the same curve.
     [[nodiscard]] std::unique_ptr<GK_Curve> Duplicate() const override;
 
     [[nodiscard]] GK_NurbsCurve AsBspline() const override;

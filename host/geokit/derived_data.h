@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-/// Something that was worked out from an object and is kept with it, to be used again while the
-/// object stays as it is. What it is, only the code that keeps it there knows.
+/// Something that the host has worked out from an object and keeps with it, to be used again while
+/// the object stays as it is. What it is, only the host knows; modules leave it alone.
 class GK_DerivedData
 {
 public:
@@ -36,7 +36,7 @@ public:
         return *this;
     }
 
-    /// The data, or null while there is none.
+    /// Returns the data, which the slot owns, or null while there is none.
     [[nodiscard]] GK_DerivedData* Get() const { return m_data.get(); }
 
     /// Takes data over in place of what is there; null empties the slot.

@@ -2,7 +2,7 @@
 
 #include "host/geokit/string.h"
 
-/// A group record.
+/// A group record, a plain value.
 struct GK_Group
 {
     GK_wString name;

@@ -1,6 +1,7 @@
 #pragma once
 
-/// A directed interval of parameters, from its first to its second end, which may be the smaller.
+/// A directed interval of parameters, from its first to its second end, which may be the smaller. A
+/// plain value; nothing here fails.
 class GK_Interval
 {
 public:
@@ -14,7 +15,7 @@ public:
     [[nodiscard]] bool IsIncreasing() const { return m_t[0] < m_t[1]; }
     [[nodiscard]] bool IsDecreasing() const { return m_t[0] > m_t[1]; }
 
-    /// The parameter at a fraction 0 to 1 of the way from the first end to the second.
+    /// Returns the parameter at a fraction 0 to 1 of the way from the first end to the second.
     [[nodiscard]] double ParameterAt(double fraction) const
     {
         return (1.0 - fraction) * m_t[0] + fraction * m_t[1];

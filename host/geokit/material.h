@@ -8,7 +8,9 @@
 #include <memory>
 
 /// How a surface looks: colours, shine, transparency and textures. Copies share all this but the
-/// transparent colour until one of them changes, since a table may hold one material many times.
+/// transparent colour until one of them changes, since a table may hold one material many times. A
+/// copy behaves as a deep one, and each copy may be used by a thread of its own. Setters throw
+/// std::bad_alloc when out of memory and leave the material as it was.
 class GK_Material
 {
 public:
@@ -29,18 +31,19 @@ public:
     /// The colour of light that passes through.
     GK_Color transparent{255, 255, 255};
 
-    /// The largest shine.
+    /// Returns the largest shine; above 0 and always the same.
     [[nodiscard]] static double MaxShine();
 
-    /// Kept within 0 to MaxShine(); what is not a number changes nothing.
+    /// Sets the shine, kept within 0 to MaxShine(); what is not a number changes nothing.
     void SetShine(double shine);
     [[nodiscard]] double Shine() const { return View().shine; }
 
-    /// 0 opaque to 1 clear, kept within; what is not a number changes nothing.
+    /// Sets the transparency, 0 opaque to 1 clear, kept within; what is not a number changes
+    /// nothing.
     void SetTransparency(double transparency);
     [[nodiscard]] double Transparency() const { return View().transparency; }
 
-    /// Appends a copy of the texture; gives its index.
+    /// Appends a copy of the texture and returns its index.
     int AddTexture(const GK_Texture& texture);
     [[nodiscard]] const GK_ClassArray<GK_Texture>& Textures() const { return View().textures; }
 

@@ -12,7 +12,7 @@
 #include <span>
 
 /// A triangle or quad by the indices of its mesh vertices; a triangle repeats its third index in
-/// the fourth place.
+/// the fourth place. A plain value; nothing here fails.
 struct GK_MeshFace
 {
     std::array<int, 4> vi{-1, -1, -1, -1};
@@ -20,13 +20,14 @@ struct GK_MeshFace
     [[nodiscard]] bool IsTriangle() const { return vi[2] == vi[3]; }
     [[nodiscard]] bool IsQuad() const { return vi[2] != vi[3]; }
 
-    /// All four indices are at least 0 and below `vertexCount`, and the three or four corners are
-    /// pairwise different both as indices and as positions.
+    /// Returns true when all four indices are at least 0 and below `vertexCount`, and the three or
+    /// four corners are pairwise different both as indices and as positions. `vertices` holds that
+    /// many positions.
     [[nodiscard]] bool IsValid(int vertexCount, const GK_3fPoint* vertices) const;
 
     /// Drops corners that repeat an earlier one, by index or position. When three or four are left
-    /// the face becomes that triangle or quad: true. Otherwise, or when an index is out of range,
-    /// it stays as it was: false.
+    /// the face becomes that triangle or quad; returns true. Otherwise, or when an index is out of
+    /// range, it stays as it was; returns false.
     bool Repair(int vertexCount, const GK_3fPoint* vertices);
 
     friend bool operator==(const GK_MeshFace&, const GK_MeshFace&) = default;
@@ -44,7 +45,7 @@ inline bool GK_MeshFace::IsValid(int vertexCount, const GK_3fPoint* vertices) co
     return c == d || (differ(d, a) && differ(d, b) && differ(d, c));
 }
 
-/// A look at one polygon of a mesh: its mesh vertices in order, and the indices of the mesh faces
+/// A view of one polygon of a mesh: its mesh vertices in order, and the indices of the mesh faces
 /// that together cover it. Valid until a polygon is added to its list or taken out.
 struct GK_MeshNgon
 {
@@ -59,17 +60,18 @@ struct GK_MeshConstNgon
     std::span<const int> fi;
 };
 
-/// The polygons of a mesh, kept end to end in one block.
+/// The polygons of a mesh, kept end to end in one block. Adding throws std::bad_alloc when out of
+/// memory. Any thread may use a list, one thread at a time while it changes.
 class GK_MeshNgonList
 {
 public:
     [[nodiscard]] int Count() const { return m_ngons.Count(); }
 
-    /// Adds a polygon of `vertexCount` vertices (3 or more) and `vertexCount` - 2 faces, all
-    /// indices -1 until they are set through the result.
+    /// Adds and returns a polygon of `vertexCount` vertices (3 or more) and `vertexCount` - 2
+    /// faces, all indices -1 until they are set through the result.
     GK_MeshNgon AddNgon(int vertexCount);
 
-    /// The polygon at `index`, which must be one of the list's.
+    /// Return the polygon at `index`, which must be one of the list's.
     [[nodiscard]] GK_MeshNgon Ngon(int index);
     [[nodiscard]] GK_MeshConstNgon Ngon(int index) const;
 
@@ -96,7 +98,8 @@ private:
 
 /// Which mesh vertices stand at the same place: those with equal single-precision positions are one
 /// topological vertex. A position with a coordinate that is not a number equals none, and -0 equals
-/// 0. Topological vertices are numbered by their lowest mesh vertex.
+/// 0. Topological vertices are numbered by their lowest mesh vertex. Constant once made: any number
+/// of threads may read it. The constructor throws std::bad_alloc when out of memory.
 class GK_MeshTopology
 {
 public:
@@ -104,7 +107,7 @@ public:
 
     [[nodiscard]] int VertexCount() const { return m_count; }
 
-    /// The topological vertex of a mesh vertex.
+    /// Returns the topological vertex of a mesh vertex.
     [[nodiscard]] int TopologicalVertex(int meshVertex) const { return m_vertexMap[meshVertex]; }
 
 private:
@@ -114,7 +117,9 @@ private:
 
 /// A polygon mesh. The per-vertex lists (normals, texture coordinates, surface parameters, colours)
 /// are either empty or as long as the vertex list once the mesh is complete; while it is being made
-/// they may be shorter.
+/// they may be shorter. It owns all its lists. Operations on all vertices or faces throw
+/// std::bad_alloc when out of memory; the mesh can then only be destroyed. Any thread may use a
+/// mesh, one thread at a time: also IsClosed, Volume and Topology may keep what they find out.
 class GK_Mesh : public GK_Geometry
 {
 public:
@@ -129,7 +134,7 @@ public:
     [[nodiscard]] int FaceCount() const { return faces.Count(); }
     [[nodiscard]] bool HasVertexNormals() const;
 
-    /// The double-precision vertices, which the mesh holds on to. While they are not marked valid
+    /// Return the double-precision vertices, which the mesh owns. While they are not marked valid
     /// they are whatever the maker of the mesh has put there.
     [[nodiscard]] GK_SimpleArray<GK_3dPoint>& DoublePrecisionVertices() { return m_dVertices; }
     [[nodiscard]] const GK_SimpleArray<GK_3dPoint>& DoublePrecisionVertices() const
@@ -137,19 +142,21 @@ public:
         return m_dVertices;
     }
 
-    /// Makes the single-precision vertices anew from the double-precision ones.
+    /// Makes the single-precision vertices again from the double-precision ones.
     void UpdateSinglePrecisionVertices();
 
     void SetDoublePrecisionVerticesAsValid() { m_dVerticesValid = true; }
     [[nodiscard]] bool DoublePrecisionVerticesAreValid() const { return m_dVerticesValid; }
 
-    /// The list of polygons, made when there is none yet; null when none can be had.
+    /// Returns the list of polygons, which the mesh owns, made when there is none yet; null when
+    /// none is available.
     [[nodiscard]] GK_MeshNgonList* ModifyNgonList();
 
-    /// The list of polygons, or null when the mesh never had one.
+    /// Returns the list of polygons, or null when the mesh never had one.
     [[nodiscard]] const GK_MeshNgonList* NgonList() const { return m_ngons.get(); }
 
-    /// Domains of the surface parameters and of the packed textures, direction 0 or 1.
+    /// Set and return the domains of the surface parameters and of the packed textures, direction 0
+    /// or 1.
     void SetSurfaceParameterDomain(int direction, const GK_Interval& domain);
     void SetPackedTextureDomain(int direction, const GK_Interval& domain);
     [[nodiscard]] const GK_Interval& SurfaceParameterDomain(int direction) const;
@@ -160,22 +167,22 @@ public:
     /// from the vertex count is dropped.
     void Compact();
 
-    /// The topology of the vertices as they are now. It is kept, and the reference holds, until a
+    /// Returns the topology of the vertices as they are now. The mesh owns it and keeps it until a
     /// member operation changes the vertices.
     [[nodiscard]] const GK_MeshTopology& Topology() const;
 
-    /// Gives every vertex the sum, made unit, of the unit normals of the faces that use it; (0, 0,
-    /// 1) where that is zero. The normal of a quad is the cross product of its diagonals. A face
-    /// without area, or whose area is not finite, adds nothing.
+    /// Sets as every vertex's normal the sum, made unit, of the unit normals of the faces that use
+    /// it; (0, 0, 1) where that is zero. The normal of a quad is the cross product of its
+    /// diagonals. A face without area, or whose area is not finite, adds nothing.
     void ComputeVertexNormals();
 
-    /// At least one face, and every edge between topological vertices belongs to two faces exactly.
-    /// False when a face names a vertex that is not there.
+    /// Returns true when there is at least one face and every edge between topological vertices
+    /// belongs to two faces exactly; false when a face names a vertex that is not there.
     [[nodiscard]] bool IsClosed() const;
 
-    /// The sum of the signed tetrahedra that the faces span with a point, a quad (a, b, c, d) taken
-    /// as (a, b, c) and (a, c, d): positive when a closed mesh faces outward. No estimate of the
-    /// error is made, so the second argument must be null.
+    /// Returns the sum of the signed tetrahedra that the faces span with a point, a quad (a, b, c,
+    /// d) taken as (a, b, c) and (a, c, d): positive when a closed mesh faces outward. No estimate
+    /// of the error is made, so the second argument must be null.
     [[nodiscard]] double Volume(const GK_3dPoint& basePoint, double* errorEstimate) const;
 
     /// Reverses every face and polygon, whose first corners stay the first, and negates the

@@ -9,7 +9,7 @@
 
 /// A B-spline surface in space, rational or not.
 ///
-/// Whoever makes the surface gives it its parts in any order; nothing is checked until IsValid is
+/// Whoever makes the surface sets its parts in any order; nothing is checked until IsValid is
 /// asked. In each direction a complete surface has order + count - 2 knots (no superfluous ends),
 /// and its domain goes from knot order - 2 to knot count - 1. Control points stand one after the
 /// other with u running fastest: coordinates (not multiplied by the weight), then the weight when
@@ -26,31 +26,32 @@ public:
     /// Doubles per control point: 3, or 4 when rational.
     [[nodiscard]] int ControlPointStride() const { return m_rational ? 4 : 3; }
 
-    /// The number of control points in a direction, as claimed; there may be fewer.
+    /// Returns the number of control points in a direction, as claimed; there may be fewer.
     [[nodiscard]] int ControlPointCount(int direction) const { return m_count[Index(direction)]; }
 
     /// Claims a number of control points in a direction. What stands in the array is not moved.
     void SetControlPointCount(int direction, int count);
 
-    /// The number of control points that there is room for.
+    /// Returns the number of control points that there is room for.
     [[nodiscard]] int ControlPointCapacity() const;
 
     /// Makes the control-point array at least `count` doubles long; new ones are GK_UNSET_VALUE.
-    /// Throws std::bad_alloc when there is no memory.
+    /// Throws std::bad_alloc when out of memory.
     void ReserveCVCapacity(int count);
 
-    /// Sets control point (i, j) from the layout that `style` names; one without a weight gets
-    /// weight 1 on a rational surface. False when there is no room for such a control point.
+    /// Sets control point (i, j) from the layout that `style` names, which is only read during the
+    /// call; one without a weight gets weight 1 on a rational surface. Returns false when there is
+    /// no room for such a control point.
     bool SetCV(int i, int j, GK::point_style style, const double* point);
 
-    /// A control point, which there must be room for, and its weight (1 when not rational).
+    /// Return a control point, which there must be room for, and its weight (1 when not rational).
     [[nodiscard]] GK_3dPoint ControlPoint(int i, int j) const;
     [[nodiscard]] double Weight(int i, int j) const;
 
-    /// The doubles of a control point, which there must be room for.
+    /// Returns the doubles of a control point, which there must be room for; the surface owns them.
     [[nodiscard]] const double* ControlPointValues(int i, int j) const;
 
-    /// The number of knots that a complete surface has in the direction; may be negative.
+    /// Returns the number of knots that a complete surface has in the direction; may be negative.
     [[nodiscard]] std::int64_t KnotCount(int direction) const;
 
     [[nodiscard]] const GK_SimpleArray<double>& Knots(int direction) const
@@ -64,17 +65,18 @@ public:
     [[nodiscard]] int Degree(int direction) const override;
     [[nodiscard]] GK_Interval Domain(int direction) const override;
 
-    /// Maps the direction's knots linearly. False when there is no domain or t0 is not below t1.
+    /// Maps the direction's knots linearly. Returns false when there is no domain or t0 is not
+    /// below t1.
     bool SetDomain(int direction, double t0, double t1) override;
 
     [[nodiscard]] GK_SurfacePoint Evaluate(double u, double v) const override;
 
-    /// A GK_NurbsCurve with the knots and order of the direction.
+    /// Returns a curve with the knots and order of the direction.
     [[nodiscard]] std::unique_ptr<GK_NurbsCurve> IsoCurve(int direction,
                                                           double parameter) const override;
 
-    /// What was worked out from the surface; empty at first, after every change, and in a copy.
-    /// Calls that use it on one surface must not overlap.
+    /// For the host: what it has worked out from the surface; empty at first, after every change,
+    /// and in a copy.
     [[nodiscard]] GK_DerivedDataSlot& DerivedData() const { return m_derivedData; }
 
     /// As GK_NurbsCurve::IsValid, in both directions.
@@ -110,8 +112,8 @@ private:
     GK_SimpleArray<double> m_controlPoints;
     std::array<GK_SimpleArray<double>, 2> m_knots;
 
-    // Trimming asks for every trim whether the surface is valid, and knots may be given anew
-    // between two trims: a large net, and the knots of the other direction, are looked over once.
+    // Trimming asks for every trim whether the surface is valid, and knots may be set again
+    // between two trims: a large net, and the knots of the other direction, are checked once.
     mutable Validity m_validity = Validity::Unknown;
     mutable std::array<Validity, 2> m_knotValidity{};
     mutable std::int64_t m_soundPoints = 0; ///< so many control points, from the first on

@@ -1,6 +1,7 @@
 #pragma once
 
-/// The root of everything that the kernel and the host keep by pointer.
+/// The root of everything that the kernel and the host keep by pointer. Who owns an object destroys
+/// it through this class.
 class GK_Object
 {
 public:

@@ -18,7 +18,9 @@ enum object_material_source
 } // namespace GK
 
 /// What an object carries beside its geometry. Indices are those of the document's tables; -1 is
-/// none. Copies share the name and the groups until one of them changes.
+/// none. Copies share the name and the groups until one of them changes; a copy behaves as a deep
+/// one, and each copy may be used by a thread of its own. Operations that add throw std::bad_alloc
+/// when out of memory and leave the attributes as they were.
 class GK_MdxObjectAttributes
 {
 public:
@@ -34,10 +36,10 @@ public:
     /// Adds the object to a group once; a second time changes nothing.
     void AddToGroup(int groupIndex);
 
-    /// The groups in the order of adding.
+    /// Returns the groups in the order of adding; valid until the attributes change.
     [[nodiscard]] const std::vector<int>& Groups() const;
 
-    /// Every group is one of the first `count`.
+    /// Returns true when every group is one of the first `count`.
     [[nodiscard]] bool GroupsAreBelow(int count) const;
 
     void SetMaterialSource(GK::object_material_source source) { m_materialSource = source; }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// Points and vectors are plain values: `d` types hold doubles, `f` types single precision. Lengths
-/// are in the unit of the document. A default-made one is zero.
+/// are in the unit of the document. A default-made one is zero. Nothing here fails.
 
 struct GK_2dPoint
 {
@@ -69,13 +69,14 @@ struct GK_3fVector
 
     friend bool operator==(const GK_3fVector&, const GK_3fVector&) = default;
 
-    /// Exactly zero in all three; -0 counts as 0.
+    /// Returns true when exactly zero in all three; -0 counts as 0.
     [[nodiscard]] bool IsZero() const { return x == 0.0F && y == 0.0F && z == 0.0F; }
 
-    /// The length differs from 1 by no more than single precision explains.
+    /// Returns true when the length differs from 1 by no more than single precision explains.
     [[nodiscard]] bool IsUnitVector() const;
 
-    /// Makes the length 1. False, and unchanged, when the vector is zero or not finite.
+    /// Makes the length 1 and returns true. Returns false, with the vector unchanged, when it is
+    /// zero or not finite.
     bool Unitize();
 
     GK_3fVector& operator+=(const GK_3fVector& other)

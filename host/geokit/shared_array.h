@@ -9,10 +9,11 @@
 
 /// An array of plain values whose copies share one storage until one of them is written: copying
 /// takes neither time nor room, however many values there are. A copy behaves as a deep one.
+/// Writing throws std::bad_alloc when out of memory and then leaves the array as it was.
 ///
 /// Whatever can change values (every operation that is not const, the non-const `Array`, `begin`,
 /// `end` and operators included) first gives the array a storage of its own when others share it.
-/// Read through a const array: that never copies and is fast. A pointer or reference is good until
+/// Read through a const array: that never copies and is fast. A pointer or reference is valid until
 /// the array is written, or copied and then written.
 ///
 /// Copies may be used by several threads, as copies of a std::shared_ptr may: each copy by one
@@ -55,7 +56,7 @@ public:
     [[nodiscard]] int Count() const { return m_storage == nullptr ? 0 : m_storage->values.Count(); }
     [[nodiscard]] bool IsEmpty() const { return Count() == 0; }
 
-    /// The first value's address; null when there is none.
+    /// Returns the first value's address; null when there is none.
     [[nodiscard]] const T* Array() const
     {
         return m_storage == nullptr ? nullptr : std::as_const(m_storage->values).Array();
@@ -85,7 +86,7 @@ public:
     /// Changes the count. Values that come in are value-initialised.
     void SetCount(int count) { Own().SetCount(count); }
 
-    /// Forgets the values, and the storage unless others share it.
+    /// Removes the values, and releases the storage unless others share it.
     void Destroy()
     {
         Storage* storage = std::exchange(m_storage, nullptr);
@@ -93,8 +94,8 @@ public:
             delete storage;
     }
 
-    /// What two arrays have in common when they share one storage; null when there is none. It
-    /// stands for the values as long as an array that nobody writes keeps the storage alive.
+    /// Returns what two arrays have in common when they share one storage; null when there is none.
+    /// It stands for the values as long as an array that nobody writes keeps the storage alive.
     [[nodiscard]] const void* Identity() const { return m_storage; }
 
     /// A mark that a reader may leave with the values, to find there for example that it has

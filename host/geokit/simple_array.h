@@ -11,8 +11,10 @@
 #include <utility>
 
 /// A growable array of plain values, kept in one block of the kernel's allocator. Elements are
-/// moved as bytes when the array grows. Growing throws std::bad_alloc when there is no memory, or
-/// when more elements than an int can count would be needed, and then leaves the array unchanged.
+/// moved as bytes when the array grows. Growing throws std::bad_alloc when out of memory, or when
+/// more elements than an int can count would be needed, and then leaves the array unchanged. The
+/// array owns its elements; an address is valid until it grows or shrinks. An index must be that of
+/// an element. Any thread may use an array, one thread at a time while it changes.
 template <class T>
 class GK_SimpleArray
 {
@@ -55,14 +57,14 @@ public:
     [[nodiscard]] int Capacity() const { return m_capacity; }
     [[nodiscard]] bool IsEmpty() const { return m_count == 0; }
 
-    /// The first element's address; null while nothing was ever reserved.
+    /// Returns the first element's address; null while nothing was ever reserved.
     [[nodiscard]] T* Array() { return m_elements; }
     [[nodiscard]] const T* Array() const { return m_elements; }
 
     T& operator[](int index) { return m_elements[index]; }
     const T& operator[](int index) const { return m_elements[index]; }
 
-    /// The last element, or null when there is none.
+    /// Returns the last element, or null when there is none.
     [[nodiscard]] T* Last() { return m_count > 0 ? m_elements + m_count - 1 : nullptr; }
     [[nodiscard]] const T* Last() const { return m_count > 0 ? m_elements + m_count - 1 : nullptr; }
 
@@ -82,7 +84,7 @@ public:
                         sizeof(T) * static_cast<std::size_t>(count));
     }
 
-    /// Appends `count` (0 or more) elements whose values are yet to be set; gives the address of
+    /// Appends `count` (0 or more) elements whose values are yet to be set; returns the address of
     /// the first.
     T* AppendUnset(int count)
     {
@@ -110,7 +112,7 @@ public:
         m_count = count;
     }
 
-    /// Gives back the room that no element uses.
+    /// Releases the room that no element uses.
     void Shrink()
     {
         if (m_count == 0)
@@ -119,10 +121,10 @@ public:
             Reallocate(m_count);
     }
 
-    /// Forgets the elements and keeps the room.
+    /// Removes the elements and keeps the room.
     void Empty() { m_count = 0; }
 
-    /// Forgets the elements and gives the room back.
+    /// Removes the elements and releases the room.
     void Destroy()
     {
         GK_Free(m_elements);

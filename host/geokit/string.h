@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
-/// An 8-bit string: names as they stand in a file.
+/// An 8-bit string: names as they stand in a file. Any thread may use a string, one thread at a
+/// time while it changes. Operations that lengthen a string throw std::bad_alloc when out of memory
+/// and leave it as it was.
 class GK_String
 {
 public:
@@ -19,11 +21,11 @@ public:
     [[nodiscard]] int Length() const { return static_cast<int>(m_text.size()); }
     [[nodiscard]] bool IsEmpty() const { return m_text.empty(); }
 
-    /// The zero-terminated text, valid until the string changes.
+    /// Returns the zero-terminated text, valid until the string changes.
     [[nodiscard]] const char* Array() const { return m_text.c_str(); }
     [[nodiscard]] std::string_view View() const { return m_text; }
 
-    /// Forgets the text and keeps the room.
+    /// Removes the text and keeps the room.
     void Empty() { m_text.clear(); }
 
     GK_String& operator+=(std::string_view text)
@@ -46,7 +48,8 @@ private:
 
 /// A wide string: texts shown to the user, file paths, names in a document. On the product's
 /// platform it holds UTF-16, elsewhere UTF-32, as the platform's wide character does. Copies share
-/// the text until one of them changes, so that a name costs its length once, however many carry it.
+/// the text until one of them changes, so that a name costs its length once, however many carry it;
+/// each copy may be used by a thread of its own. Failure is as for GK_String.
 class GK_wString
 {
 public:
@@ -64,27 +67,27 @@ public:
     [[nodiscard]] int Length() const { return static_cast<int>(View().size()); }
     [[nodiscard]] bool IsEmpty() const { return View().empty(); }
 
-    /// The zero-terminated text, valid until the string changes.
+    /// Returns the zero-terminated text, valid until the string changes.
     [[nodiscard]] const wchar_t* Array() const { return m_text ? m_text->c_str() : L""; }
     [[nodiscard]] std::wstring_view View() const
     {
         return m_text ? std::wstring_view(*m_text) : std::wstring_view();
     }
 
-    /// The text as UTF-8; an unpaired surrogate becomes U+FFFD.
+    /// Returns the text as UTF-8; an unpaired surrogate becomes U+FFFD.
     [[nodiscard]] std::string Utf8() const;
 
     void Empty() { m_text.reset(); }
 
     GK_wString& operator+=(std::wstring_view text);
 
-    /// Position of the last such character, or -1.
+    /// Returns the position of the last such character, or -1.
     [[nodiscard]] int ReverseFind(wchar_t character) const;
 
-    /// The first `count` characters; empty for a count of 0 or less.
+    /// Returns the first `count` characters; empty for a count of 0 or less.
     [[nodiscard]] GK_wString Left(int count) const;
 
-    /// Puts `to` in place of every `from`; gives how many there were.
+    /// Puts `to` in place of every `from` and returns how many there were.
     int Replace(wchar_t from, wchar_t to);
 
     friend bool operator==(const GK_wString& a, const GK_wString& b)

@@ -2,7 +2,8 @@
 
 #include "host/geokit/string.h"
 
-/// An image that a material shows. A default-made one is on, with a blend of 1 and no file.
+/// An image that a material shows, a plain value. A default-made one is on, with a blend of 1 and
+/// no file.
 struct GK_Texture
 {
     enum class TYPE

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string>
 
-/// A universally unique id, its sixteen bytes in the order in which its text shows them.
+/// A universally unique id, a plain value, its sixteen bytes in the order in which its text shows
+/// them.
 struct GK_UUID
 {
     std::array<std::uint8_t, 16> bytes{};
@@ -15,5 +16,5 @@ struct GK_UUID
 /// The id of nothing: all bytes zero.
 inline constexpr GK_UUID GK_nil_uuid{};
 
-/// The usual text, 8-4-4-4-12 upper-case hexadecimal digits.
+/// Returns the usual text, 8-4-4-4-12 upper-case hexadecimal digits.
 [[nodiscard]] std::string GK_UuidToString(const GK_UUID& id);

@@ -3,7 +3,7 @@
 #include "host/geokit/point.h"
 
 /// A transform of points as a 4 x 4 matrix that is multiplied from the left: row by column. A
-/// default-made one is the identity.
+/// default-made one is the identity. A plain value; nothing here fails.
 struct GK_Xform
 {
     double m[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};

@@ -11,6 +11,6 @@ struct PathParts
     std::wstring_view ext;   ///< from the last '.' of the name on
 };
 
-/// Splits a path by the rules of `_wsplitpath`, without its limits on length. The parts are looks
-/// into `path`.
+/// Returns the parts of a path by the rules of `_wsplitpath`, without its limits on length. The
+/// parts are views of `path`. Any thread; never fails.
 PathParts SplitPath(std::wstring_view path);

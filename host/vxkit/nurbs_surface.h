@@ -2,7 +2,7 @@
 
 #include "host/geokit/nurbs_surface.h"
 
-/// The toolkit's B-spline surface.
+/// The toolkit's B-spline surface; all is as for the kernel's.
 class VX_NurbsSurface : public GK_NurbsSurface
 {
 public:
@@ -14,16 +14,18 @@ public:
     /// precision allows where that is coarser. It has 200,000 control points at most. Where the
     /// surface is closed, a 2D curve that leaves the domain comes in again on the other side.
     ///
-    /// Null when the 2D curve or the surface is not valid, the sub-domain is empty or reaches
-    /// farther out of the curve's domain, the image is not finite, or staying within the tolerance
-    /// takes too much: for one curve, or for all curves of an import together. Then the reason goes
-    /// to GK_Error with the source "pushup", each once in an import.
+    /// Returns null when the 2D curve or the surface is not valid, the sub-domain is empty or
+    /// reaches farther out of the curve's domain, the image is not finite, or staying within the
+    /// tolerance takes too much: for one curve, or for all curves of an import together. Then the
+    /// reason goes to GK_Error with the source "pushup", each once in an import. User-interface
+    /// thread only. Throws std::bad_alloc when out of memory.
     ///
     /// Equal calls are remembered until the surface changes: they cost little, and what they return
-    /// shares its storage. Calls on one surface must not overlap.
+    /// shares its storage.
     [[nodiscard]] virtual std::unique_ptr<GK_Curve>
     Pushup(const GK_Curve& curve2d, double tolerance, const GK_Interval* subdomain) const;
 
+    /// Return the object as a surface of the toolkit, or null when it is none.
     static VX_NurbsSurface* Cast(GK_Object* object)
     {
         return dynamic_cast<VX_NurbsSurface*>(object);
