@@ -42,8 +42,8 @@ GK_SimpleArray<int> SortByComparing(std::span<const V_TN_IDX> corners)
     return order;
 }
 
-/// Distributes the corners to their vertices, which leaves only the few corners of each vertex to be
-/// sorted. The faces of a record mostly use most of its vertices, so the table is well filled.
+/// Distributes the corners to their vertices, which leaves only the few corners of each vertex to
+/// be sorted. The faces of a record mostly use most of its vertices, so the table is well filled.
 GK_SimpleArray<int> SortByVertex(std::span<const V_TN_IDX> corners, const VertexRange& range)
 {
     const auto slot = [&range](const V_TN_IDX& corner) {

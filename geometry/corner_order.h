@@ -6,6 +6,6 @@
 
 #include <span>
 
-/// The positions of the corners in the order of CompareCorners; equal corners in the order in which
-/// they stand. The corners must count less than 2^31.
+/// Returns the positions of the corners in the order of CompareCorners; equal corners in the order
+/// in which they stand. The corners must count less than 2^31.
 GK_SimpleArray<int> SortCorners(std::span<const V_TN_IDX> corners);

@@ -1,6 +1,7 @@
 #include "geometry/document_objects.h"
 
 #include "geometry/finish_mesh.h"
+#include "geometry/freeform_curve.h"
 #include "geometry/out_of_memory.h"
 
 #include <new>
@@ -48,8 +49,9 @@ void AddNaturalOuterLoop(GK_Brep& brep)
 } // namespace
 
 DocumentObjects::DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc)
-    : m_file(file), m_choices(choices), m_doc(doc), m_objectAttributes(file, choices, doc),
-      m_meshes(file.lists), m_breps(file.lists, file.trimCurves, doc.AbsoluteTolerance())
+    : m_file(file), m_choices(choices), m_doc(doc), m_tolerance(doc.AbsoluteTolerance()),
+      m_objectAttributes(file, choices, doc), m_meshes(file.lists),
+      m_breps(file.lists, file.trimCurves, m_tolerance)
 {
 }
 
@@ -106,9 +108,13 @@ void DocumentObjects::AddMesh(Geometry& geometry)
 
 void DocumentObjects::AddCurves(Geometry& geometry)
 {
-    for (CurveData& curve : geometry.curves)
-        m_result = AddObjectOf(MakeCurve(curve), &CKelvoCurveObject::SetCurve, m_doc, m_attributes);
-    geometry.curves = {};
+    std::vector<CurveData> curves = std::move(geometry.curves);
+    for (CurveData& curve : curves) {
+        const auto add = [&] {
+            return AddObjectOf(MakeCurve(curve), &CKelvoCurveObject::SetCurve, m_doc, m_attributes);
+        };
+        m_result = MakeOrSayWhy(add, m_attributes);
+    }
 }
 
 void DocumentObjects::AddPoints(const Geometry& geometry)
@@ -137,15 +143,20 @@ bool DocumentObjects::AddPointCloud(std::span<const int> indices)
 
 void DocumentObjects::AddBreps(Geometry& geometry)
 {
-    for (SurfaceData& surface : geometry.surfaces) {
+    std::vector<SurfaceData> surfaces = std::move(geometry.surfaces);
+    for (SurfaceData& surface : surfaces) {
         const auto add = [&] {
-            std::unique_ptr<VX_Brep> brep = m_breps.MakeBrep(surface);
-            surface = {};
-            if (brep->FaceCount() > 0 && brep->Face(0).LoopCount() == 0)
-                AddNaturalOuterLoop(*brep);
-            return KelvoRepairBrep(*brep, m_doc.AbsoluteTolerance()) &&
-                   AddObjectOf(std::move(brep), &CKelvoBrepObject::SetBrep, m_doc, m_attributes);
+            const SurfaceData data = std::move(surface);
+            return AddBrep(m_breps.MakeBrep(data));
         };
         m_result = MakeOrSayWhy(add, m_attributes);
     }
+}
+
+bool DocumentObjects::AddBrep(std::unique_ptr<VX_Brep> brep)
+{
+    if (brep->FaceCount() > 0 && brep->Face(0).LoopCount() == 0)
+        AddNaturalOuterLoop(*brep);
+    return KelvoRepairBrep(*brep, m_tolerance) &&
+           AddObjectOf(std::move(brep), &CKelvoBrepObject::SetBrep, m_doc, m_attributes);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "geometry/freeform_objects.h"
+#include "geometry/brep_builder.h"
 #include "geometry/mesh_builder.h"
 #include "geometry/object_attributes.h"
 
-/// Adds what a file has given to a document.
+#include <span>
+
+/// Adds what a file holds to a document.
 class DocumentObjects
 {
 public:
@@ -21,11 +23,13 @@ private:
     void AddCurves(Geometry& geometry);
     void AddPoints(const Geometry& geometry);
     void AddBreps(Geometry& geometry);
+    bool AddBrep(std::unique_ptr<VX_Brep> brep);
     bool AddPointCloud(std::span<const int> indices);
 
     ObjFile& m_file;
     const ImportChoices& m_choices;
     CKelvoDoc& m_doc;
+    double m_tolerance;
     ObjectAttributes m_objectAttributes;
     MeshBuilder m_meshes;
     BrepBuilder m_breps;

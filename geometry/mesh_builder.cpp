@@ -5,7 +5,7 @@
 #include "host/geokit/error.h"
 #include "host/vxkit/triangulate.h"
 
-#include <array>
+#include <algorithm>
 
 namespace {
 

@@ -16,7 +16,7 @@ public:
         m_sumOfPlace.SetCount(m_topology.VertexCount());
         for (int i = mesh.normals.Count() - 1; i >= 0; --i) {
             if (mesh.normals[i].IsZero())
-                m_sumsBehind.Append(Sum(i));
+                m_sumsAfter.Append(Sum(i));
             Add(i);
         }
         std::fill(m_sumOfPlace.begin(), m_sumOfPlace.end(), GK_3dVector());
@@ -26,8 +26,8 @@ public:
     /// it must have been added, as they are by now.
     GK_3fVector TakeSum(int vertex)
     {
-        const GK_3dVector sum = Sum(vertex) + *m_sumsBehind.Last();
-        m_sumsBehind.SetCount(m_sumsBehind.Count() - 1);
+        const GK_3dVector sum = Sum(vertex) + *m_sumsAfter.Last();
+        m_sumsAfter.SetCount(m_sumsAfter.Count() - 1);
         return {static_cast<float>(sum.x), static_cast<float>(sum.y), static_cast<float>(sum.z)};
     }
 
@@ -43,7 +43,7 @@ private:
     const GK_Mesh& m_mesh;
     const GK_MeshTopology& m_topology;
     GK_SimpleArray<GK_3dVector> m_sumOfPlace;
-    GK_SimpleArray<GK_3dVector> m_sumsBehind; ///< that of the first zero normal last
+    GK_SimpleArray<GK_3dVector> m_sumsAfter; ///< that of the first zero normal last
 };
 
 void MakeUnit(GK_3fVector& normal)

@@ -21,13 +21,18 @@ bool ObjectAttributes::MakeAttributes(const Group_Object& record,
         SetName(attributes, sameNames && hasNames ? m_file.groupNames[names][0] : record.groupName);
         return true;
     }
-    if (hasNames) {
+    if (hasNames && GroupNamesMatter()) {
         EnterGroupNames(record);
         attributes = m_entered[names].attributes;
     }
     if (m_choices.UseONames)
         SetName(attributes, record.objectName);
     return true;
+}
+
+bool ObjectAttributes::GroupNamesMatter() const
+{
+    return m_choices.HowToAddGs == AsGroups || m_choices.HowToAddGs == AsLayers;
 }
 
 /// Sets the name of objects, which records that follow each other often share.
@@ -41,7 +46,7 @@ void ObjectAttributes::SetName(GK_MdxObjectAttributes& attributes, const GK_Stri
 
 void ObjectAttributes::EnterGroupNames(const Group_Object& record)
 {
-    if (record.groupNames < 0)
+    if (record.groupNames < 0 || !GroupNamesMatter())
         return;
     m_entered.resize(m_file.groupNames.size());
     EnteredNames& names = m_entered[static_cast<std::size_t>(record.groupNames)];

@@ -34,6 +34,7 @@ private:
         GK_MdxObjectAttributes attributes; ///< layer and groups of the objects under these names
     };
 
+    [[nodiscard]] bool GroupNamesMatter() const;
     void SetName(GK_MdxObjectAttributes& attributes, const GK_String* name);
     int FindOrAddGroup(const GK_wString& name);
     int FindOrAddLayer(const GK_wString& name, GK_UUID& parentId);

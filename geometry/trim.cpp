@@ -1,6 +1,7 @@
-#include "geometry/freeform_objects.h"
+#include "geometry/brep_builder.h"
+#include "geometry/freeform_curve.h"
 
-/// A "curv2" curve of the file. Copies of it share its storage.
+/// Returns a "curv2" curve of the file. Copies of it share its storage.
 const VX_NurbsCurve& BrepBuilder::TrimCurve(int index)
 {
     const auto place = static_cast<std::size_t>(index);

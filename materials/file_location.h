@@ -20,8 +20,8 @@ private:
     GK_wString m_folder; ///< with its drive and final slash
 };
 
-/// A file name that says where the file is: drive, folder, name and extension are all there.
+/// Whether a file name says where the file is: drive, folder, name and extension are all there.
 bool IsFullFileName(std::wstring_view name);
 
-/// No part of the name is longer than the product's platform allows.
+/// Whether no part of the name is longer than the product's platform allows.
 bool HasShortParts(std::wstring_view name);

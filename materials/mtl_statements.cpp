@@ -1,5 +1,7 @@
 #include "materials/mtl_statements.h"
 
+#include "objreader/keyword.h"
+
 #include <algorithm>
 #include <array>
 
@@ -37,11 +39,6 @@ constexpr std::array Rows{
     Row{"map_bump", Match::Shortened, MtlStatement::BumpTexture},
     Row{"bump", Match::Shortened, MtlStatement::SpacedBumpTexture},
 };
-
-constexpr char Lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool Matches(std::string_view keyword, const Row& row)
 {

@@ -5,11 +5,10 @@
 #include "objreader/statements.h"
 
 #include <cstdint>
-#include <limits>
 
 namespace {
 
-/// The length of the list that a field of a corner refers to.
+/// Returns the length of the list that a field of a corner refers to.
 int ListLength(const VertexLists& lists, BadField field)
 {
     if (field == BadFieldVertex)

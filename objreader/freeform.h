@@ -37,7 +37,7 @@ struct FreeformAttributes
     bool parmVSet = false;
 };
 
-/// A "curv" or "curv2" curve as far as its statements have given it; nothing is checked.
+/// A "curv" or "curv2" curve as far as its statements could be read; nothing is checked.
 struct CurveData
 {
     int dimension =
@@ -69,9 +69,11 @@ struct SurfaceStep
 {
     enum Kind : int
     {
-        Knots,     ///< "parm"
-        OuterLoop, ///< "trim"
-        InnerLoop  ///< "hole"
+        Knots,      ///< "parm" of a B-spline
+        PatchKnots, ///< "parm" of a Bezier patch: two values, each a knot as often as the degree
+                    ///< says
+        OuterLoop,  ///< "trim"
+        InnerLoop   ///< "hole"
     };
 
     /// Instead of a control-point count: the knots could not be read, and the old count stays.
@@ -79,20 +81,20 @@ struct SurfaceStep
 
     Kind kind = Knots;
     int direction = 0;         ///< of knots
-    int valueCount = 0;        ///< how many knots, or trims, follow in the surface's list
+    int valueCount = 0;        ///< how many values, or trims, follow in the surface's list
     int controlPointCount = 0; ///< that the knots claim, or CountStays
     bool completes = false; ///< with these knots the surface has both directions, and gets a face
 };
 
-/// A surface as its statements have given it; nothing is checked. What followed "surf" is kept in
-/// the order of the file, since knots may be given again between two loops.
+/// A surface as far as its statements could be read; nothing is checked. What followed "surf" is
+/// kept in the order of the file, since knots may be given again between two loops.
 struct SurfaceData
 {
     bool rational = false;
     std::array<int, 2> order{};     ///< degree + 1, in u and v
     GK_SimpleArray<int> surfaceCVs; ///< the positions that the statement names, u running fastest
     GK_SimpleArray<SurfaceStep> steps; ///< which take their values from the next two, in order
-    GK_SimpleArray<double> knots;
+    GK_SimpleArray<double> values;     ///< of knots
     GK_SimpleArray<TrimData> trims;
     int faceCount = 0; ///< how many steps complete it
 };

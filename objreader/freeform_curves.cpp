@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 namespace {
 
@@ -49,7 +50,7 @@ bool ReadControlPoints(ObjReading& reading, CurveData& curve, int firstToken)
     return true;
 }
 
-/// The curve that "parm" applies to, or null.
+/// Returns the curve that "parm" applies to, or null.
 CurveData* CurrentCurve(ObjReading& reading)
 {
     if (reading.freeform.freeformKind == FreeformParamCurve)
@@ -60,7 +61,7 @@ CurveData* CurrentCurve(ObjReading& reading)
     return curves.empty() ? nullptr : &curves.back();
 }
 
-/// Files have one knot more at either end than the kernel.
+/// Reads knots, of which files have one more at either end than the kernel.
 bool ReadBSplineKnots(ObjReading& reading, CurveData& curve)
 {
     const CObjLineTokenizer& tokenizer = reading.tokenizer;
@@ -81,7 +82,7 @@ bool ReadBSplineKnots(ObjReading& reading, CurveData& curve)
     return true;
 }
 
-/// Every value counts as often as the degree says.
+/// Reads knots, each of which counts as often as the degree says.
 void ReadBezierKnots(const CObjLineTokenizer& tokenizer, CurveData& curve)
 {
     GK_SimpleArray<double> values;
@@ -166,7 +167,7 @@ bool ReadDegree(ObjReading& reading)
     return tokenCount == 2 || ReadInteger(tokenizer.Token(2), freeform.degreeV);
 }
 
-/// The curve is kept from its statement's first look on, whatever is wrong with the rest.
+/// The curve is kept, whatever is wrong with the rest of its statement.
 bool ReadCurve(ObjReading& reading, bool bParameterSpace)
 {
     const CObjLineTokenizer& tokenizer = reading.tokenizer;

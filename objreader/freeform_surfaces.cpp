@@ -13,14 +13,14 @@ namespace {
 constexpr int FirstIndexToken = 5; ///< of "surf", after the keyword and the domain
 constexpr int FirstParmToken = 2;  ///< of "parm", after the keyword and the direction
 
-/// The number of control points that belongs to a number of knots.
+/// Returns the number of control points that belongs to a number of knots.
 int ControlPointCount(std::int64_t knotCount, int order)
 {
     return static_cast<int>(
         std::clamp<std::int64_t>(knotCount - order + 2, 0, std::numeric_limits<int>::max()));
 }
 
-/// The surface gets knots, control points and a face from the "parm" statements that follow.
+/// Begins a surface, which gets knots and a face from the "parm" statements that follow.
 bool NewSurface(ObjReading& reading)
 {
     const CObjLineTokenizer& tokenizer = reading.tokenizer;
@@ -46,12 +46,12 @@ bool NewSurface(ObjReading& reading)
     return true;
 }
 
-/// Files have one knot more at either end than the kernel. Knots that cannot be read stay as they
-/// are, and so does the number of control points.
+/// Reads knots, of which files have one more at either end than the kernel. Knots that cannot be
+/// read stay as they are, and so does the number of control points.
 bool ReadBSplineKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, SurfaceStep& step)
 {
     step.valueCount = std::max(tokenizer.TokenCount() - FirstParmToken - 2, 0);
-    double* const knots = surface.knots.AppendUnset(step.valueCount);
+    double* const knots = surface.values.AppendUnset(step.valueCount);
     std::fill_n(knots, step.valueCount, 0.0);
     for (int i = 0; i < step.valueCount; ++i)
         if (!ReadReal(tokenizer.Token(FirstParmToken + 1 + i), knots[i]))
@@ -61,7 +61,7 @@ bool ReadBSplineKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, 
     return true;
 }
 
-/// One patch: the first value and the second, each as often as the degree says.
+/// Reads the two values of a patch.
 bool ReadBezierKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, SurfaceStep& step)
 {
     std::array<double, 2> ends{};
@@ -71,15 +71,9 @@ bool ReadBezierKnots(const CObjLineTokenizer& tokenizer, SurfaceData& surface, S
             return false;
     }
     const int order = surface.order[static_cast<std::size_t>(step.direction)];
-    const std::int64_t degree = std::int64_t{order} - 1;
-    step.controlPointCount = ControlPointCount(2 * degree, order);
-    // A degree that asks for more control points than the statement named is only noted.
-    if (degree <= 0 || degree >= surface.surfaceCVs.Count())
-        return true;
-    step.valueCount = static_cast<int>(2 * degree);
-    double* const knots = surface.knots.AppendUnset(step.valueCount);
-    std::fill_n(knots, degree, ends[0]);
-    std::fill_n(knots + degree, degree, ends[1]);
+    step.controlPointCount = ControlPointCount(2 * (std::int64_t{order} - 1), order);
+    step.valueCount = 2;
+    surface.values.Append(2, ends.data());
     return true;
 }
 
@@ -117,8 +111,10 @@ bool ReadSurfaceParm(ObjReading& reading)
         return false;
     if (freeform.cstype != FormBSpline && freeform.cstype != FormBezier)
         return true;
-    SurfaceStep step{.direction = isU ? 0 : 1, .controlPointCount = SurfaceStep::CountStays};
     const bool isBSpline = freeform.cstype == FormBSpline;
+    SurfaceStep step{.kind = isBSpline ? SurfaceStep::Knots : SurfaceStep::PatchKnots,
+                     .direction = isU ? 0 : 1,
+                     .controlPointCount = SurfaceStep::CountStays};
     const bool good = isBSpline ? ReadBSplineKnots(tokenizer, *surface, step)
                                 : ReadBezierKnots(tokenizer, *surface, step);
     if (good) {

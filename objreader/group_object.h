@@ -36,8 +36,8 @@ struct Group_Object
     const GK_String* groupName;
     const GK_String* objectName;
     const GK_String* materialName;
-    int groupNames = -1; ///< into the file's lists of group names: those of the first "g" with any;
-                         ///< -1: none
+    int groupNames = -1; ///< into the file's lists of group names: those current when it was
+                         ///< first selected with any; -1: none
     std::unique_ptr<Geometry> geometry; ///< null until there is some
 
     /// The record's geometry, made when there is none yet.

@@ -13,7 +13,8 @@ public:
     Group_Object& FindOrAddGroupObject(const GK_String* group, const GK_String* object,
                                        const GK_String* material);
 
-    /// Less than, equal to or greater than 0: by group name, then object name, then material name.
+    /// Returns less than, equal to or greater than 0: by group name, then object name, then
+    /// material name.
     static int CompareGroupObjects(const Group_Object& a, const Group_Object& b);
 
     [[nodiscard]] int Count() const { return static_cast<int>(m_records.size()); }

@@ -15,7 +15,7 @@ struct ImportChoices
     int HowToAddGs = AsGroups;        ///< a GroupChoice
     bool UseONames = true;            ///< "o" names become object names (unless AsObjectNames)
     bool IgnoreTextures = false;      ///< "usemtl" statements are ignored
-    bool ImportAsMorphTarget = false; ///< the whole file becomes one mesh, without normals or
+    bool ImportAsMorphTarget = false; ///< all faces become one mesh, without the file's normals and
                                       ///< texture coordinates
     bool ReverseGroupOrder = false;   ///< the last name of a "g" statement is the group's name
     bool ZUp = false;                 ///< meshes are turned from Y up to Z up

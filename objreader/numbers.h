@@ -56,9 +56,9 @@ int TakeInteger(const char*& text);
     if (wholeBits == 0 || wholeBits == 64 || number[wholeBits / 8] != '.')
         return false;
     // The digits on both sides of the point are read as one run, as if the point were not there.
-    const std::uint64_t bytesBehind = LoadDigits(number + 1);
-    const std::uint64_t behindPoint = ~std::uint64_t{0} << wholeBits;
-    const std::uint64_t digits = bytes ^ ((bytes ^ bytesBehind) & behindPoint);
+    const std::uint64_t bytesAfter = LoadDigits(number + 1);
+    const std::uint64_t afterPoint = ~std::uint64_t{0} << wholeBits;
+    const std::uint64_t digits = bytes ^ ((bytes ^ bytesAfter) & afterPoint);
     const unsigned digitBits = DigitBits(digits);
     const char* const end = number + 1 + digitBits / 8;
     if (!EndsNumber(*end))

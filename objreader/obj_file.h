@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// What a file has given so far: plain data, of which everything else is made.
+/// What was read of a file: plain data, of which everything else is made.
 struct ObjFile
 {
     NameTable names;
@@ -19,5 +19,5 @@ struct ObjFile
 
     std::vector<CurveData> trimCurves; ///< of all "curv2" statements, in their order
 
-    int BogusIndexCount = 0; ///< how many indices named nothing that was read so far
+    int BogusIndexCount = 0; ///< how many indices named nothing that was read before them
 };

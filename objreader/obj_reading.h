@@ -12,8 +12,8 @@
 struct ObjReading
 {
     /// Makes the first record, whose three names are empty, current.
-    ObjReading(CObjLineTokenizer& source, const ImportChoices& importChoices, ReadingEvents& told,
-               ObjFile& contents);
+    ObjReading(CObjLineTokenizer& source, const ImportChoices& importChoices,
+               ReadingEvents& readingEvents, ObjFile& contents);
 
     CObjLineTokenizer& tokenizer;
     const ImportChoices& choices;
@@ -33,5 +33,6 @@ struct ObjReading
 };
 
 /// Reads to the end of the file, or to the first statement so wrong that reading ends with it; then
-/// the result is false. False also when there is no file. What was read before is kept.
+/// the result is false. False also when there is no file, or when it cannot be read to its end.
+/// What was read before is kept.
 bool ParseStatements(ObjReading& reading);

@@ -12,7 +12,7 @@ namespace {
 enum class OnFailure
 {
     EndParse,
-    TellBogusFace,
+    ReportBogusFace,
     GoOn
 };
 
@@ -34,32 +34,32 @@ bool ReadParamCurve(ObjReading& reading)
     return ReadCurve(reading, true);
 }
 
-/// The statement of a keyword, or null for one that is ignored. Keywords count whole and without
-/// regard to case; those that begin with v are told apart by their second character alone.
+constexpr Statement Vertex{"v", ReadVertex};
+constexpr Statement Normal{"vn", ReadNormal};
+constexpr Statement TexCoord{"vt", ReadTexCoord};
+constexpr Statement ParamVertex{"vp", ReadParamVertex};
+constexpr std::array Others{
+    Statement{"f", ReadFace, OnFailure::ReportBogusFace},
+    Statement{"cstype", ReadCSType},
+    Statement{"curv", ReadSpaceCurve},
+    Statement{"curv2", ReadParamCurve},
+    Statement{"deg", ReadDegree},
+    Statement{"g", ReadGroupName},
+    Statement{"group", ReadGroupName},
+    Statement{"hole", ReadTrimLoop},
+    Statement{"mtllib", ReadMaterialLibrary, OnFailure::GoOn},
+    Statement{"o", ReadObjectName},
+    Statement{"p", ReadPoint},
+    Statement{"parm", ReadParm},
+    Statement{"surf", ReadSurface},
+    Statement{"trim", ReadTrimLoop},
+    Statement{"usemtl", ReadMaterialUse},
+};
+
+/// Returns the statement of a keyword, or null for one that is ignored. Keywords count whole and
+/// without regard to case; those that begin with v are told apart by their second character alone.
 const Statement* FindStatement(const char* keyword)
 {
-    static constexpr Statement Vertex{"v", ReadVertex};
-    static constexpr Statement Normal{"vn", ReadNormal};
-    static constexpr Statement TexCoord{"vt", ReadTexCoord};
-    static constexpr Statement ParamVertex{"vp", ReadParamVertex};
-    static constexpr Statement FaceOfMesh{"f", ReadFace, OnFailure::TellBogusFace};
-    static constexpr std::array Others{
-        Statement{"cstype", ReadCSType},
-        Statement{"curv", ReadSpaceCurve},
-        Statement{"curv2", ReadParamCurve},
-        Statement{"deg", ReadDegree},
-        Statement{"g", ReadGroupName},
-        Statement{"group", ReadGroupName},
-        Statement{"hole", ReadTrimLoop},
-        Statement{"mtllib", ReadMaterialLibrary, OnFailure::GoOn},
-        Statement{"o", ReadObjectName},
-        Statement{"p", ReadPoint},
-        Statement{"parm", ReadParm},
-        Statement{"surf", ReadSurface},
-        Statement{"trim", ReadTrimLoop},
-        Statement{"usemtl", ReadMaterialUse},
-    };
-
     if (Lower(keyword[0]) == 'v') {
         switch (Lower(keyword[1])) {
         case '\0':
@@ -74,8 +74,6 @@ const Statement* FindStatement(const char* keyword)
             return nullptr;
         }
     }
-    if (IsKeyword(keyword, FaceOfMesh.keyword))
-        return &FaceOfMesh;
     for (const Statement& statement : Others) {
         if (IsKeyword(keyword, statement.keyword))
             return &statement;
@@ -89,7 +87,7 @@ bool HandleStatement(ObjReading& reading)
     const Statement* const statement = FindStatement(reading.tokenizer.Token(0));
     if (statement == nullptr || statement->handler(reading))
         return true;
-    if (statement->onFailure == OnFailure::TellBogusFace)
+    if (statement->onFailure == OnFailure::ReportBogusFace)
         reading.events.OnBogusFace();
     return statement->onFailure != OnFailure::EndParse;
 }
@@ -119,8 +117,8 @@ bool ReadPlainStatement(ObjReading& reading)
 } // namespace
 
 ObjReading::ObjReading(CObjLineTokenizer& source, const ImportChoices& importChoices,
-                       ReadingEvents& told, ObjFile& contents)
-    : tokenizer(source), choices(importChoices), events(told), file(contents)
+                       ReadingEvents& readingEvents, ObjFile& contents)
+    : tokenizer(source), choices(importChoices), events(readingEvents), file(contents)
 {
     groupName = objectName = materialName = file.names.Intern({});
     currentGroup = &file.groupObjects.FindOrAddGroupObject(groupName, objectName, materialName);

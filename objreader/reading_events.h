@@ -6,7 +6,7 @@
 #include <string>
 
 /// What others than the file's data have to learn while a file is read, each at the statement that
-/// it stands in.
+/// it stands in. Texts are valid during the call.
 class ReadingEvents
 {
 public:

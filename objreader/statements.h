@@ -1,16 +1,11 @@
 #pragma once
 
-#include "objreader/corner.h"
-
-#include <string>
-
-struct CurveData;
 struct ObjReading;
 struct SurfaceData;
 
-// The handlers of statements. Each reads the tokens of the current line; the first is the keyword.
-// False: the statement is so wrong that reading ends with it, unless the table of statements says
-// otherwise.
+// The handlers of statements. Each reads the tokens of the current line, of which the first is the
+// keyword, and adds what they say to the file's data. False: the statement is so wrong that reading
+// ends with it; a face, though, is only told, and a library without a name ignored.
 
 bool ReadVertex(ObjReading& reading);
 bool ReadParamVertex(ObjReading& reading);
@@ -36,10 +31,11 @@ bool ReadTrimLoop(ObjReading& reading);
 
 // What the handlers share.
 
-/// The degree and one, kept within 32 bits.
+/// Returns the degree and one, kept within 32 bits.
 int OrderOf(int degree);
 
-/// The current group's last surface when it is the free-form element begun last, otherwise null.
+/// Returns the current group's last surface when it is the free-form element begun last, otherwise
+/// null.
 SurfaceData* CurrentSurface(ObjReading& reading);
 
 /// Puts the words after the keyword into the scratch name, joined with single spaces. False when

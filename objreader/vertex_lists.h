@@ -4,7 +4,7 @@
 #include "host/geokit/point.h"
 #include "host/geokit/simple_array.h"
 
-/// What the vertex statements of a file have given so far, which all other statements refer to by
+/// What was read of the vertex statements of a file, which all other statements refer to by
 /// index. The lists only grow, in the order of the file.
 struct VertexLists
 {

@@ -6,7 +6,10 @@
 class FaceMessages
 {
 public:
+    /// Prints that a face was rejected.
     void PrintBogusFace();
+
+    /// Prints which field of a corner names none of the `listLength` elements.
     void PrintBadCorner(BadField field, int listLength, const char* token);
 
 private:

@@ -28,9 +28,9 @@ public:
 
     void AddFileTypes(CKelvoFileTypeList& types, const CKelvoFileReadOptions& options) override;
 
-    /// Imports an OBJ file. False when the user cancelled, when the file could not be read to its
-    /// end and nothing was built after all, when the last object could not be added, or when memory
-    /// ran out; what the document holds by then stays there.
+    /// Imports an OBJ file. False when the user cancelled, when reading broke off with an error
+    /// of the disk, when the last object could not be added, or when memory ran out; what the
+    /// document holds by then stays there.
     bool ReadFile(const wchar_t* fileName, int index, CKelvoDoc& doc,
                   const CKelvoFileReadOptions& options) override;
 

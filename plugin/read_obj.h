@@ -8,12 +8,14 @@
 #include "host/app/file_type.h"
 
 /// One import of one OBJ file: it is made for the file, `Parse` reads the file into plain data and
-/// its libraries into the document, `Build` adds what was read to the document. Running out of
-/// memory passes through as std::bad_alloc; what was added to the document before stays there.
+/// its libraries into the document, `Build` adds what was read to the document. An allocation that
+/// fails while an object is made costs that object; any other passes through as std::bad_alloc, and
+/// what was added to the document before stays there.
 class CReadOBJ : private ReadingEvents
 {
 public:
-    /// Opens the file, by its full path. All three arguments must outlive the reader. Never fails:
+    /// Opens the file, by its full path. The document and the options must outlive the
+    /// reader. Never fails:
     /// for a file that cannot be opened `Parse` returns false.
     CReadOBJ(const wchar_t* path, CKelvoDoc& document, const CKelvoFileReadOptions& options);
     CReadOBJ(const CReadOBJ&) = delete;
@@ -22,8 +24,8 @@ public:
 
     ImportChoices choices; ///< to be set before Parse
 
-    CKelvoDoc& doc;
-    const CKelvoFileReadOptions& readOptions;
+    CKelvoDoc& doc;                           ///< receives the import
+    const CKelvoFileReadOptions& readOptions; ///< of this import, as the host gave them
 
     /// Reads the whole file. False when the file could not be opened or read, or when a statement
     /// was so wrong that reading ended with it; what was read before is kept. To be called once.
@@ -32,11 +34,11 @@ public:
     /// Reading broke off with an error of the stream.
     [[nodiscard]] bool ReadFailed() const { return m_tokenizer.ReadFailed(); }
 
-    /// How many distinct combinations of group, object and material name the file has used; at
-    /// least one.
+    /// Returns how many distinct combinations of group, object and material name the file has used;
+    /// at least one.
     [[nodiscard]] int GroupObjectCount() const { return m_file.groupObjects.Count(); }
 
-    /// How many indices named nothing that was read before them.
+    /// Returns how many indices named nothing that was read before them.
     [[nodiscard]] int BogusIndexCount() const { return m_file.BogusIndexCount; }
 
     /// Adds what was read to the document, record by record in the order of their names. Returns

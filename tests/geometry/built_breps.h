@@ -1,7 +1,7 @@
 #pragma once
 
 #include "console_host/app/console_app.h"
-#include "geometry/freeform_objects.h"
+#include "geometry/brep_builder.h"
 #include "tests/objreader/read_text.h"
 
 /// The breps of a text's surfaces, before any repair.

@@ -31,7 +31,7 @@ protected:
 
     [[nodiscard]] Texts Kinds() const
     {
-        constexpr const char* Names[] = {"none", "mesh", "curve", "point", "cloud", "brep"};
+        constexpr const char* Names[] = {"mesh", "curve", "point", "cloud", "brep"};
         Texts kinds;
         for (int i = 0; i < doc->ObjectCount(); ++i)
             kinds.emplace_back(Names[doc->Object(i).geometry.index()]);

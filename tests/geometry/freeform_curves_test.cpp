@@ -37,6 +37,12 @@ TEST_F(FreeformCurves, BecomeObjectsOrAreRefusedWithTheReason)
                   "curve: the curve's control point 4 was never set\n");
 }
 
+TEST_F(FreeformCurves, OfSeveralBezierSegmentsAreSound)
+{
+    EXPECT_TRUE(Build(Points + "cstype bezier\ndeg 3\ncurv 0 2 1 2 3 4 1 2 3\nparm u 0 1 2\n"));
+    EXPECT_TRUE(Object<GK_Curve>(0).IsValid());
+}
+
 TEST_F(FreeformCurves, ReasonsSayWhatStandsInTheFile)
 {
     std::string values = "parm u";

@@ -64,6 +64,20 @@ TEST(Trims, HonestTrimsAreAllMade)
         EXPECT_EQ(brep->TrimCount(), 20);
 }
 
+// Knots may be given again between loops, and a loop may fail in its midst: every trim lies on the
+// surface as it was where the trim stood.
+TEST(Trims, LieOnTheSurfaceOfTheirPlaceInTheFile)
+{
+    const BuiltBreps file(Square + Surface + "parm v 0 0 1 1\nparm u 0 0 1 1\ntrim 0 2 1\ng a\n" +
+                          Surface + "g\nparm u 0 0 2 2\ntrim 0 2 1 2 0 9\n");
+    EXPECT_FALSE(file.Parsed());
+    const GK_Brep& brep = file.Last();
+    EXPECT_EQ(brep.LoopCount(), 2);
+    ASSERT_EQ(brep.TrimCount(), 2);
+    EXPECT_EQ(brep.EdgeCurve(0)->PointAtEnd(), (GK_3dPoint{2, 2, 0}));
+    EXPECT_EQ(brep.EdgeCurve(1)->PointAtEnd(), (GK_3dPoint{1, 2, 0}));
+}
+
 // What the importer itself says of trims, before any repair. The 2D curves are a straight line in
 // two halves, an open arc of a circle, and all of it.
 TEST(Trims, TrimsBeforeAnyRepair)

@@ -48,7 +48,7 @@ std::vector<std::string> Steps(const SurfaceData& surface)
 {
     std::vector<std::string> steps;
     for (const SurfaceStep& step : surface.steps) {
-        if (step.kind != SurfaceStep::Knots) {
+        if (step.kind == SurfaceStep::OuterLoop || step.kind == SurfaceStep::InnerLoop) {
             const char* const loop = step.kind == SurfaceStep::OuterLoop ? "outer " : "inner ";
             steps.push_back(loop + std::to_string(step.valueCount));
             continue;
@@ -71,7 +71,7 @@ TEST(FreeformSurfaces, KeepWhatFollowsThemInItsOrder)
     EXPECT_THAT(ListOf(surface.surfaceCVs), ElementsAre(0, 1, 0, 1, 0));
     EXPECT_THAT(Steps(surface),
                 ElementsAre("v 3", "u 3 face", "outer 2", "v 3 face", "inner 0", "v 3 face"));
-    EXPECT_THAT(ListOf(surface.knots), ElementsAre(0, 0, 1, 1, 0, 1, 2, 2, 2, 3, 3, 4, 4, 5, 5));
+    EXPECT_THAT(ListOf(surface.values), ElementsAre(0, 0, 1, 1, 0, 1, 2, 2, 2, 3, 3, 4, 5));
     ASSERT_EQ(surface.trims.Count(), 2);
     EXPECT_EQ(surface.trims[1].curve, 0);
     EXPECT_EQ(surface.trims[1].from, 1);

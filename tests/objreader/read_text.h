@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,6 +72,8 @@ private:
             ("read_text." + std::to_string(std::random_device()()) + ".obj");
         // "D" has Windows remove the file when it is closed; elsewhere it may go while it is open.
         std::FILE* const stream = std::fopen(path.string().c_str(), "w+bD");
+        if (stream == nullptr)
+            throw std::runtime_error("cannot write " + path.string());
         std::remove(path.string().c_str());
         std::fwrite(text.data(), 1, text.size(), stream);
         std::rewind(stream);

@@ -4,6 +4,7 @@
 #include "plugin/import_obj_plugin.h"
 #include "tests/plugin/scripted_answers.h"
 #include "tests/temporary_folder.h"
+#include "tests/test_images.h"
 
 #include "host/app/file_type.h"
 #include "host/geokit/string.h"
@@ -98,9 +99,37 @@ protected:
     CImportOBJPlugIn plugIn;
     ConsoleDoc doc{0.001};
 
+    [[nodiscard]] const TemporaryFolder& Folder() const { return m_folder; }
+
 private:
     TemporaryFolder m_folder;
 };
+
+TEST_F(ReadFile, SplitsTexturesWhenTheOptionSaysSo)
+{
+    const auto writeImage = [this](int width, const char* name) {
+        const CKelvoDib image = MakeImage(width, 4, 32, [](int, int) {
+            return Rgba{120, 60, 30, 100};
+        });
+        ASSERT_TRUE(WriteDib(image, Folder() / "image.png"));
+        std::filesystem::rename(Folder() / "image.png", Folder() / name);
+    };
+    writeImage(5, "wood.png");
+    writeImage(7, "wood.bmp");
+    for (const bool split : {false, true}) {
+        Folder().Write("a.mtl", "newmtl " + std::to_string(split) +
+                                    "\nmap_Kd wood.png\nmap_Kd wood.bmp\nmap_Kd wood.png\n");
+        CKelvoProfileContext& profile = KelvoApp().ProfileContext();
+        profile.WriteBool(L"Plug-Ins\\9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413\\Settings",
+                          L"Split32bitTextures", split);
+        plugIn.OnLoad();
+        EXPECT_TRUE(Import("mtllib a.mtl\n" + Triangle, {ReadModeAskOnCommandLine}));
+        EXPECT_EQ(doc.Materials().Last()->Textures().Count(), split ? 6 : 3);
+    }
+    CKelvoDib color;
+    ASSERT_TRUE(ReadDib(color, Folder() / "wood_kvDiffuse.png"));
+    EXPECT_EQ(color.Width(), 5) << "that of the image that was named last";
+}
 
 TEST_F(ReadFile, ZoomsWhenAskedWhateverTheResult)
 {

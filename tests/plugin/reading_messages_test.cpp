@@ -34,16 +34,19 @@ protected:
         const CKelvoFileReadOptions options;
         CReadOBJ reader(path.c_str(), doc, options);
         m_parsed = reader.Parse();
+        m_recordCount = reader.GroupObjectCount();
         return ConsoleApp::Instance().TakeJournal();
     }
 
     [[nodiscard]] bool Parsed() const { return m_parsed; }
+    [[nodiscard]] int RecordCount() const { return m_recordCount; }
 
     static StringTable& Strings() { return ConsoleApp::Instance().Strings(); }
 
 private:
     TemporaryFolder m_folder;
     bool m_parsed = false;
+    int m_recordCount = 0;
 };
 
 std::string BadCorner(const char* field, int count, const char* token)
@@ -92,6 +95,12 @@ TEST_F(ReadingMessages, After25OfFacesOneMoreClosesTheList)
         ASSERT_EQ(journal.prints.size(), prints);
         EXPECT_EQ(journal.prints.back(), last);
     }
+}
+
+TEST_F(ReadingMessages, RecordsAreCounted)
+{
+    Read("g a\no b\ng\nf 1 2 9\nf 1 2 3\n");
+    EXPECT_EQ(RecordCount(), 4);
 }
 
 TEST_F(ReadingMessages, AKnotCountThatDoesNotFitIsPrinted)

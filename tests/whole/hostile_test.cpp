@@ -283,6 +283,10 @@ TEST(Hostile, MemoryIsInProportionToTheFile)
          std::string(Corners) + "cstype bezier\nsurf 0 1 0 1 1 2 3 4\nparm u 0 1\nparm v 0 2\n" +
              Repeated("trim\n", 200'000),
          64.0 * 1'000'000},
+        {"knots given again and again",
+         std::string(Corners) + "cstype bezier\ndeg 2999 2999\nsurf 0 1 0 1" +
+             Repeated(" 1", 3'000) + "\n" + Repeated("parm u 0 1\n", 5'000) + "g b\np 1 1\n",
+         10e6},
         {"groups of all objects", names.append("\n").append(Lines("usemtl ", 12'000)), 100e6},
         {"a library that is named often", Repeated("mtllib many.mtl\n", 1'600), 150e6},
     };

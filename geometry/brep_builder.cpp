@@ -1,4 +1,4 @@
-#include "geometry/freeform_objects.h"
+#include "geometry/brep_builder.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,17 +17,12 @@ std::unique_ptr<VX_Brep> BrepBuilder::MakeBrep(const SurfaceData& data)
     brep->AddSurface(std::move(owned));
     surface.Create(data.rational, data.order[0], data.order[1]);
 
-    const double* knots = data.knots.Array();
+    const double* values = data.values.Array();
     const TrimData* trim = data.trims.Array();
     for (const SurfaceStep& step : data.steps) {
-        if (step.kind == SurfaceStep::Knots) {
-            if (step.controlPointCount != SurfaceStep::CountStays)
-                surface.SetControlPointCount(step.direction, step.controlPointCount);
-            GK_SimpleArray<double> ofDirection;
-            ofDirection.Reserve(step.valueCount);
-            ofDirection.Append(step.valueCount, knots);
-            knots += step.valueCount;
-            surface.SetKnots(step.direction, std::move(ofDirection));
+        if (step.kind == SurfaceStep::Knots || step.kind == SurfaceStep::PatchKnots) {
+            SetKnots(surface, data, step, values);
+            values += step.valueCount;
             if (step.completes)
                 CompleteSurface(*brep, surface, data);
             continue;
@@ -39,6 +34,26 @@ std::unique_ptr<VX_Brep> BrepBuilder::MakeBrep(const SurfaceData& data)
             AddTrim(*brep, surface, loop, *trim++);
     }
     return brep;
+}
+
+/// Sets the knots of a direction, and how many control points they claim.
+void BrepBuilder::SetKnots(VX_NurbsSurface& surface, const SurfaceData& data,
+                           const SurfaceStep& step, const double* values)
+{
+    if (step.controlPointCount != SurfaceStep::CountStays)
+        surface.SetControlPointCount(step.direction, step.controlPointCount);
+    GK_SimpleArray<double> knots;
+    if (step.kind == SurfaceStep::Knots) {
+        knots.Reserve(step.valueCount);
+        knots.Append(step.valueCount, values);
+    } else if (const int degree = surface.Degree(step.direction);
+               degree < GK_MOST_ORDER && degree < data.surfaceCVs.Count()) {
+        // A patch of a higher degree, or of more control points than were named, is refused: its
+        // knots are not needed.
+        for (int i = 0; i < 2 * degree; ++i)
+            knots.Append(values[i < degree ? 0 : 1]);
+    }
+    surface.SetKnots(step.direction, std::move(knots));
 }
 
 /// Hands the control points over and makes the face.

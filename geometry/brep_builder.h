@@ -10,10 +10,6 @@
 #include <memory>
 #include <vector>
 
-/// Returns the kernel's curve of what a statement has given, which is moved out of it. Control
-/// points that could not be read are unset, and nothing is checked.
-std::unique_ptr<VX_NurbsCurve> MakeCurve(CurveData& data);
-
 /// Makes breps of surfaces and their loops.
 class BrepBuilder
 {
@@ -22,12 +18,14 @@ public:
     /// of the document.
     BrepBuilder(const VertexLists& lists, std::vector<CurveData>& trimCurves, double tolerance);
 
-    /// Returns a brep of what the statements have given: its surface, a face for each time that it
+    /// Returns a brep of what the statements held: its surface, a face for each time that it
     /// was complete, and the loops. Trims share neither edges nor vertices; a repair joins them.
     /// Nothing is checked.
     std::unique_ptr<VX_Brep> MakeBrep(const SurfaceData& data);
 
 private:
+    static void SetKnots(VX_NurbsSurface& surface, const SurfaceData& data, const SurfaceStep& step,
+                         const double* values);
     void CompleteSurface(VX_Brep& brep, VX_NurbsSurface& surface, const SurfaceData& data) const;
     void AddTrim(VX_Brep& brep, const VX_NurbsSurface& surface, int loopIndex,
                  const TrimData& data);
