@@ -7,6 +7,8 @@
 #include "objimport/summary.h"
 #include "plugin/read_obj.h"
 
+#include "host/app/doc.h"
+
 #include <nlohmann/json.hpp>
 
 namespace {
@@ -45,6 +47,18 @@ void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
     Expect(summary.size() < LongestSummary);
 }
 
+/// What was imported is shown whole.
+void CheckView(ConsoleDoc& doc)
+{
+    CKelvoViewList views;
+    doc.GetViewList(views, true, false);
+    KvZoomExtentsHelper(KvZoomExtentsBoundingBox(doc), doc, views);
+    doc.Redraw();
+    const GK_BoundingBox& box = doc.View().shown;
+    Expect(doc.ObjectCount() == 0 ||
+           (box.min.x <= box.max.x && box.min.y <= box.max.y && box.min.z <= box.max.z));
+}
+
 } // namespace
 
 void SetOptions(CReadOBJ& reader, unsigned int choice)
@@ -72,6 +86,7 @@ void ImportAndCheck(const wchar_t* path, unsigned int options)
         reader.Parse();
         record.result = reader.Build();
     }
+    CheckView(doc);
     record.journal = app.TakeJournal();
     for (const ImportJournal::KernelError& error : record.journal.kernelErrors)
         Expect(error.source != "host"); // a rule of the host was broken

@@ -6,6 +6,8 @@
 
 #include "host/app/localize.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
@@ -18,6 +20,12 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
               L"a.mtl");
     app.Print(KvLocalizeString(L"File had %i bogus indexes in it.\n", 24466), 7);
     app.Print(KvLocalizeString(L"%S|%5.2f|%c|%llx\n", 1), "text", 1.5, L'c', 255LL);
-    Expect(app.TakeJournal().prints.size() == 3);
+    app.Print(KvLocalizeString(L"%hhd|%hd|%ld|%jd|%td|%u|%hhu|%hu|%lu|%ju|%zu\n", 2), 1, 2, 3L,
+              std::intmax_t{4}, std::ptrdiff_t{5}, 6U, 7, 8, 9UL, std::uintmax_t{10},
+              std::size_t{11});
+    app.Print(KvLocalizeString(L"%s|%S|%C|%p|%Lg|%*d\n", 3), static_cast<const wchar_t*>(nullptr),
+              static_cast<const char*>(nullptr), 'c', static_cast<const void*>(&folder), 1.5L, 9,
+              7);
+    Expect(app.TakeJournal().prints.size() == 5);
     return 0;
 }
