@@ -4,7 +4,6 @@
 
 namespace {
 
-/// Where in a file the masks of its colours stand, if it has any.
 ColorMasks ReadMasks(ImageBytes file, std::uint32_t headerSize)
 {
     constexpr std::uint32_t HeaderWithAlphaMask = 56;
@@ -69,8 +68,10 @@ void ReadIndices(const BmpHeader& bmp, ImageBuilder& image)
     for (std::uint32_t y = 0; y < bmp.height; ++y) {
         const unsigned char* const from = bmp.Row(y);
         unsigned char* to = image.Row(y);
-        for (std::uint32_t bit = 0; bit < bmp.width * bmp.depth; bit += bmp.depth, to += 3)
-            colors.Read(palette, from[bit / 8] >> (8 - bmp.depth - bit % 8) & highest, to);
+        for (std::uint32_t bit = 0; bit < bmp.width * bmp.depth; bit += bmp.depth, to += 3) {
+            const unsigned bits = from[bit / 8];
+            colors.Read(palette, bits >> (8 - bmp.depth - bit % 8) & highest, to);
+        }
     }
 }
 

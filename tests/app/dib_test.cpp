@@ -1,7 +1,11 @@
 #include "tests/temporary_folder.h"
 #include "tests/test_images.h"
 
+#include <thread>
 #include <vector>
+#ifdef _WIN32
+#include <objbase.h>
+#endif
 
 namespace {
 
@@ -85,7 +89,26 @@ TEST(Dib, AFailedWriteLeavesWhatWasThere)
     EXPECT_EQ(FileCount(folder), 1);
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+TEST(Dib, ComOfTheThreadStaysAsItIs)
+{
+    const TemporaryFolder folder;
+    const auto writeAndRead = [&] {
+        CKelvoDib image;
+        EXPECT_TRUE(WriteDib(Pattern(3, 3, 32), folder / "a.png"));
+        EXPECT_TRUE(ReadDib(image, folder / "a.png"));
+    };
+    std::thread([&] {
+        writeAndRead();
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK) << "none was left";
+        writeAndRead();
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), RPC_E_CHANGED_MODE);
+        CoUninitialize();
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK) << "none was left";
+        CoUninitialize();
+    }).join();
+}
+#else
 TEST(Dib, AnImageIsNotWrittenThroughWhatIsPreparedBesideIt)
 {
     const TemporaryFolder folder;
