@@ -30,7 +30,8 @@ bool ReadSoundPng(ImageBytes file, ImageBuilder& image)
            image.Allows(BigNumber(file, 16, 4), BigNumber(file, 20, 4)) && ReadPng(file, image);
 }
 
-/// Returns whether the image may be as large as the frame of a JPEG says.
+/// Returns whether the image may be as large as the frame of a JPEG says, and may be in the file:
+/// each block of 8 by 8 pixels takes a bit at least.
 bool AllowsFrame(ImageBytes file, ImageBuilder& image)
 {
     for (std::size_t at = 2; at + 9 <= file.size();) {
@@ -40,8 +41,11 @@ bool AllowsFrame(ImageBytes file, ImageBuilder& image)
             continue;
         }
         const bool isTable = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
-        if (marker >= 0xC0 && marker <= 0xCF && !isTable)
-            return image.Allows(BigNumber(file, at + 7, 2), BigNumber(file, at + 5, 2));
+        if (marker >= 0xC0 && marker <= 0xCF && !isTable) {
+            const std::uint32_t height = BigNumber(file, at + 5, 2);
+            const std::uint32_t width = BigNumber(file, at + 7, 2);
+            return image.Allows(width, height) && width * height / 512 <= file.size();
+        }
         at += 2 + BigNumber(file, at + 2, 2);
     }
     return false;

@@ -141,6 +141,7 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
         {"rgb.tga", 12, Bytes({0, 0x40, 0, 0x40})},
         {"rle.tga", 12, Bytes({0, 0x40, 0, 0x40})},
         {"progressive.jpg", 163, Bytes({0x40, 0, 0x40, 0})},
+        {"progressive.jpg", 163, Bytes({4, 0, 4, 0})},
     };
     for (const auto& each : cases) {
         std::string file = ReadBytes(Seeds / each.name);
