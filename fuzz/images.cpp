@@ -40,7 +40,7 @@ void CheckWriting(const CKelvoUiDib& image)
     ImageBuilder back(png.size());
     if (!ReadImage(png, back) || back.Width() != image.Width() || back.Height() != image.Height())
         std::abort();
-    const std::size_t used = static_cast<std::size_t>(image.Width() * image.GetDepth() / 8);
+    const auto used = static_cast<std::size_t>(image.Width() * image.GetDepth() / 8);
     for (int y = 0; y < image.Height(); ++y) {
         const unsigned char* const row = DibRow(image, y);
         if (!std::equal(row, row + used, back.Row(static_cast<std::uint32_t>(y))))

@@ -8,8 +8,8 @@
 using ImageBytes = std::span<const unsigned char>;
 
 // Each of these reads a file of one kind, whose bytes begin as that kind does. They return false
-// for a file that is damaged, breaks off or is of a form that is not supported, for a size that the
-// builder refuses, and out of memory.
+// for a file that is damaged, truncated or of an unsupported form, for a size that the builder
+// refuses, and out of memory.
 
 bool ReadBmp(ImageBytes file, ImageBuilder& image);
 bool ReadJpeg(ImageBytes file, ImageBuilder& image);

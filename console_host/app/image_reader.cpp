@@ -20,8 +20,8 @@ std::uint32_t BigNumber(ImageBytes file, std::size_t at, std::size_t count)
     return value;
 }
 
-// What files claim is checked before their decoder sees them, since some take the memory at once.
-// So is whether they break off: some fill up the rest.
+// What a file claims is checked before its decoder sees it: some decoders allocate the image at
+// once. Some also fill up the rest of a truncated one.
 
 bool ReadSoundPng(ImageBytes file, ImageBuilder& image)
 {

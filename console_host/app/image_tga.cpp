@@ -56,7 +56,7 @@ public:
     {
     }
 
-    /// Returns the bytes of the next pixel, or null when the file breaks off.
+    /// Returns the bytes of the next pixel, or null when the file is truncated.
     const unsigned char* Next()
     {
         if (m_inRuns && m_left == 0) {
