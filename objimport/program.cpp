@@ -155,12 +155,23 @@ void CheckDialogsWereShown()
                            "--prompt asks for the import options on the terminal");
 }
 
+/// Tells the host how a user of this program gets the plug-in's options dialog back.
+void SetDialogHint()
+{
+    const std::wstring command = L"OBJImportOptionsDialog";
+    if (CommandRegistry::Instance().Find(command) != nullptr)
+        ConsoleApp::Instance().SetDialogHint(L"To get the dialog back, run the command " + command +
+                                             L" (objimport --run " + command +
+                                             L") and clear the box at its end.");
+}
+
 /// Prepares the host for a run in which messages go to `user`.
 void PrepareHost(const CommandLine& commandLine, PlugInModule& module, std::FILE* user)
 {
     ConsoleApp& app = ConsoleApp::Instance();
     app.SetPrintStream(commandLine.quiet ? nullptr : user);
     app.SetProfile(MakeProfile(commandLine, module.PlugIn().PlugInId()));
+    SetDialogHint();
 }
 
 void RunUnloadHook(PlugInModule& module)

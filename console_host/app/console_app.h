@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <memory>
 #include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 class CKelvoPlugIn;
@@ -41,6 +43,11 @@ public:
     void SetStrings(StringTable strings) { m_strings = std::move(strings); }
     StringTable& Strings() { return m_strings; }
 
+    /// A sentence that tells the user how to get back an import's options dialog that was switched
+    /// off, which only the program knows. Empty, as at first: the user is not told.
+    void SetDialogHint(std::wstring hint) { m_dialogHint = std::move(hint); }
+    [[nodiscard]] const std::wstring& DialogHint() const { return m_dialogHint; }
+
     ImportJournal& Journal() { return m_journal; }
 
     /// Returns what was noted since the last call and starts afresh, also with what trims may take
@@ -58,6 +65,7 @@ private:
     std::FILE* m_printStream = stdout;
     std::unique_ptr<ProfileStore> m_profile;
     StringTable m_strings;
+    std::wstring m_dialogHint;
     ImportJournal m_journal;
     std::vector<CKelvoPlugIn*> m_plugIns;
     std::set<FileIdentity> m_filesRead;

@@ -20,7 +20,7 @@ std::filesystem::path HelpFile(int topicId)
 {
     const std::string name = "help-" + std::to_string(topicId) + ".md";
     const std::filesystem::path program = ProgramFolder();
-    const std::filesystem::path installed = program / ".." / "share" / "ImportOBJ" / "help" / name;
+    const std::filesystem::path installed = program / INSTALLED_HELP_FOLDER / name;
     return WhyUnreadable(installed).empty() ? installed : program / "help" / name;
 }
 

@@ -1,6 +1,6 @@
 #include "host/app/message_box.h"
 
-#include "console_host/app/command_registry.h"
+#include "console_host/app/console_app.h"
 #include "console_host/app/import_journal.h"
 #include "console_host/app/printable.h"
 #include "console_host/framework/dialog_state.h"
@@ -39,12 +39,10 @@ void KvPluginOptionIOWarningDialog(const wchar_t* fileType, bool exporting)
 {
     const std::wstring type = fileType;
     const std::wstring action = exporting ? L"export" : L"import";
-    const std::wstring command = type + (exporting ? L"Export" : L"Import") + L"OptionsDialog";
     std::wstring text = L"The options dialog will no longer be shown: from now on every " + type +
                         L" " + action + L" uses these settings.";
-    if (CommandRegistry::Instance().Find(command) != nullptr)
-        text += L"\n\nTo get the dialog back, run the command " + command + L" (objimport --run " +
-                command + L") and clear the box at its end.";
+    if (const std::wstring& hint = ConsoleApp::Instance().DialogHint(); !exporting && !hint.empty())
+        text += L"\n\n" + hint;
     const std::wstring caption = type + L" " + action + L" options";
     ShowMessage(text.c_str(), caption.c_str(), MessageBoxExclamation, Dialogs().shown > 0);
 }

@@ -15,6 +15,7 @@ using testing::HasSubstr;
 constexpr const char* OptionsWindow = "OBJ Import Options";
 constexpr const char* MorphTargetWindow = "Import as Morph Target Warning";
 constexpr const char* SwitchedOffWindow = "OBJ import options";
+constexpr const char* SwitchedOffWindowInGerman = "OBJ-Datei import options";
 constexpr const char* HelpWindow = "Help";
 
 /// The check boxes and the settings that they stand for.
@@ -150,13 +151,17 @@ TEST_F(OptionsDialog, WarnsEachTimeMorphTargetIsTicked)
 
 TEST_F(OptionsDialog, CanBeSwitchedOffAndOnAgain)
 {
-    auto dialog = Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"});
+    auto dialog = Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet", "--strings",
+                         PROJECT_FOLDER "/examples/strings.de.txt", "--json",
+                         Utf8(m_folder.Path() / "house.json")});
     dialog->WaitForWindow(OptionsWindow);
     dialog->Click(IDC_DONT_SHOW);
     dialog->Click(IDC_OK);
-    Acknowledge(*dialog, SwitchedOffWindow);
+    Acknowledge(*dialog, SwitchedOffWindowInGerman);
     EXPECT_EQ(dialog->Wait(), 0);
     EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=true"));
+    EXPECT_THAT(m_folder.Read("house.json"), HasSubstr("objimport --run OBJImportOptionsDialog"))
+        << "the way back is told in every language";
 
     EXPECT_EQ(Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"})->Wait(), 0)
         << "no dialog any more";
