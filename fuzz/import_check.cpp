@@ -6,10 +6,9 @@
 #include "objimport/document_json.h"
 #include "objimport/summary.h"
 #include "plugin/read_obj.h"
+#include "tests/json_values.h"
 
 #include "host/app/doc.h"
-
-#include <nlohmann/json.hpp>
 
 namespace {
 
@@ -36,11 +35,13 @@ void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
     const std::span imports(&record, 1);
     const std::string text =
         Written([&](TextOutput& output) { WriteDocumentJson(output, imports, doc); });
-    const auto json = nlohmann::json::parse(text);
-    Expect(json.at("objects").size() == static_cast<std::size_t>(doc.ObjectCount()));
-    Expect(json.at("groups").size() == static_cast<std::size_t>(doc.Groups().Count()));
-    Expect(json.at("materials").size() == static_cast<std::size_t>(doc.Materials().Count()));
-    Expect(json.at("imports")[0].at("prints").size() == record.journal.prints.size());
+    const auto holds = [&](const char* place, std::size_t count) {
+        Expect(JsonCount(text, place) == count);
+    };
+    holds("/objects", static_cast<std::size_t>(doc.ObjectCount()));
+    holds("/groups", static_cast<std::size_t>(doc.Groups().Count()));
+    holds("/materials", static_cast<std::size_t>(doc.Materials().Count()));
+    holds("/imports/0/prints", record.journal.prints.size());
     const std::string summary =
         Written([&](TextOutput& output) { WriteSummary(output, imports, doc); });
     constexpr std::size_t LongestSummary = 100'000;

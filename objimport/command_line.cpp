@@ -16,12 +16,30 @@ CommandLine::CommandLine()
     m_app->set_version_flag("--version", "objimport " IMPORTOBJ_VERSION,
                             "Show the version and end");
     m_app->add_option("FILE", files, "Files to import, in order")->option_text("...");
-    switches.AddTo(*m_app);
+    AddOptionSwitches();
     AddImportOptions();
     AddProgramOptions();
 }
 
 CommandLine::~CommandLine() = default;
+
+void CommandLine::AddOptionSwitches()
+{
+    constexpr const char* Heading = "Import options, for this run only";
+    m_app->add_option("--groups", switches.groups, "What group names become")
+        ->check(CLI::IsMember(OptionSwitches::GroupChoices()).description(""))
+        ->option_text("none|groups|layers|names")
+        ->group(Heading);
+    for (OptionSwitch& one : switches.switches) {
+        const std::string names =
+            std::string("--").append(one.name).append(",!--no-").append(one.name);
+        m_app
+            ->add_flag(
+                names, [&one](std::int64_t count) { one.value = count > 0; }, one.description)
+            ->take_last()
+            ->group(Heading);
+    }
+}
 
 void CommandLine::AddImportOptions()
 {

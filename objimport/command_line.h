@@ -7,6 +7,10 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+} // namespace CLI
+
 /// How the plug-in comes to its options.
 enum class Asking
 {
@@ -41,6 +45,7 @@ struct CommandLine
     std::optional<int> Read(std::vector<std::string> arguments);
 
 private:
+    void AddOptionSwitches();
     void AddImportOptions();
     void AddProgramOptions();
     void CheckWhatIsAsked() const;

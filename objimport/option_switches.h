@@ -3,32 +3,34 @@
 #include "host/app/profile.h"
 #include "host/geokit/uuid.h"
 
-#include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
-namespace CLI {
-class App;
-class Option;
-} // namespace CLI
-
-/// The import options that the command line sets for one run: command-line switches, and the
-/// entries of the plug-in's settings that they stand for.
-class OptionSwitches
+/// A switch of the command line that sets an option of the plug-in.
+struct OptionSwitch
 {
-public:
-    /// Adds the switches to the command line; the object must outlive its reading.
-    void AddTo(CLI::App& commandLine);
+    const char* name;        ///< without "--"; with "no-" before it, it clears the option
+    const wchar_t* entry;    ///< of the plug-in's settings
+    const char* description; ///< for the help
+    std::optional<bool> value;
+};
 
-    /// Whether any was given.
+/// The import options that the command line sets for one run, and the entries of the plug-in's
+/// settings that they stand for. What is not given has no value.
+struct OptionSwitches
+{
+    OptionSwitches();
+
+    std::vector<OptionSwitch> switches;
+    std::optional<std::string> groups; ///< one of GroupChoices()
+
+    /// Returns what `groups` can be.
+    static const std::vector<std::string>& GroupChoices();
+
+    /// Returns whether any was given.
     [[nodiscard]] bool AnyGiven() const;
 
     /// Writes the given ones into the plug-in's section of a settings store.
     void WriteTo(CKelvoProfileContext& profile, const GK_UUID& plugInId) const;
-
-private:
-    [[nodiscard]] int GroupChoice() const;
-
-    std::string m_groups;
-    std::map<std::wstring, bool> m_flags; ///< by settings entry
-    std::map<std::wstring, CLI::Option*> m_options;
 };

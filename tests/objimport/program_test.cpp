@@ -1,4 +1,5 @@
 #include "plugin/developer_information.h"
+#include "tests/json_values.h"
 #include "tests/objimport/process.h"
 #include "tests/temporary_folder.h"
 
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace {
 
@@ -101,13 +101,12 @@ TEST_F(Program, ImportsInOrderAndTellsHowItWent)
     const std::string second = Script("b.txt", "box fail");
     const ProcessResult result = Run({"--json", "-", first, second});
     EXPECT_EQ(result.status, 1);
-    const auto json = nlohmann::json::parse(result.output);
-    EXPECT_EQ(json["imports"][0]["file"], first);
-    EXPECT_EQ(json["imports"][0]["result"], true);
-    EXPECT_EQ(json["imports"][1]["result"], false);
-    EXPECT_EQ(json["imports"][1]["boxes"][0]["text"], "boxed");
-    EXPECT_EQ(json["objects"].size(), 1U);
-    EXPECT_THAT(json["imports"][0]["prints"][0].get<std::string>(),
+    EXPECT_EQ(JsonAt(result.output, "/imports/0/file"), first);
+    EXPECT_EQ(JsonAt(result.output, "/imports/0/result"), "true");
+    EXPECT_EQ(JsonAt(result.output, "/imports/1/result"), "false");
+    EXPECT_EQ(JsonAt(result.output, "/imports/1/boxes/0/text"), "boxed");
+    EXPECT_EQ(JsonCount(result.output, "/objects"), 1U);
+    EXPECT_THAT(JsonAt(result.output, "/imports/0/prints/0"),
                 HasSubstr("a \xC3\xA4 \xE6\x9C\xA8.txt"));
     EXPECT_THAT(result.errors, HasSubstr("caption: boxed\n"));
     EXPECT_THAT(result.errors, HasSubstr("1 object: 1 point\n"));

@@ -2,6 +2,7 @@
 
 #include "console_host/runtime/file_replacement.h"
 #include "objimport/platform.h"
+#include "tests/json_values.h"
 #include "tests/objimport/process.h"
 #include "tests/temporary_folder.h"
 
@@ -9,7 +10,6 @@
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <set>
 
 namespace {
@@ -140,8 +140,7 @@ TEST_F(WrittenFiles, AFileThatOpensAndCannotBeReadIsNotImported)
     const ProcessResult result =
         RunObjimport({"--settings", At("s.ini"), "--json", At("out.json"), "/proc/self/mem"});
     EXPECT_EQ(result.status, 1);
-    const auto import = nlohmann::json::parse(folder.Read("out.json"))["imports"][0];
-    EXPECT_EQ(import["outcome"], "failed");
+    EXPECT_EQ(JsonAt(folder.Read("out.json"), "/imports/0/outcome"), "failed");
     EXPECT_THAT(result.output, HasSubstr("Errors occurred reading this file"));
 }
 

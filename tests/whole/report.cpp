@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 namespace {
 
@@ -202,7 +203,8 @@ private:
 
 } // namespace
 
-std::string Report(const nlohmann::json& document)
+std::string Report(std::FILE* document)
 {
-    return Writer(document).Write();
+    const Json json = Json::parse(document);
+    return Writer(json).Write();
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <cstdio>
 #include <string>
 
-/// A document, given in its JSON form, as short text that a person can read and compare. What is as
-/// in a fresh document is left out.
-[[nodiscard]] std::string Report(const nlohmann::json& document);
+/// Returns a document, read in its JSON form from a stream, as short text that a person can read
+/// and compare. What is as in a fresh document is left out. Throws std::exception when it is not
+/// JSON.
+[[nodiscard]] std::string Report(std::FILE* document);

@@ -2,14 +2,15 @@
 
 #include "console_host/app/console_app.h"
 #include "console_host/framework/work_note.h"
+#include "objimport/command_line.h"
 #include "objimport/document_json.h"
-#include "objimport/option_switches.h"
 #include "objimport/plugin_module.h"
 #include "tests/temporary_folder.h"
 #include "tests/whole/report.h"
 
-#include <CLI/CLI.hpp>
+#include <array>
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -35,6 +36,18 @@ PlugInModule& Module()
 constexpr const char* DefaultSwitches =
     "--groups groups --object-names --no-reverse-groups --no-morph-target --no-ignore-textures "
     "--no-z-up --no-split-textures ";
+
+/// Reads switches and files as the program does. Throws std::invalid_argument when they are wrong.
+void ReadCommandLine(CommandLine& commandLine, const std::string& text)
+{
+    std::istringstream words(text + " ending.obj");
+    std::vector<std::string> arguments;
+    for (std::string word; words >> word;)
+        arguments.push_back(word);
+    if (commandLine.Read(arguments).has_value())
+        throw std::invalid_argument(text);
+    commandLine.files.pop_back(); // the program wants one file at least
+}
 
 /// The options stay in the module from session to session.
 bool& OptionsAreDefaults()
@@ -65,24 +78,17 @@ Session::~Session() = default;
 
 std::vector<std::string> Session::SetOptions(const std::string& switches)
 {
-    CLI::App commandLine;
-    OptionSwitches options;
-    options.AddTo(commandLine);
-    for (auto* option : commandLine.get_options())
-        option->take_last();
-    commandLine.add_flag("--zoom", m_zoom);
-    std::vector<std::string> files;
-    commandLine.add_option("FILE", files);
-    try {
-        commandLine.parse(DefaultSwitches + switches);
-    } catch (const CLI::ParseError& error) {
-        throw std::invalid_argument(error.what());
-    }
     CKelvoPlugIn& plugIn = Module().PlugIn();
-    options.WriteTo(KelvoApp().ProfileContext(), plugIn.PlugInId());
+    CommandLine commandLine;
+    ReadCommandLine(commandLine, switches);
+    CommandLine defaults;
+    ReadCommandLine(defaults, DefaultSwitches);
+    for (const CommandLine* one : std::array<const CommandLine*, 2>{&defaults, &commandLine})
+        one->switches.WriteTo(KelvoApp().ProfileContext(), plugIn.PlugInId());
     plugIn.OnLoad();
+    m_zoom = commandLine.zoom;
     OptionsAreDefaults() = switches.empty();
-    return files;
+    return commandLine.files;
 }
 
 bool Session::Import(const std::string& path)
@@ -125,7 +131,7 @@ std::string Session::ReportText() const
     if (const std::string why = output.Finish(); !why.empty())
         throw std::runtime_error(why);
     std::rewind(stream.get());
-    return Report(nlohmann::json::parse(stream.get()));
+    return Report(stream.get());
 }
 
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& extension)

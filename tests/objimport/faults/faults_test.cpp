@@ -3,12 +3,12 @@
 #include "console_host/app/console_app.h"
 #include "objimport/program.h"
 #include "tests/failing_new.h"
+#include "tests/json_values.h"
 #include "tests/objimport/faults/failing_calls.h"
 #include "tests/temporary_folder.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace {
 
@@ -72,13 +72,13 @@ protected:
             return true;
         if (ended.status == 0)
             return mayBeSaidInTheJson && ended.json != "old" &&
-                   nlohmann::json::parse(ended.json)["imports"][0]["prints"] !=
-                       nlohmann::json::parse(whole.json)["imports"][0]["prints"];
+                   JsonAt(ended.json, "/imports/0/prints") !=
+                       JsonAt(whole.json, "/imports/0/prints");
         if (ended.errors.empty() && ended.status != 1)
             return false;
         return ended.status == 2
                    ? ended.json == "old" || ended.json == whole.json
-                   : nlohmann::json::parse(ended.json)["imports"][0]["outcome"] != "imported";
+                   : JsonAt(ended.json, "/imports/0/outcome") != "imported";
     }
 
     /// Runs the program with every n-th call failing until none fails any more; every `step`-th
