@@ -19,6 +19,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-fno-tree-slp-vectorize)
 endif()
 
+# With it a compiler cache can serve sources that use precompiled headers.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fpch-preprocess)
+endif()
+
 if(IMPORTOBJ_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                         -fno-omit-frame-pointer)
