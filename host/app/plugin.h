@@ -51,8 +51,7 @@ public:
     /// kind in the plug-in's list. Name, document and options are the host's and are used only
     /// during the call; calls do not overlap. Returns true when the file was imported, false when
     /// the import failed or was cancelled; what was added to the document before stays there.
-    /// Throws nothing: the plug-in answers exceptions of the host, such as std::bad_alloc, by
-    /// false.
+    /// Throws nothing: the plug-in answers a std::bad_alloc of the host by false.
     virtual bool ReadFile(const wchar_t* fileName, int index, CKelvoDoc& doc,
                           const CKelvoFileReadOptions& options) = 0;
 };
