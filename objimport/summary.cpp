@@ -65,25 +65,32 @@ public:
     void Add(const std::string& text, int number = 0, const char* label = "no. ")
     {
         constexpr std::size_t MostNumbers = 5;
-        const auto [place, isNew] = m_places.try_emplace(text, m_texts.size());
-        if (isNew)
+        ++m_count;
+        auto place = m_places.find(text);
+        if (place == m_places.end()) {
+            if (m_texts.size() == std::size_t{ShownRows}) { // one file can ask for very many
+                ++m_leftOut;
+                return;
+            }
+            place = m_places.emplace(text, m_texts.size()).first;
             m_texts.push_back({text, label, 0, {}});
+        }
         OftenText& often = m_texts[place->second];
         ++often.count;
-        ++m_count;
         if (number > 0 && often.numbers.size() < MostNumbers)
             often.numbers.push_back(number);
     }
 
     [[nodiscard]] std::size_t Count() const { return m_count; }
 
-    // Writes each text once, in the order in which they first came up.
+    // Writes the first of the texts, each once, in the order in which they first came up.
     void Write(TextOutput& output) const;
 
 private:
     std::vector<OftenText> m_texts;
     std::map<std::string, std::size_t> m_places;
     std::size_t m_count = 0;
+    std::size_t m_leftOut = 0; // texts that came up when there were enough
 };
 
 // " (7 times: no. 1, 2, 5, 8, 9, ...)"
@@ -101,9 +108,9 @@ std::string HowOften(const OftenText& often)
 void OftenTexts::Write(TextOutput& output) const
 {
     constexpr int Width = 120;
-    for (std::size_t i = 0; i < std::min<std::size_t>(m_texts.size(), ShownRows); ++i)
-        WriteLine(output, "  " + OneLine(m_texts[i].text, Width) + HowOften(m_texts[i]));
-    WriteLeftOut(output, m_texts.size());
+    for (const OftenText& often : m_texts)
+        WriteLine(output, "  " + OneLine(often.text, Width) + HowOften(often));
+    WriteLeftOut(output, m_texts.size() + m_leftOut);
 }
 
 std::string OutcomeText(const ImportRecord& import)

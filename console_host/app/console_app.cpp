@@ -115,9 +115,9 @@ ImportJournal& CurrentJournal()
     return ConsoleApp::Instance().Journal();
 }
 
-void NoteRefused(std::string_view type, std::string_view reason, int number)
+void NoteRefused(std::string_view type, std::string reason, int number)
 {
-    CurrentJournal().refused.push_back({std::string(type), std::string(reason), number});
+    CurrentJournal().refused.push_back({std::string(type), std::move(reason), number});
 }
 
 void NoteGuestFault(std::string_view call, std::string_view fault)

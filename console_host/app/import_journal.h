@@ -44,7 +44,7 @@ ImportJournal& CurrentJournal();
 
 /// Notes geometry, or an image, that is not taken, and why.
 /// `number` says which of its type it is, 0 that this is not known.
-void NoteRefused(std::string_view type, std::string_view reason, int number = 0);
+void NoteRefused(std::string_view type, std::string reason, int number = 0);
 
 /// Notes that a plug-in does not keep to what is agreed: the call at which it showed, and what is
 /// wrong. Goes to standard error and to the kernel errors, with the source "host".

@@ -55,10 +55,10 @@ bool KelvoRepairBrep(GK_Brep& brep, double tolerance)
     const int number = ++CurrentJournal().offered[AnyGeometry(&brep).index()];
     BrepRepairReport report;
     const bool sound = RepairBrep(brep, tolerance, report);
-    for (const std::string& reason : report.dropped)
-        NoteRefused("loop", reason, number);
+    for (std::string& reason : report.dropped)
+        NoteRefused("loop", std::move(reason), number);
     if (!sound)
-        NoteRefused("brep", report.reason, number);
+        NoteRefused("brep", std::move(report.reason), number);
     return sound;
 }
 
