@@ -60,6 +60,11 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept
     }
 }
 
+void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept
+{
+    return operator new(size, nothrow);
+}
+
 void operator delete(void* block) noexcept
 {
     Release(block);
