@@ -1,5 +1,7 @@
 #include "console_host/app/document.h"
 #include "console_host/app/import_journal.h"
+#include "console_host/geokit/mesh_positions.h"
+#include "console_host/geokit/point_box.h"
 
 #include "host/geokit/nurbs_curve.h"
 #include "host/geokit/nurbs_surface.h"
@@ -11,47 +13,29 @@ namespace {
 /// Grows a box to hold geometry; curves and surfaces lie within their control points.
 struct BoxVisitor
 {
-    GK_BoundingBox box;
-    bool empty = true;
-
-    void Take(const GK_3dPoint& point)
-    {
-        if (empty)
-            box = {point, point};
-        empty = false;
-        box.min = {std::min(box.min.x, point.x), std::min(box.min.y, point.y),
-                   std::min(box.min.z, point.z)};
-        box.max = {std::max(box.max.x, point.x), std::max(box.max.y, point.y),
-                   std::max(box.max.z, point.z)};
-    }
-
-    void Take(const GK_3fPoint& point) { Take(GK_3dPoint{point.x, point.y, point.z}); }
-
-    template <class Points>
-    void TakeAll(const Points& points)
-    {
-        for (const auto& point : points)
-            Take(point);
-    }
+    PointBox box;
 
     void operator()(const GK_Mesh* mesh)
     {
-        if (mesh->DoublePrecisionVerticesAreValid())
-            TakeAll(mesh->DoublePrecisionVertices());
-        else
-            TakeAll(mesh->vertices);
+        WithPositions(*mesh, [&](const auto& position) {
+            for (int i = 0; i < mesh->VertexCount(); ++i)
+                box.Add(position(i));
+        });
     }
 
     void operator()(const GK_Curve* curve)
     {
         if (const GK_NurbsCurve* nurbs = GK_NurbsCurve::Cast(curve))
             for (int i = 0; i < nurbs->controlPointCount; ++i)
-                Take(nurbs->ControlPoint(i));
+                box.Add(nurbs->ControlPoint(i));
     }
 
-    void operator()(const GK_3dPoint* point) { Take(*point); }
+    void operator()(const GK_3dPoint* point) { box.Add(*point); }
 
-    void operator()(const GK_PointCloud* cloud) { TakeAll(cloud->points); }
+    void operator()(const GK_PointCloud* cloud)
+    {
+        std::for_each(cloud->points.begin(), cloud->points.end(), [&](auto& p) { box.Add(p); });
+    }
 
     void operator()(const GK_Brep* brep)
     {
@@ -59,7 +43,7 @@ struct BoxVisitor
             if (const auto* surface = GK_NurbsSurface::Cast(brep->Surface(i)))
                 for (int u = 0; u < surface->ControlPointCount(0); ++u)
                     for (int v = 0; v < surface->ControlPointCount(1); ++v)
-                        Take(surface->ControlPoint(u, v));
+                        box.Add(surface->ControlPoint(u, v));
     }
 };
 
@@ -71,7 +55,8 @@ GK_BoundingBox KvZoomExtentsBoundingBox(CKelvoDoc& doc)
     const auto& consoleDoc = dynamic_cast<const ConsoleDoc&>(doc);
     for (int i = 0; i < consoleDoc.ObjectCount(); ++i)
         std::visit(visitor, consoleDoc.Object(i).geometry);
-    return visitor.box;
+    const PointBox& box = visitor.box;
+    return box.IsEmpty() ? GK_BoundingBox() : GK_BoundingBox{box.low, box.high};
 }
 
 void KvZoomExtentsHelper(const GK_BoundingBox& box, CKelvoDoc&, const CKelvoViewList& views)

@@ -1,5 +1,7 @@
 #include "console_host/geokit/brep_join.h"
 
+#include "console_host/geokit/point_box.h"
+
 #include "host/geokit/nurbs_curve.h"
 
 #include <algorithm>
@@ -11,26 +13,6 @@
 #include <numeric>
 
 namespace {
-
-// The box around what comes together at a vertex.
-struct Box
-{
-    GK_3dPoint low;
-    GK_3dPoint high;
-    bool empty = true;
-
-    void Add(const GK_3dPoint& point)
-    {
-        if (empty)
-            low = high = point;
-        empty = false;
-        low = {std::min(low.x, point.x), std::min(low.y, point.y), std::min(low.z, point.z)};
-        high = {std::max(high.x, point.x), std::max(high.y, point.y), std::max(high.z, point.z)};
-    }
-
-    // Ends at exactly one place leave their vertex exactly there.
-    [[nodiscard]] GK_3dPoint Middle() const { return low + 0.5 * (high - low); }
-};
 
 // Points by the cell of a grid, to find those within a cell's width of a place. The cells are kept
 // in their order: a file could choose places whose cells collide in a hash.
@@ -139,7 +121,7 @@ private:
 
     int Leader(int vertex);
     void Join(int a, int b);
-    std::vector<Box> Gather();
+    std::vector<PointBox> Gather();
     [[nodiscard]] bool IsCollapsed(const GK_BrepEdge& edge) const;
 
     GK_Brep& m_brep;
@@ -177,9 +159,9 @@ void Joiner::JoinAlongLoops()
 }
 
 // For each leader the box around the trim ends there.
-std::vector<Box> Joiner::Gather()
+std::vector<PointBox> Joiner::Gather()
 {
-    std::vector<Box> boxes(m_leader.size());
+    std::vector<PointBox> boxes(m_leader.size());
     for (int i = 0; i < m_brep.TrimCount(); ++i) {
         const GK_BrepTrim& trim = m_brep.Trim(i);
         const std::array<GK_3dPoint, 2> ends = EndsOf(m_brep, trim);
@@ -199,9 +181,9 @@ void Joiner::JoinNearby(double near)
     if (!(near > 0.0))
         return;
     PointGrid grid(near);
-    const std::vector<Box> boxes = Gather();
+    const std::vector<PointBox> boxes = Gather();
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-        if (boxes[i].empty)
+        if (boxes[i].IsEmpty())
             continue;
         const GK_3dPoint place = boxes[i].Middle();
         const int vertex = static_cast<int>(i);
@@ -214,9 +196,9 @@ void Joiner::JoinNearby(double near)
 
 void Joiner::MoveVertices()
 {
-    const std::vector<Box> boxes = Gather();
+    const std::vector<PointBox> boxes = Gather();
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-        if (boxes[i].empty)
+        if (boxes[i].IsEmpty())
             continue;
         GK_BrepVertex& vertex = m_brep.Vertex(static_cast<int>(i));
         vertex.point = boxes[i].Middle();

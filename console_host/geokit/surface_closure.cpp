@@ -1,8 +1,9 @@
 #include "console_host/geokit/surface_closure.h"
 
+#include "console_host/geokit/point_box.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <memory>
 
 namespace {
@@ -10,19 +11,11 @@ namespace {
 // The longest extent of the control points along an axis.
 double SizeOf(const GK_NurbsSurface& surface)
 {
-    constexpr double Infinity = std::numeric_limits<double>::infinity();
-    std::array<double, 3> low{Infinity, Infinity, Infinity};
-    std::array<double, 3> high{-Infinity, -Infinity, -Infinity};
-    for (int j = 0; j < surface.ControlPointCount(1); ++j) {
-        for (int i = 0; i < surface.ControlPointCount(0); ++i) {
-            const double* values = surface.ControlPointValues(i, j);
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                low[axis] = std::min(low[axis], values[axis]);
-                high[axis] = std::max(high[axis], values[axis]);
-            }
-        }
-    }
-    return std::max({high[0] - low[0], high[1] - low[1], high[2] - low[2]});
+    PointBox box;
+    for (int j = 0; j < surface.ControlPointCount(1); ++j)
+        for (int i = 0; i < surface.ControlPointCount(0); ++i)
+            box.Add(surface.ControlPoint(i, j));
+    return std::max({box.high.x - box.low.x, box.high.y - box.low.y, box.high.z - box.low.z});
 }
 
 bool IsPoint(const GK_NurbsCurve& side, double gap)

@@ -1,5 +1,6 @@
 #include "console_host/vxkit/image_fit.h"
 
+#include "console_host/geokit/point_box.h"
 #include "console_host/vxkit/hermite_pieces.h"
 
 #include <algorithm>
@@ -11,29 +12,6 @@ bool IsFinite(const GK_3dPoint& point)
 {
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
-
-// The box around the points of an image.
-class Box
-{
-public:
-    void Add(const GK_3dPoint& point)
-    {
-        m_low = m_empty ? point
-                        : GK_3dPoint{std::min(m_low.x, point.x), std::min(m_low.y, point.y),
-                                     std::min(m_low.z, point.z)};
-        m_high = m_empty ? point
-                         : GK_3dPoint{std::max(m_high.x, point.x), std::max(m_high.y, point.y),
-                                      std::max(m_high.z, point.z)};
-        m_empty = false;
-    }
-
-    [[nodiscard]] double Size() const { return m_low.DistanceTo(m_high); }
-
-private:
-    GK_3dPoint m_low;
-    GK_3dPoint m_high;
-    bool m_empty = true;
-};
 
 // A part of the interval, and how the image leaves its start and comes to its end.
 struct Part
@@ -98,7 +76,7 @@ private:
     double m_mostWork;
     double m_work = 0.0;
     std::size_t m_mostPieces = 0;
-    Box m_box;
+    PointBox m_box;
     std::vector<Part> m_parts; // still to do, the first at the end
     std::vector<HermitePiece> m_pieces;
 };
@@ -119,7 +97,7 @@ ImageFit::Outcome Fit::Run(const GK_Interval& interval)
     m_mostPieces = std::min(Most, ForAny + ForEachPart * breaks.size());
     if (const ImageFit::Outcome outcome = Begin(breaks); outcome != ImageFit::Made)
         return outcome;
-    m_tolerance = std::min(m_tolerance, RelativeTolerance * m_box.Size());
+    m_tolerance = std::min(m_tolerance, RelativeTolerance * m_box.low.DistanceTo(m_box.high));
     std::vector<Part> wholes;
     wholes.swap(m_parts);
     double pieces = 0.0;
