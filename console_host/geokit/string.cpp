@@ -1,7 +1,8 @@
 #include "host/geokit/string.h"
 
+#include "console_host/runtime/utf8.h"
+
 #include <algorithm>
-#include <cstdint>
 
 namespace {
 
@@ -24,55 +25,23 @@ void AppendWide(std::wstring& text, char32_t code)
 
 void AppendUtf8(std::string& text, char32_t code)
 {
-    const auto byte = [&text](char32_t value) { text += static_cast<char>(value); };
-    if (code < 0x80) {
-        byte(code);
-    } else if (code < 0x800) {
-        byte(0xC0 | (code >> 6));
-        byte(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        byte(0xE0 | (code >> 12));
-        byte(0x80 | ((code >> 6) & 0x3F));
-        byte(0x80 | (code & 0x3F));
+    const auto append = [&text](unsigned int mark, char32_t bits) {
+        text += static_cast<char>(mark | bits);
+    };
+    if (code < 0x80)
+        return append(0, code);
+    if (code < 0x800) {
+        append(0xC0, code >> 6);
     } else {
-        byte(0xF0 | (code >> 18));
-        byte(0x80 | ((code >> 12) & 0x3F));
-        byte(0x80 | ((code >> 6) & 0x3F));
-        byte(0x80 | (code & 0x3F));
+        if (code < 0x10000) {
+            append(0xE0, code >> 12);
+        } else {
+            append(0xF0, code >> 18);
+            append(0x80, (code >> 12) & 0x3F);
+        }
+        append(0x80, (code >> 6) & 0x3F);
     }
-}
-
-/// Length of the sequence that a lead byte opens; 0 for what is no lead byte.
-std::size_t SequenceLength(std::uint8_t lead)
-{
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead <= 0xDF)
-        return 2;
-    if (lead >= 0xE0 && lead <= 0xEF)
-        return 3;
-    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
-}
-
-/// Decodes one code point at the front and takes its bytes off; a bad byte gives U+FFFD.
-char32_t TakeUtf8(std::string_view& text)
-{
-    constexpr char32_t Smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const auto lead = static_cast<std::uint8_t>(text.front());
-    const std::size_t length = SequenceLength(lead);
-    char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
-    bool good = length > 0 && length <= text.size();
-    for (std::size_t i = 1; good && i < length; ++i) {
-        const auto next = static_cast<std::uint8_t>(text[i]);
-        good = (next & 0xC0) == 0x80;
-        code = code << 6 | (next & 0x3F);
-    }
-    if (!good || code < Smallest[length] || code > 0x10FFFF || IsSurrogate(code)) {
-        text.remove_prefix(1);
-        return Replacement;
-    }
-    text.remove_prefix(length);
-    return code;
+    append(0x80, code & 0x3F);
 }
 
 /// Takes one code point off the front of a wide text; an unpaired surrogate gives U+FFFD.
@@ -103,8 +72,11 @@ GK_wString::GK_wString(std::string_view utf8)
 {
     std::wstring text;
     text.reserve(utf8.size());
-    while (!utf8.empty())
-        AppendWide(text, TakeUtf8(utf8));
+    while (!utf8.empty()) {
+        const Utf8Character first = FirstCharacter(utf8);
+        AppendWide(text, first.isValid ? first.code : Replacement);
+        utf8.remove_prefix(first.isValid ? first.size : 1);
+    }
     *this = GK_wString(std::move(text));
 }
 
