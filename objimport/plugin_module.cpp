@@ -1,14 +1,14 @@
 #include "objimport/plugin_module.h"
 
-#include "console_host/app/console_app.h"
 #include "console_host/app/printable.h"
-#include "console_host/framework/module_apps.h"
+#include "console_host/app/registration.h"
 #include "console_host/runtime/allocation_failures.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/program_error.h"
 
 #include "host/framework/win_app.h"
+#include "host/geokit/string.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -43,7 +43,7 @@ Function Export(const Library& library, const char* name, const std::filesystem:
 
 CKelvoFileImportPlugIn* RegisteredImportPlugIn()
 {
-    for (CKelvoPlugIn* plugIn : ConsoleApp::Instance().PlugIns())
+    for (CKelvoPlugIn* plugIn : PlugIns())
         if (auto* importer = dynamic_cast<CKelvoFileImportPlugIn*>(plugIn))
             return importer;
     return nullptr;

@@ -1,9 +1,9 @@
 #include "objimport/program.h"
 
-#include "console_host/app/command_registry.h"
 #include "console_host/app/console_app.h"
 #include "console_host/app/input_answers.h"
-#include "console_host/framework/dialog_state.h"
+#include "console_host/app/registration.h"
+#include "console_host/framework/native_windows.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/about.h"
@@ -180,20 +180,19 @@ void RunUnloadHook(PlugInModule& module)
     ConsoleApp::Instance().Profile().Save();
 }
 
-CKelvoCommand& FindCommand(const std::string& name)
+CKelvoCommand& CommandAskedFor(const std::string& name)
 {
-    const CommandRegistry& registry = CommandRegistry::Instance();
-    if (CKelvoCommand* command = registry.Find(GK_wString(std::string_view(name)).View()))
+    if (CKelvoCommand* command = FindCommand(GK_wString(std::string_view(name)).View()))
         return *command;
     std::string known;
-    for (const CKelvoCommand* command : registry.Commands())
+    for (const CKelvoCommand* command : Commands())
         known += (known.empty() ? "" : ", ") + GK_wString(command->EnglishCommandName()).Utf8();
     throw ProgramError("there is no command " + name + "; the plug-in has " + known);
 }
 
 int RunPlugInCommand(const CommandLine& commandLine, PlugInModule& module)
 {
-    CKelvoCommand& command = FindCommand(commandLine.run);
+    CKelvoCommand& command = CommandAskedFor(commandLine.run);
     PrepareHost(commandLine, module, stdout);
     module.RunLoadHook();
     const int result = command.RunCommand();

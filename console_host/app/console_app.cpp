@@ -3,15 +3,14 @@
 #include "console_host/app/format_text.h"
 #include "console_host/app/help.h"
 #include "console_host/app/printable.h"
-#include "console_host/geokit/error_handler.h"
 #include "console_host/runtime/allocation_failures.h"
 #include "console_host/vxkit/pushup_allowance.h"
 
 #include "host/app/localize.h"
+#include "host/geokit/error.h"
 #include "host/geokit/string.h"
 #include "host/runtime/file.h"
 
-#include <algorithm>
 #include <cstdarg>
 #include <exception>
 #include <new>
@@ -25,17 +24,6 @@ namespace {
     throw std::bad_alloc();
 }
 
-void NoteKernelError(const char* source, int, const char* text) noexcept
-{
-    try {
-        CurrentJournal().kernelErrors.push_back(
-            {source != nullptr ? source : "", text != nullptr ? text : ""});
-    } catch (const std::exception&) {
-        // A report for which there is no memory is lost; the import goes on.
-        return;
-    }
-}
-
 } // namespace
 
 ConsoleApp& ConsoleApp::Instance()
@@ -46,14 +34,12 @@ ConsoleApp& ConsoleApp::Instance()
 
 ConsoleApp::ConsoleApp() : m_profile(std::make_unique<ProfileStore>())
 {
-    SetErrorHandler(NoteKernelError);
     std::set_new_handler(NoteFailureAndThrow);
 }
 
 ConsoleApp::~ConsoleApp()
 {
     std::set_new_handler(nullptr);
-    SetErrorHandler(nullptr);
 }
 
 void ConsoleApp::Print(const wchar_t* format, ...)
@@ -89,11 +75,6 @@ ImportJournal ConsoleApp::TakeJournal()
     return std::exchange(m_journal, {});
 }
 
-void ConsoleApp::Unregister(CKelvoPlugIn* plugIn) noexcept
-{
-    m_plugIns.erase(std::remove(m_plugIns.begin(), m_plugIns.end(), plugIn), m_plugIns.end());
-}
-
 CKelvoApp& KelvoApp()
 {
     return ConsoleApp::Instance();
@@ -108,6 +89,15 @@ void KelvoNoteFileRead(std::FILE* stream)
 {
     if (const std::optional<FileIdentity> identity = IdentityOf(stream))
         ConsoleApp::Instance().FilesRead().insert(*identity);
+}
+
+void GK_Error(const char* source, int, const char* text) noexcept
+try {
+    CurrentJournal().kernelErrors.push_back(
+        {source != nullptr ? source : "", text != nullptr ? text : ""});
+} catch (const std::exception&) {
+    // A report for which there is no memory is lost; the import goes on.
+    return;
 }
 
 ImportJournal& CurrentJournal()

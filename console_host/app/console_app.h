@@ -2,7 +2,6 @@
 
 #include "console_host/app/import_journal.h"
 #include "console_host/app/profile_store.h"
-#include "console_host/app/registration.h"
 #include "console_host/app/string_table.h"
 #include "console_host/runtime/files.h"
 
@@ -13,9 +12,6 @@
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
-
-class CKelvoPlugIn;
 
 /// The console host's application object: all that the host keeps between imports.
 class ConsoleApp final : public CKelvoApp
@@ -54,11 +50,6 @@ public:
     /// in all: to be called between imports.
     ImportJournal TakeJournal();
 
-    /// The plug-ins that exist, in the order of their making.
-    [[nodiscard]] const std::vector<CKelvoPlugIn*>& PlugIns() const { return m_plugIns; }
-    void Register(CKelvoPlugIn* plugIn) noexcept { AppendWhileLoading(m_plugIns, plugIn); }
-    void Unregister(CKelvoPlugIn* plugIn) noexcept;
-
 private:
     ConsoleApp();
 
@@ -67,6 +58,5 @@ private:
     StringTable m_strings;
     std::wstring m_dialogHint;
     ImportJournal m_journal;
-    std::vector<CKelvoPlugIn*> m_plugIns;
     std::set<FileIdentity> m_filesRead;
 };

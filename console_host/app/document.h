@@ -2,12 +2,18 @@
 
 #include "console_host/app/document_object.h"
 #include "console_host/app/document_tables.h"
-#include "console_host/app/view.h"
 
 #include "host/app/doc.h"
 
 #include <deque>
 #include <vector>
+
+/// A view of a document; the console shows none, so it only knows what it would show.
+class CKelvoView
+{
+public:
+    GK_BoundingBox shown;
+};
 
 /// The console host's document: what was added, in its order, and one view of it.
 class ConsoleDoc final : public CKelvoDoc

@@ -1,7 +1,6 @@
 #include "console_host/app/help.h"
 
 #include "console_host/app/printable.h"
-#include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_windows.h"
 #include "console_host/framework/work_note.h"
 #include "console_host/runtime/files.h"

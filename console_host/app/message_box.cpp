@@ -3,7 +3,6 @@
 #include "console_host/app/console_app.h"
 #include "console_host/app/import_journal.h"
 #include "console_host/app/printable.h"
-#include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_windows.h"
 
 #include "host/app/dialog.h"

@@ -1,15 +1,18 @@
 #pragma once
 
-#include <new>
+#include <string_view>
 #include <vector>
 
-/// Appends an object to a list while a module is loaded: no exception may leave the construction of
-/// its globals. An object for which there is no memory is left out, and the failure is counted as
-/// every one is.
-template <class Object>
-void AppendWhileLoading(std::vector<Object*>& list, Object* object) noexcept
-try {
-    list.push_back(object);
-} catch (const std::bad_alloc&) {
-    return;
-}
+class CKelvoCommand;
+class CKelvoPlugIn;
+class CWinApp;
+
+/// What the loaded modules have made, each list in the order of construction. No exception leaves
+/// the construction of a module's globals: an object for which there is no memory is left out, and
+/// the failure is counted as every one is.
+std::vector<CKelvoPlugIn*>& PlugIns();
+std::vector<CKelvoCommand*>& Commands();
+std::vector<CWinApp*>& ModuleApps();
+
+/// Returns the command of that English name, taken without regard to case, or null.
+CKelvoCommand* FindCommand(std::wstring_view englishName);

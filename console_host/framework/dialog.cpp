@@ -1,10 +1,35 @@
 #include "host/framework/dialog.h"
 
 #include "console_host/app/import_journal.h"
-#include "console_host/framework/dialog_state.h"
 #include "console_host/framework/native_dialog.h"
+#include "console_host/framework/native_windows.h"
 
 #include <vector>
+
+namespace {
+
+const CModuleState*& CurrentState()
+{
+    static const CModuleState* current = nullptr;
+    return current;
+}
+
+} // namespace
+
+const CModuleState* CModuleState::Current()
+{
+    return CurrentState();
+}
+
+CModuleStateScope::CModuleStateScope(const CModuleState& state) : m_before(CurrentState())
+{
+    CurrentState() = &state;
+}
+
+CModuleStateScope::~CModuleStateScope()
+{
+    CurrentState() = m_before;
+}
 
 DialogState& Dialogs()
 {

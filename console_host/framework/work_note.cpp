@@ -2,6 +2,8 @@
 
 #include "console_host/runtime/terminal.h"
 
+#include "host/framework/wait_cursor.h"
+
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -75,4 +77,14 @@ void WorkNote::Erase()
     std::fputs("\r           \r", stderr);
     std::fflush(stderr);
     m_shown = false;
+}
+
+CWaitCursor::CWaitCursor()
+{
+    WorkNote::Instance().Begin();
+}
+
+CWaitCursor::~CWaitCursor()
+{
+    WorkNote::Instance().End();
 }

@@ -1,6 +1,5 @@
 #include "host/geokit/allocation.h"
 
-#include "console_host/geokit/allocation_faults.h"
 #include "console_host/runtime/allocation_failures.h"
 #include "console_host/runtime/large_pages.h"
 

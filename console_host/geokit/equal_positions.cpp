@@ -1,7 +1,5 @@
 #include "console_host/geokit/equal_positions.h"
 
-#include "console_host/geokit/position_hash.h"
-
 #include <numeric>
 #include <tuple>
 #include <vector>

@@ -1,8 +1,40 @@
 #include "host/geokit/mesh.h"
 
+#include "console_host/geokit/equal_positions.h"
 #include "console_host/geokit/mesh_positions.h"
 
+#include <algorithm>
 #include <new>
+
+bool GK_MeshFace::Repair(int vertexCount, const GK_3fPoint* vertices)
+{
+    std::array<int, 4> kept{};
+    std::size_t count = 0;
+    for (const int corner : vi) {
+        if (corner < 0 || corner >= vertexCount)
+            return false;
+        const auto repeats = [&](int earlier) {
+            return earlier == corner || vertices[earlier] == vertices[corner];
+        };
+        if (std::none_of(kept.data(), kept.data() + count, repeats))
+            kept[count++] = corner;
+    }
+    if (count < 3)
+        return false;
+    if (count == 3)
+        kept[3] = kept[2];
+    vi = kept;
+    return true;
+}
+
+GK_MeshTopology::GK_MeshTopology(std::span<const GK_3fPoint> vertices)
+    : m_vertexMap(FirstEqualPositions(vertices))
+{
+    for (int i = 0; i < m_vertexMap.Count(); ++i) {
+        const int first = m_vertexMap[i];
+        m_vertexMap[i] = first == i ? m_count++ : m_vertexMap[first];
+    }
+}
 
 bool GK_Mesh::HasVertexNormals() const
 {

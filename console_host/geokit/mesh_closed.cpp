@@ -1,6 +1,5 @@
 #include "console_host/geokit/equal_positions.h"
 #include "console_host/geokit/mesh_positions.h"
-#include "console_host/geokit/position_hash.h"
 
 #include <memory>
 #include <vector>

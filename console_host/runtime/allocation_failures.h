@@ -6,3 +6,7 @@ void NoteAllocationFailure() noexcept;
 
 /// Returns how many failed since the program began.
 [[nodiscard]] long AllocationFailures() noexcept;
+
+/// For tests: the `nth` kernel allocation from now on fails (1: the next), and only that one. 0:
+/// none does.
+void FailAllocation(long nth) noexcept;

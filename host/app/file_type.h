@@ -4,6 +4,8 @@
 #include "host/geokit/string.h"
 #include "host/geokit/uuid.h"
 
+#include <set>
+
 /// What a host's read-options flags ask of an import.
 enum CKelvoReadMode : int
 {
@@ -16,14 +18,20 @@ enum CKelvoReadMode : int
 class CKelvoFileReadOptions
 {
 public:
-    /// Returns non-zero when the flag is set; 0 for a flag outside 0 to 31.
-    [[nodiscard]] int Mode(int flag) const;
+    /// Returns non-zero when the flag is set.
+    [[nodiscard]] int Mode(int flag) const { return m_flags.contains(flag) ? 1 : 0; }
 
-    /// Sets or clears a flag from 0 to 31; another one is ignored.
-    void SetMode(int flag, bool on);
+    /// Sets or clears a flag.
+    void SetMode(int flag, bool on)
+    {
+        if (on)
+            m_flags.insert(flag);
+        else
+            m_flags.erase(flag);
+    }
 
 private:
-    unsigned int m_flags = 0;
+    std::set<int> m_flags;
 };
 
 /// One kind of file that a plug-in reads.

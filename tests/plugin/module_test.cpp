@@ -1,4 +1,5 @@
 #include "console_host/app/console_app.h"
+#include "console_host/app/registration.h"
 #include "objimport/plugin_module.h"
 
 #include "host/geokit/string.h"
@@ -74,7 +75,7 @@ TEST(Module, ExportsWhatTheShipperSet)
 
 TEST(Module, HoldsOnePlugInAndShowsItsExportsAloneWhileItIsLoaded)
 {
-    const auto& plugIns = ConsoleApp::Instance().PlugIns();
+    const auto& plugIns = PlugIns();
     {
         const PlugInModule module(ModulePath);
         ASSERT_EQ(plugIns.size(), 1U);

@@ -1,4 +1,4 @@
-#include "console_host/geokit/error_handler.h"
+#include "console_host/app/import_journal.h"
 #include "console_host/vxkit/pushup_allowance.h"
 #include "tests/vxkit/pushed_up.h"
 
@@ -10,30 +10,23 @@
 
 namespace {
 
-// Notes what is reported to the kernel's error service; there is one handler at a time.
+// What is reported to the kernel's error service from here on.
 class Reports
 {
 public:
     Reports()
     {
-        Texts().clear();
-        m_before = SetErrorHandler([](const char* source, int, const char* text) noexcept {
-            Texts().push_back(std::string(source) + ": " + text);
-        });
+        CurrentJournal().kernelErrors.clear();
         PushupAllowance::Current().Restart();
     }
-    Reports(const Reports&) = delete;
-    Reports& operator=(const Reports&) = delete;
-    ~Reports() { SetErrorHandler(m_before); }
 
-    static std::vector<std::string>& Texts()
+    [[nodiscard]] static std::vector<std::string> Texts()
     {
-        static std::vector<std::string> texts;
+        std::vector<std::string> texts;
+        for (const auto& [source, text] : CurrentJournal().kernelErrors)
+            texts.push_back(source + ": " + text);
         return texts;
     }
-
-private:
-    ErrorHandler m_before;
 };
 
 TEST(Pushup, CutsWhatRoundingPutsOutsideTheDomain)

@@ -1,6 +1,6 @@
 #include "tests/objimport/faults/failing_calls.h"
 
-#include "console_host/geokit/allocation_faults.h"
+#include "console_host/runtime/allocation_failures.h"
 #include "tests/failing_new.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
 #include "console_host/framework/work_note.h"
-#include "console_host/geokit/allocation_faults.h"
+#include "console_host/runtime/allocation_failures.h"
 #include "plugin/import_obj_plugin.h"
 #include "tests/failing_new.h"
 
