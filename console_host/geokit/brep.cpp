@@ -3,28 +3,49 @@
 #include "console_host/geokit/iso_curve.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
 template <class Pointer>
-auto At(const std::vector<Pointer>& list, int index) -> decltype(list[0].get())
+auto At(const GK_ClassArray<Pointer>& list, int index) -> decltype(list[0].get())
 {
-    const bool present = index >= 0 && static_cast<std::size_t>(index) < list.size();
-    return present ? list[static_cast<std::size_t>(index)].get() : nullptr;
+    return index >= 0 && index < list.Count() ? list[index].get() : nullptr;
 }
 
-template <class Pointer, class T>
-int Take(std::vector<Pointer>& list, std::unique_ptr<T> item)
+template <class T>
+int Take(GK_ClassArray<T>& list, T item)
 {
-    list.push_back(std::move(item));
-    return static_cast<int>(list.size()) - 1;
+    list.Append(std::move(item));
+    return list.Count() - 1;
+}
+
+/// Takes out of a list what no index names, and numbers the indices, of which -1 names nothing,
+/// again.
+template <class T>
+void KeepNamed(GK_ClassArray<T>& list, const std::vector<int*>& indices)
+{
+    std::vector<int> numbers(static_cast<std::size_t>(list.Count()), -1);
+    const auto numberOf = [&](int i) -> int& { return numbers[static_cast<std::size_t>(i)]; };
+    for (const int* index : indices)
+        if (*index >= 0)
+            numberOf(*index) = 0;
+    GK_ClassArray<T> kept;
+    kept.Reserve(static_cast<int>(std::count(numbers.begin(), numbers.end(), 0)));
+    for (int i = 0; i < list.Count(); ++i)
+        if (numberOf(i) == 0)
+            numberOf(i) = Take(kept, std::move(list[i]));
+    list = std::move(kept);
+    for (int* index : indices)
+        if (*index >= 0)
+            *index = numberOf(*index);
 }
 
 } // namespace
 
 int GK_Brep::AddSurface(std::unique_ptr<GK_Surface> surface)
 {
-    return Take(m_surfaces, std::move(surface));
+    return Take(m_surfaces, std::shared_ptr<GK_Surface>(std::move(surface)));
 }
 
 int GK_Brep::AddTrimCurve(std::unique_ptr<GK_Curve> curve2d)
@@ -39,14 +60,13 @@ int GK_Brep::AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d)
 
 int GK_Brep::AddIsoCurve(int surfaceIndex, int direction, double parameter)
 {
-    return AddEdgeCurve(std::make_unique<IsoCurve>(
-        m_surfaces[static_cast<std::size_t>(surfaceIndex)], direction, parameter));
+    return AddEdgeCurve(std::make_unique<IsoCurve>(m_surfaces[surfaceIndex], direction, parameter));
 }
 
 void GK_Brep::RemoveFaces()
 {
-    m_trimCurves.clear();
-    m_edgeCurves.clear();
+    m_trimCurves.Destroy();
+    m_edgeCurves.Destroy();
     m_faces.Destroy();
     m_loops.Destroy();
     m_trims.Destroy();
@@ -155,4 +175,34 @@ GK_Curve* GK_Brep::EdgeCurve(int index)
 const GK_Curve* GK_Brep::EdgeCurve(int index) const
 {
     return At(m_edgeCurves, index);
+}
+
+void GK_Brep::RemoveUnused()
+{
+    std::vector<int*> surfaces;
+    std::vector<int*> edges;
+    std::vector<int*> vertices;
+    std::vector<int*> edgeCurves;
+    for (GK_BrepFace& face : m_faces) {
+        surfaces.push_back(&face.surfaceIndex);
+        face.loopIndices.Shrink();
+    }
+    for (GK_BrepLoop& loop : m_loops)
+        loop.trimIndices.Shrink();
+    for (GK_BrepTrim& trim : m_trims) {
+        edges.push_back(&trim.edgeIndex);
+        vertices.insert(vertices.end(), {&trim.vertexIndex[0], &trim.vertexIndex[1]});
+    }
+    KeepNamed(m_edges, edges);
+    for (GK_BrepEdge& edge : m_edges) {
+        edge.trimIndices.Shrink();
+        edge.edgeIndex = static_cast<int>(edgeCurves.size());
+        edgeCurves.push_back(&edge.curveIndex);
+        vertices.insert(vertices.end(), {&edge.vertexIndex[0], &edge.vertexIndex[1]});
+    }
+    KeepNamed(m_surfaces, surfaces);
+    KeepNamed(m_edgeCurves, edgeCurves);
+    KeepNamed(m_vertices, vertices);
+    for (int i = 0; i < VertexCount(); ++i)
+        m_vertices[i].vertexIndex = i;
 }

@@ -34,7 +34,6 @@ private:
     [[nodiscard]] std::vector<int> FacesToKeep() const;
     bool Bound(int face);
     [[nodiscard]] double Nearness() const;
-    void DropUnusedVertices();
 
     GK_Brep& m_brep;
     double m_tolerance;
@@ -53,7 +52,7 @@ bool Repair::Run()
     for (const Bounded& bounded : m_bounded)
         assembly.Add(bounded.surface, bounded.plane, bounded.bounds);
     JoinTrimEnds(m_brep, Nearness());
-    DropUnusedVertices();
+    m_brep.RemoveUnused();
     for (int i = 0; i < m_brep.SurfaceCount(); ++i) // nothing is pushed up onto it any more
         GK_NurbsSurface::Cast(m_brep.Surface(i))->DerivedData().Set(nullptr);
     return true;
@@ -141,26 +140,6 @@ double Repair::Nearness() const
     for (const Bounded& bounded : m_bounded)
         size = std::max(size, bounded.plane.Size());
     return std::min(m_tolerance, RoundingOfFiles * size);
-}
-
-void Repair::DropUnusedVertices()
-{
-    const auto all = [](int count) {
-        return std::vector<char>(static_cast<std::size_t>(count), 1);
-    };
-    GK_Brep::Survivors survivors{all(m_brep.FaceCount()), all(m_brep.LoopCount()),
-                                 all(m_brep.TrimCount()), all(m_brep.EdgeCount()),
-                                 all(m_brep.VertexCount())};
-    std::fill(survivors.edges.begin(), survivors.edges.end(), char{0});
-    std::fill(survivors.vertices.begin(), survivors.vertices.end(), char{0});
-    for (int i = 0; i < m_brep.TrimCount(); ++i) {
-        const GK_BrepTrim& trim = m_brep.Trim(i);
-        if (trim.edgeIndex >= 0)
-            survivors.edges[static_cast<std::size_t>(trim.edgeIndex)] = 1;
-        for (const int vertex : trim.vertexIndex)
-            survivors.vertices[static_cast<std::size_t>(vertex)] = 1;
-    }
-    m_brep.Keep(survivors);
 }
 
 } // namespace

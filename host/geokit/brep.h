@@ -7,8 +7,6 @@
 
 #include <array>
 #include <memory>
-#include <string>
-#include <vector>
 
 /// A corner of a brep, where edges end.
 class GK_BrepVertex : public GK_Geometry
@@ -136,9 +134,9 @@ public:
     /// the loop, or null when the face does not exist or its surface is not valid.
     GK_BrepLoop* NewOuterLoop(int faceIndex, int vertices[4], int edges[4], bool reversed[4]);
 
-    [[nodiscard]] int SurfaceCount() const { return static_cast<int>(m_surfaces.size()); }
-    [[nodiscard]] int TrimCurveCount() const { return static_cast<int>(m_trimCurves.size()); }
-    [[nodiscard]] int EdgeCurveCount() const { return static_cast<int>(m_edgeCurves.size()); }
+    [[nodiscard]] int SurfaceCount() const { return m_surfaces.Count(); }
+    [[nodiscard]] int TrimCurveCount() const { return m_trimCurves.Count(); }
+    [[nodiscard]] int EdgeCurveCount() const { return m_edgeCurves.Count(); }
     [[nodiscard]] int FaceCount() const { return m_faces.Count(); }
     [[nodiscard]] int LoopCount() const { return m_loops.Count(); }
     [[nodiscard]] int TrimCount() const { return m_trims.Count(); }
@@ -165,19 +163,9 @@ public:
     [[nodiscard]] GK_BrepVertex& Vertex(int index) { return m_vertices[index]; }
     [[nodiscard]] const GK_BrepVertex& Vertex(int index) const { return m_vertices[index]; }
 
-    /// Which parts stay when the others are removed: one entry for each, not 0 for those that do.
-    struct Survivors
-    {
-        std::vector<char> faces;
-        std::vector<char> loops;
-        std::vector<char> trims;
-        std::vector<char> edges;
-        std::vector<char> vertices;
-    };
-
-    /// Removes parts, then the curves and surfaces that nothing uses any more, and numbers what is
-    /// left again in the same order. What stays must not name what goes.
-    void Keep(const Survivors& survivors);
+    /// Removes surfaces that no face uses, edges and vertices that no trim uses, and their curves,
+    /// numbers what is left again in the same order, and releases room that is not used.
+    void RemoveUnused();
 
     /// Return the object as a brep, or null when it is none.
     static GK_Brep* Cast(GK_Object* object) { return dynamic_cast<GK_Brep*>(object); }
@@ -187,9 +175,9 @@ public:
     }
 
 private:
-    std::vector<std::shared_ptr<GK_Surface>> m_surfaces; ///< curves along them share them
-    std::vector<std::unique_ptr<GK_Curve>> m_trimCurves;
-    std::vector<std::unique_ptr<GK_Curve>> m_edgeCurves;
+    GK_ClassArray<std::shared_ptr<GK_Surface>> m_surfaces; ///< curves along them share them
+    GK_ClassArray<std::unique_ptr<GK_Curve>> m_trimCurves;
+    GK_ClassArray<std::unique_ptr<GK_Curve>> m_edgeCurves;
     GK_ClassArray<GK_BrepFace> m_faces;
     GK_ClassArray<GK_BrepLoop> m_loops;
     GK_ClassArray<GK_BrepTrim> m_trims;
