@@ -71,10 +71,9 @@ TEST(CurveKinds, EdgesKeepTheSurfaceThatTheyLieOn)
     const auto brep = MakeBrep(MakeHill(true));
     AddNaturalLoop(*brep);
     const GK_3dPoint start = brep->Edge(0).PointAtStart();
-    GK_Brep::Survivors survivors{{0}, {0}, {0, 0, 0, 0}, {1, 0, 0, 0}, {1, 1, 0, 0}};
-    brep->Edge(0).trimIndices.Destroy();
-    brep->Keep(survivors);
-    EXPECT_EQ(brep->SurfaceCount(), 0);
+    brep->Face(0).surfaceIndex = brep->AddSurface(MakeHill(false));
+    brep->RemoveUnused();
+    EXPECT_EQ(brep->SurfaceCount(), 1);
     EXPECT_EQ(brep->Edge(0).PointAtStart(), start);
     EXPECT_EQ(brep->Edge(0).AsBspline().PointAtStart(), start);
 }
