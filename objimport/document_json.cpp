@@ -3,20 +3,25 @@
 #include "objimport/geometry_json.h"
 #include "objimport/json_stream.h"
 
+#include <array>
+#include <ranges>
+
 namespace {
 
-void WriteName(JsonStream& json, const GK_wString& name)
+/// Null when there is none.
+std::optional<std::string> TextOf(const GK_wString& name)
 {
-    if (name.IsEmpty())
-        json.Null();
-    else
-        json.Value(name.Utf8());
+    return name.IsEmpty() ? std::nullopt : std::optional(name.Utf8());
 }
 
-void WriteColor(JsonStream& json, std::string_view member, const GK_Color& color)
+std::optional<std::string> TextOf(const GK_UUID& id)
 {
-    json.Key(member);
-    json.Tuple(color.Red(), color.Green(), color.Blue());
+    return id == GK_nil_uuid ? std::nullopt : std::optional(GK_UuidToString(id));
+}
+
+std::array<int, 3> ChannelsOf(const GK_Color& color)
+{
+    return {color.Red(), color.Green(), color.Blue()};
 }
 
 const char* TextureType(GK_Texture::TYPE type)
@@ -37,32 +42,21 @@ void WriteImport(JsonStream& json, const ImportRecord& import)
 {
     const ImportJournal& journal = import.journal;
     json.BeginObject();
-    json.Member("file", import.file);
-    json.Member("result", import.result);
-    json.Member("outcome", OutcomeOf(import));
-    json.Member("zoomed", journal.zoomed);
-    json.Member("redrawn", journal.redrawn);
+    json.Members("file", import.file, "result", import.result, "outcome", OutcomeOf(import),
+                 "zoomed", journal.zoomed, "redrawn", journal.redrawn);
     json.ListMember("prints", journal.prints, [&](const std::string& text) { json.Value(text); });
     json.ListMember("boxes", journal.boxes, [&](const ImportJournal::Box& box) {
-        json.BeginObject();
-        json.Member("text", box.text);
-        json.Member("caption", box.caption);
-        json.Member("flags", static_cast<int>(box.flags));
-        json.EndObject();
+        json.Object("text", box.text, "caption", box.caption, "flags", static_cast<int>(box.flags));
     });
     json.ListMember("kernel_errors", journal.kernelErrors,
                     [&](const ImportJournal::KernelError& error) {
-                        json.BeginObject();
-                        json.Member("source", error.source);
-                        json.Member("text", error.text);
-                        json.EndObject();
+                        json.Object("source", error.source, "text", error.text);
                     });
     json.ListMember("refused", journal.refused, [&](const ImportJournal::Refusal& refusal) {
         json.BeginObject();
-        json.Member("type", refusal.type);
-        json.Member("reason", refusal.reason);
+        json.Members("type", refusal.type, "reason", refusal.reason);
         if (refusal.number > 0)
-            json.Member("number", refusal.number);
+            json.Members("number", refusal.number);
         json.EndObject();
     });
     json.EndObject();
@@ -70,49 +64,27 @@ void WriteImport(JsonStream& json, const ImportRecord& import)
 
 void WriteLayer(JsonStream& json, const GK_Layer& layer)
 {
-    json.BeginObject();
-    json.Key("name");
-    WriteName(json, layer.name);
-    json.Member("id", GK_UuidToString(layer.id));
-    json.Key("parent");
-    if (layer.parentId == GK_nil_uuid)
-        json.Null();
-    else
-        json.Value(GK_UuidToString(layer.parentId));
-    json.EndObject();
+    json.Object("name", TextOf(layer.name), "id", GK_UuidToString(layer.id), "parent",
+                TextOf(layer.parentId));
 }
 
 void WriteGroup(JsonStream& json, const GK_Group& group)
 {
-    json.BeginObject();
-    json.Key("name");
-    WriteName(json, group.name);
-    json.EndObject();
-}
-
-void WriteTexture(JsonStream& json, const GK_Texture& texture)
-{
-    json.BeginObject();
-    json.Member("type", TextureType(texture.type));
-    json.Member("file", texture.filename.Utf8());
-    json.Member("on", texture.on);
-    json.Member("blend", texture.blendConstant);
-    json.EndObject();
+    json.Object("name", TextOf(group.name));
 }
 
 void WriteMaterial(JsonStream& json, const GK_Material& material)
 {
     json.BeginObject();
-    json.Key("name");
-    WriteName(json, material.Name());
-    WriteColor(json, "ambient", material.Ambient());
-    WriteColor(json, "diffuse", material.Diffuse());
-    WriteColor(json, "specular", material.Specular());
-    WriteColor(json, "transparent", material.transparent);
-    json.Member("shine", material.Shine() / GK_Material::MaxShine());
-    json.Member("transparency", material.Transparency());
-    json.ListMember("textures", material.Textures(),
-                    [&](const GK_Texture& texture) { WriteTexture(json, texture); });
+    json.Members("name", TextOf(material.Name()), "ambient", ChannelsOf(material.Ambient()),
+                 "diffuse", ChannelsOf(material.Diffuse()), "specular",
+                 ChannelsOf(material.Specular()), "transparent", ChannelsOf(material.transparent),
+                 "shine", material.Shine() / GK_Material::MaxShine(), "transparency",
+                 material.Transparency());
+    json.ListMember("textures", material.Textures(), [&](const GK_Texture& texture) {
+        json.Object("type", TextureType(texture.type), "file", texture.filename.Utf8(), "on",
+                    texture.on, "blend", texture.blendConstant);
+    });
     json.EndObject();
 }
 
@@ -136,17 +108,9 @@ void WriteObject(JsonStream& json, const DocumentObject& object)
     const GK_MdxObjectAttributes& attributes = *object.attributes;
     const bool ownMaterial = attributes.MaterialSource() == GK::material_from_object;
     json.BeginObject();
-    json.Member("type", KindOf(object.geometry));
-    json.Key("name");
-    WriteName(json, attributes.name);
-    json.Member("layer", attributes.layerIndex);
-    json.Key("groups");
-    json.BeginArray();
-    for (const int group : attributes.Groups())
-        json.Value(group);
-    json.EndArray();
-    json.Member("material", attributes.materialIndex);
-    json.Member("material_source", ownMaterial ? "object" : "layer");
+    json.Members("type", KindOf(object.geometry), "name", TextOf(attributes.name), "layer",
+                 attributes.layerIndex, "groups", attributes.Groups(), "material",
+                 attributes.materialIndex, "material_source", ownMaterial ? "object" : "layer");
     WriteGeometry(json, object.geometry);
     json.EndObject();
 }
@@ -162,15 +126,8 @@ void WriteDocumentJson(TextOutput& output, std::span<const ImportRecord> imports
     WriteLines(json, "layers", doc.Layers(), WriteLayer);
     WriteLines(json, "groups", doc.Groups(), WriteGroup);
     WriteLines(json, "materials", doc.Materials(), WriteMaterial);
-    json.NewLine();
-    json.Key("objects");
-    json.BeginArray();
-    for (int i = 0; i < doc.ObjectCount(); ++i) {
-        json.NewLine();
-        WriteObject(json, doc.Object(i));
-    }
-    json.NewLine();
-    json.EndArray();
+    WriteLines(json, "objects", std::views::iota(0, doc.ObjectCount()),
+               [&doc](JsonStream& to, int i) { WriteObject(to, doc.Object(i)); });
     json.NewLine();
     json.EndObject();
     output.Write('\n');

@@ -3,88 +3,57 @@
 #include "host/geokit/nurbs_curve.h"
 #include "host/geokit/nurbs_surface.h"
 
+#include <array>
+#include <ranges>
+
 namespace {
 
-/// Calls `write` for 0 to `count` - 1.
-template <class Write>
-void WriteCounted(JsonStream& json, std::string_view name, int count, Write write)
+/// The numbers from 0 to `count` - 1.
+auto Indices(int count)
 {
-    json.Key(name);
-    json.BeginArray();
-    for (int i = 0; i < count; ++i)
-        write(i);
-    json.EndArray();
+    return std::views::iota(0, count);
 }
 
-void WriteInterval(JsonStream& json, const GK_Interval& interval)
+/// Single-precision values stand as the doubles that they exactly are.
+template <class Point>
+std::array<double, 3> Coordinates(const Point& point)
 {
-    json.Key("domain");
-    json.Tuple(interval[0], interval[1]);
-}
-
-// Mesh lists: a lambda each, since their elements differ.
-
-void WriteVertices(JsonStream& json, const GK_Mesh& mesh)
-{
-    const auto write = [&](const auto& point) {
-        json.Tuple(static_cast<double>(point.x), static_cast<double>(point.y),
-                   static_cast<double>(point.z));
-    };
-    if (mesh.DoublePrecisionVerticesAreValid())
-        json.ListMember("vertices", mesh.DoublePrecisionVertices(), write);
-    else
-        json.ListMember("vertices", mesh.vertices, write);
-}
-
-void WriteNgons(JsonStream& json, const GK_Mesh& mesh)
-{
-    const GK_MeshNgonList* ngons = mesh.NgonList();
-    WriteCounted(json, "ngons", ngons != nullptr ? ngons->Count() : 0, [&](int i) {
-        const auto ngon = ngons->Ngon(i);
-        json.BeginObject();
-        json.ListMember("vertices", ngon.vi, [&](int vertex) { json.Value(vertex); });
-        json.ListMember("faces", ngon.fi, [&](int face) { json.Value(face); });
-        json.EndObject();
-    });
+    return {point.x, point.y, point.z};
 }
 
 void WriteMesh(JsonStream& json, const GK_Mesh& mesh)
 {
-    WriteVertices(json, mesh);
-    // Single-precision values stand as the doubles that they exactly are.
-    json.ListMember("normals", mesh.normals, [&](const GK_3fVector& normal) {
-        json.Tuple(static_cast<double>(normal.x), static_cast<double>(normal.y),
-                   static_cast<double>(normal.z));
-    });
+    const auto writePoint = [&](const auto& point) { json.Value(Coordinates(point)); };
+    if (mesh.DoublePrecisionVerticesAreValid())
+        json.ListMember("vertices", mesh.DoublePrecisionVertices(), writePoint);
+    else
+        json.ListMember("vertices", mesh.vertices, writePoint);
+    json.ListMember("normals", mesh.normals, writePoint);
     json.ListMember("texture_coordinates", mesh.textureCoordinates, [&](const GK_2fPoint& point) {
-        json.Tuple(static_cast<double>(point.x), static_cast<double>(point.y));
+        json.Value(std::array<double, 2>{point.x, point.y});
     });
     json.ListMember("colors", mesh.colors, [&](const GK_Color& color) {
-        json.Tuple(color.Red(), color.Green(), color.Blue());
+        json.Value(std::array{color.Red(), color.Green(), color.Blue()});
     });
-    json.ListMember("faces", mesh.faces, [&](const GK_MeshFace& face) {
-        json.Tuple(face.vi[0], face.vi[1], face.vi[2], face.vi[3]);
+    json.ListMember("faces", mesh.faces, [&](const GK_MeshFace& face) { json.Value(face.vi); });
+    const GK_MeshNgonList* ngons = mesh.NgonList();
+    json.ListMember("ngons", Indices(ngons != nullptr ? ngons->Count() : 0), [&](int i) {
+        json.Object("vertices", ngons->Ngon(i).vi, "faces", ngons->Ngon(i).fi);
     });
-    WriteNgons(json, mesh);
-    json.Member("closed", mesh.IsClosed());
+    json.Members("closed", mesh.IsClosed());
 }
 
 void WriteCurve(JsonStream& json, const GK_Curve& curve)
 {
     const GK_NurbsCurve nurbs = curve.AsBspline();
-    json.Member("dimension", curve.Dimension());
-    json.Member("order", nurbs.order);
-    json.Member("rational", nurbs.rational);
-    WriteCounted(json, "points", nurbs.controlPointCount, [&](int i) {
-        const GK_3dPoint point = nurbs.ControlPoint(i);
-        if (nurbs.dimension == 2)
-            json.Tuple(point.x, point.y);
-        else
-            json.Tuple(point.x, point.y, point.z);
+    json.Members("dimension", curve.Dimension(), "order", nurbs.order, "rational", nurbs.rational);
+    json.ListMember("points", Indices(nurbs.controlPointCount), [&](int i) {
+        const auto point = Coordinates(nurbs.ControlPoint(i));
+        json.Value(std::span(point).first(nurbs.dimension == 2 ? 2 : 3));
     });
-    WriteCounted(json, "weights", nurbs.rational ? nurbs.controlPointCount : 0,
-                 [&](int i) { json.Value(nurbs.Weight(i)); });
-    json.ListMember("knots", nurbs.knots, [&](double knot) { json.Value(knot); });
+    json.ListMember("weights", Indices(nurbs.rational ? nurbs.controlPointCount : 0),
+                    [&](int i) { json.Value(nurbs.Weight(i)); });
+    json.Members("knots", nurbs.knots);
 }
 
 /// Calls `write` for each control point, u running fastest.
@@ -105,49 +74,27 @@ void WriteSurface(JsonStream& json, const GK_Surface& surface)
     const GK_NurbsSurface* found = GK_NurbsSurface::Cast(&surface);
     const GK_NurbsSurface& nurbs = found != nullptr ? *found : none;
     json.BeginObject();
-    json.Key("order");
-    json.Tuple(nurbs.Order(0), nurbs.Order(1));
-    json.Key("counts");
-    json.Tuple(nurbs.ControlPointCount(0), nurbs.ControlPointCount(1));
-    json.Member("rational", nurbs.IsRational());
-    WriteNet(json, "points", nurbs, [&](int u, int v) {
-        const GK_3dPoint point = nurbs.ControlPoint(u, v);
-        json.Tuple(point.x, point.y, point.z);
-    });
+    json.Members("order", std::array{nurbs.Order(0), nurbs.Order(1)}, "counts",
+                 std::array{nurbs.ControlPointCount(0), nurbs.ControlPointCount(1)}, "rational",
+                 nurbs.IsRational());
+    WriteNet(json, "points", nurbs,
+             [&](int u, int v) { json.Value(Coordinates(nurbs.ControlPoint(u, v))); });
     WriteNet(json, "weights", nurbs.IsRational() ? nurbs : none,
              [&](int u, int v) { json.Value(nurbs.Weight(u, v)); });
-    json.Key("knots");
-    json.BeginArray();
-    for (const int direction : {0, 1}) {
-        json.BeginArray();
-        for (const double knot : nurbs.Knots(direction))
-            json.Value(knot);
-        json.EndArray();
-    }
-    json.EndArray();
+    json.ListMember("knots", Indices(2),
+                    [&](int direction) { json.Value(nurbs.Knots(direction)); });
     json.EndObject();
 }
 
-void WriteEdge(JsonStream& json, const GK_BrepEdge& edge)
+std::array<double, 2> EndsOf(const GK_Interval& interval)
 {
-    json.BeginObject();
-    json.Member("curve_3d", edge.curveIndex);
-    json.Key("vertices");
-    json.Tuple(edge.vertexIndex[0], edge.vertexIndex[1]);
-    WriteInterval(json, edge.Domain());
-    json.EndObject();
+    return {interval[0], interval[1]};
 }
 
 void WriteTrim(JsonStream& json, const GK_BrepTrim& trim)
 {
-    json.BeginObject();
-    json.Member("curve_2d", trim.curveIndex);
-    json.Member("edge", trim.edgeIndex);
-    json.Member("reversed", trim.reversed);
-    WriteInterval(json, trim.Domain());
-    json.Key("vertices");
-    json.Tuple(trim.vertexIndex[0], trim.vertexIndex[1]);
-    json.EndObject();
+    json.Object("curve_2d", trim.curveIndex, "edge", trim.edgeIndex, "reversed", trim.reversed,
+                "domain", EndsOf(trim.Domain()), "vertices", trim.vertexIndex);
 }
 
 const char* LoopType(GK_BrepLoop::TYPE type)
@@ -160,11 +107,11 @@ const char* LoopType(GK_BrepLoop::TYPE type)
 void WriteFace(JsonStream& json, const GK_Brep& brep, const GK_BrepFace& face)
 {
     json.BeginObject();
-    json.Member("surface", face.surfaceIndex);
+    json.Members("surface", face.surfaceIndex);
     json.ListMember("loops", face.loopIndices, [&](int loopIndex) {
         const GK_BrepLoop& loop = brep.Loop(loopIndex);
         json.BeginObject();
-        json.Member("type", LoopType(loop.type));
+        json.Members("type", LoopType(loop.type));
         json.ListMember("trims", loop.trimIndices,
                         [&](int trim) { WriteTrim(json, brep.Trim(trim)); });
         json.EndObject();
@@ -179,19 +126,21 @@ void WriteBrep(JsonStream& json, const GK_Brep& brep)
         WriteCurve(json, curve);
         json.EndObject();
     };
-    WriteCounted(json, "surfaces", brep.SurfaceCount(),
-                 [&](int i) { WriteSurface(json, *brep.Surface(i)); });
-    WriteCounted(json, "curves_2d", brep.TrimCurveCount(),
-                 [&](int i) { writeCurve(*brep.TrimCurve(i)); });
-    WriteCounted(json, "curves_3d", brep.EdgeCurveCount(),
-                 [&](int i) { writeCurve(*brep.EdgeCurve(i)); });
-    WriteCounted(json, "vertices", brep.VertexCount(), [&](int i) {
-        const GK_3dPoint& point = brep.Vertex(i).point;
-        json.Tuple(point.x, point.y, point.z);
+    json.ListMember("surfaces", Indices(brep.SurfaceCount()),
+                    [&](int i) { WriteSurface(json, *brep.Surface(i)); });
+    json.ListMember("curves_2d", Indices(brep.TrimCurveCount()),
+                    [&](int i) { writeCurve(*brep.TrimCurve(i)); });
+    json.ListMember("curves_3d", Indices(brep.EdgeCurveCount()),
+                    [&](int i) { writeCurve(*brep.EdgeCurve(i)); });
+    json.ListMember("vertices", Indices(brep.VertexCount()),
+                    [&](int i) { json.Value(Coordinates(brep.Vertex(i).point)); });
+    json.ListMember("edges", Indices(brep.EdgeCount()), [&](int i) {
+        const GK_BrepEdge& edge = brep.Edge(i);
+        json.Object("curve_3d", edge.curveIndex, "vertices", edge.vertexIndex, "domain",
+                    EndsOf(edge.Domain()));
     });
-    WriteCounted(json, "edges", brep.EdgeCount(), [&](int i) { WriteEdge(json, brep.Edge(i)); });
-    WriteCounted(json, "faces", brep.FaceCount(),
-                 [&](int i) { WriteFace(json, brep, brep.Face(i)); });
+    json.ListMember("faces", Indices(brep.FaceCount()),
+                    [&](int i) { WriteFace(json, brep, brep.Face(i)); });
 }
 
 struct GeometryVisitor
@@ -200,15 +149,11 @@ struct GeometryVisitor
 
     void operator()(const GK_Mesh* mesh) const { WriteMesh(json, *mesh); }
     void operator()(const GK_Curve* curve) const { WriteCurve(json, *curve); }
-    void operator()(const GK_3dPoint* point) const
-    {
-        json.Key("point");
-        json.Tuple(point->x, point->y, point->z);
-    }
+    void operator()(const GK_3dPoint* point) const { json.Members("point", Coordinates(*point)); }
     void operator()(const GK_PointCloud* cloud) const
     {
         json.ListMember("points", cloud->points,
-                        [&](const GK_3dPoint& point) { json.Tuple(point.x, point.y, point.z); });
+                        [&](const GK_3dPoint& point) { json.Value(Coordinates(point)); });
     }
     void operator()(const GK_Brep* brep) const { WriteBrep(json, *brep); }
 };

@@ -3,6 +3,9 @@
 #include "objimport/json_text.h"
 #include "objimport/text_output.h"
 
+#include <concepts>
+#include <optional>
+#include <ranges>
 #include <string>
 #include <string_view>
 
@@ -31,37 +34,57 @@ public:
         m_needsComma = false;
     }
 
-    void Value(double number)
-    {
-        Element([&] { m_output.Write(number); });
-    }
-    void Value(int number)
-    {
-        Element([&] { m_output.Write(number); });
-    }
-    void Value(bool value)
-    {
-        Element([&] { m_output.Write(value ? "true" : "false"); });
-    }
+    void Value(double number) { Element(number); }
+    void Value(int number) { Element(number); }
+    void Value(bool value) { Element(value ? "true" : "false"); }
 
     /// A text in UTF-8; bytes that are none stand as U+FFFD.
     void Value(std::string_view text)
     {
-        Element([&] { WriteJsonText(m_output, text); });
+        Separate();
+        WriteJsonText(m_output, text);
     }
     void Value(const std::string& text) { Value(std::string_view(text)); }
     void Value(const char* text) { Value(std::string_view(text)); }
 
-    void Null()
+    /// Null where there is no text.
+    void Value(const std::optional<std::string>& text)
     {
-        Element([&] { m_output.Write("null"); });
+        if (text)
+            Value(*text);
+        else
+            Element("null");
     }
 
-    template <class ValueType>
-    void Member(std::string_view name, const ValueType& value)
+    /// A list of numbers.
+    template <std::ranges::range Numbers>
+    requires std::same_as < std::ranges::range_value_t<Numbers>,
+    int > ||
+        std::same_as<std::ranges::range_value_t<Numbers>, double> void Value(const Numbers& numbers)
+    {
+        BeginArray();
+        for (const auto number : numbers)
+            Value(number);
+        EndArray();
+    }
+
+    /// The name and the value of one member after the other.
+    template <class ValueType, class... Rest>
+    void Members(std::string_view name, const ValueType& value, const Rest&... rest)
     {
         Key(name);
         Value(value);
+        if constexpr (sizeof...(rest) > 0)
+            Members(rest...);
+    }
+
+    /// An object of such members.
+    template <class... NamesAndValues>
+    void Object(const NamesAndValues&... members)
+    {
+        BeginObject();
+        Members(members...);
+        EndObject();
     }
 
     /// A member that is a list: `write` is called for each element.
@@ -72,15 +95,6 @@ public:
         BeginArray();
         for (const auto& element : list)
             write(element);
-        EndArray();
-    }
-
-    /// An array of numbers.
-    template <class... Numbers>
-    void Tuple(Numbers... numbers)
-    {
-        BeginArray();
-        (Value(numbers), ...);
         EndArray();
     }
 
@@ -97,11 +111,11 @@ private:
         m_needsComma = true;
     }
 
-    template <class Write>
-    void Element(Write write)
+    template <class Text>
+    void Element(Text text)
     {
         Separate();
-        write();
+        m_output.Write(text);
     }
 
     void Begin(char bracket)
