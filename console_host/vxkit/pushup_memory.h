@@ -5,9 +5,9 @@
 #include "host/geokit/derived_data.h"
 #include "host/geokit/nurbs_curve.h"
 
-#include <cstdint>
+#include <map>
 #include <optional>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -39,26 +39,17 @@ public:
     const SurfaceClosure& Closure(const GK_NurbsSurface& surface, double tolerance);
 
 private:
-    // The arrays keep the storages alive, which thus stay what they were.
-    struct Key
-    {
-        GK_SharedArray<double> controlPoints;
-        GK_SharedArray<double> knots;
-        GK_Interval interval;
-        double tolerance;
-        int order;
-        bool rational;
+    /// Storages of control points and knots, interval, tolerance, order, rational.
+    using Key = std::tuple<const void*, const void*, double, double, double, int, bool>;
 
-        bool operator==(const Key& other) const;
-    };
-
-    struct Hash
+    struct Result
     {
-        std::size_t operator()(const Key& key) const;
+        GK_NurbsCurve asked; ///< keeps the storages alive, which thus stay what they were
+        std::optional<GK_NurbsCurve> image;
     };
 
     static Key KeyOf(const Request& request);
 
-    std::unordered_map<Key, std::optional<GK_NurbsCurve>, Hash> m_results;
+    std::map<Key, Result> m_results;
     std::vector<std::pair<double, SurfaceClosure>> m_closures; // by tolerance
 };
