@@ -1,23 +1,13 @@
 #include "console_host/vxkit/planar_polygon.h"
 
+#include "host/geokit/point.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
 
 namespace {
-
-struct Vector
-{
-    double x;
-    double y;
-    double z;
-};
-
-Vector Cross(const Vector& a, const Vector& b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
 
 /// A number as the exact sum of doubles, each beyond the digits of the one before.
 class ExactSum
@@ -82,6 +72,60 @@ double ExactOrientation(const PlanarPoint& a, const PlanarPoint& b, const Planar
     return sum.Value();
 }
 
+/// The corners of a polygon in space.
+class Corners
+{
+public:
+    Corners(const double* points, int stride, std::size_t count)
+        : m_points(points), m_stride(static_cast<std::size_t>(stride)), m_count(count)
+    {
+    }
+
+    [[nodiscard]] GK_3dVector operator[](std::size_t i) const
+    {
+        const double* const p = m_points + i * m_stride;
+        return {p[0], p[1], p[2]};
+    }
+
+    /// The largest coordinate; negative when one is not finite.
+    [[nodiscard]] double Largest() const
+    {
+        double largest = 0.0;
+        double notFinite = 0.0;
+        for (std::size_t i = 0; i < m_count; ++i) {
+            const GK_3dVector p = (*this)[i];
+            notFinite += 0.0 * p.x + 0.0 * p.y + 0.0 * p.z;
+            largest = std::max({largest, std::abs(p.x), std::abs(p.y), std::abs(p.z)});
+        }
+        return notFinite == 0.0 ? largest : -1.0;
+    }
+
+    /// A corner from the first one, scaled.
+    [[nodiscard]] GK_3dVector Offset(std::size_t i, double scale) const
+    {
+        const GK_3dVector p = (*this)[i];
+        return {scale * p.x - scale * m_points[0], scale * p.y - scale * m_points[1],
+                scale * p.z - scale * m_points[2]};
+    }
+
+    [[nodiscard]] GK_3dVector Normal(double scale) const
+    {
+        GK_3dVector normal;
+        GK_3dVector previous = Offset(1, scale);
+        for (std::size_t i = 2; i < m_count; ++i) {
+            const GK_3dVector current = Offset(i, scale);
+            normal = normal + GK_CrossProduct(previous, current);
+            previous = current;
+        }
+        return normal;
+    }
+
+private:
+    const double* m_points;
+    std::size_t m_stride;
+    std::size_t m_count;
+};
+
 /// A power of two that brings the largest coordinate near 1, so that products of coordinates
 /// neither overflow nor vanish.
 double ScaleFor(double largest)
@@ -89,6 +133,17 @@ double ScaleFor(double largest)
     int exponent = 0;
     std::frexp(largest, &exponent);
     return std::ldexp(1.0, std::clamp(-exponent, -1000, 1000));
+}
+
+/// Exchanges the coordinates in a circle, so that z is the one along which a normal is longest.
+GK_3dVector Turned(const GK_3dVector& v, const GK_3dVector& normal)
+{
+    const double x = std::abs(normal.x);
+    const double y = std::abs(normal.y);
+    const double z = std::abs(normal.z);
+    if (z >= x && z >= y)
+        return v;
+    return x >= y ? GK_3dVector{v.y, v.z, v.x} : GK_3dVector{v.z, v.x, v.y};
 }
 
 } // namespace
@@ -106,55 +161,22 @@ double Orientation(const PlanarPoint& a, const PlanarPoint& b, const PlanarPoint
 
 double ProjectPolygon(const double* points, int stride, std::span<PlanarPoint> projected)
 {
-    const std::size_t count = projected.size();
-    const auto corner = [points, stride](std::size_t i) {
-        const double* const p = points + i * static_cast<std::size_t>(stride);
-        return Vector{p[0], p[1], p[2]};
-    };
-    double largest = 0.0;
-    double notFinite = 0.0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const Vector p = corner(i);
-        notFinite += 0.0 * p.x + 0.0 * p.y + 0.0 * p.z;
-        largest = std::max({largest, std::abs(p.x), std::abs(p.y), std::abs(p.z)});
-    }
-    if (notFinite != 0.0)
+    const Corners corners(points, stride, projected.size());
+    const double largest = corners.Largest();
+    if (largest < 0.0)
         return -1.0;
-
     const double scale = ScaleFor(largest);
-    const Vector origin = corner(0);
-    const auto offset = [&](std::size_t i) {
-        const Vector p = corner(i);
-        return Vector{scale * p.x - scale * origin.x, scale * p.y - scale * origin.y,
-                      scale * p.z - scale * origin.z};
-    };
-    Vector normal{0.0, 0.0, 0.0};
-    Vector previous = offset(1);
-    for (std::size_t i = 2; i < count; ++i) {
-        const Vector current = offset(i);
-        const Vector area = Cross(previous, current);
-        normal = {normal.x + area.x, normal.y + area.y, normal.z + area.z};
-        previous = current;
-    }
-
+    const GK_3dVector normal = corners.Normal(scale);
     // The coordinate along which the normal is longest is dropped, after each corner has moved
     // along the normal until that coordinate is 0: what lies exactly in a coordinate plane stays
     // exact.
-    const double x = std::abs(normal.x);
-    const double y = std::abs(normal.y);
-    const double z = std::abs(normal.z);
-    if (!(x > 0.0 || y > 0.0 || z > 0.0))
+    const GK_3dVector n = Turned(normal, normal);
+    if (!(std::abs(n.z) > 0.0))
         return -1.0;
-    const auto turned = [&](const Vector& v) {
-        if (z >= x && z >= y)
-            return v;
-        return x >= y ? Vector{v.y, v.z, v.x} : Vector{v.z, v.x, v.y};
-    };
-    const Vector n = turned(normal);
     const double slopeX = n.x / n.z;
     const double slopeY = n.y / n.z;
-    for (std::size_t i = 0; i < count; ++i) {
-        const Vector p = turned(offset(i));
+    for (std::size_t i = 0; i < projected.size(); ++i) {
+        const GK_3dVector p = Turned(corners.Offset(i, scale), normal);
         const PlanarPoint flat{p.x - slopeX * p.z, p.y - slopeY * p.z};
         projected[i] = n.z > 0.0 ? flat : PlanarPoint{flat.y, flat.x};
     }
