@@ -1,6 +1,5 @@
 #include "host/vxkit/triangulate.h"
 
-#include "console_host/vxkit/improve_triangles.h"
 #include "console_host/vxkit/triangulate_ears.h"
 #include "console_host/vxkit/triangulate_sweep.h"
 
@@ -75,17 +74,12 @@ Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<c
     return outcome;
 }
 
-/// False when sides cross.
-bool TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
-                     std::span<int> triangles)
+/// Cuts by a sweep; wrong when sides cross.
+Outcome TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
+                        std::span<int> triangles)
 {
     TriangleWriter out(triangles.data(), static_cast<int>(triangles.size() / 3));
-    if (!TriangulateBySweep(points, out))
-        return false;
-    const Outcome outcome = Judge(points, tolerance, triangles);
-    if (outcome == Outcome::Narrow)
-        ImproveTriangles(points, triangles);
-    return outcome != Outcome::Wrong;
+    return TriangulateBySweep(points, out) ? Judge(points, tolerance, triangles) : Outcome::Wrong;
 }
 
 bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
@@ -98,9 +92,15 @@ bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
         TriangulateConvex(static_cast<int>(count), out);
         return true;
     }
-    if (count > FewCorners && TriangulateMany(points, tolerance, triangles))
+    const Outcome swept =
+        count > FewCorners ? TriangulateMany(points, tolerance, triangles) : Outcome::Wrong;
+    if (swept == Outcome::Good)
         return true;
-    return count <= EarClipper::MaxCorners && EarClipper(points, tolerance).Run(out);
+    // The best ear first avoids narrow triangles, whose direction in space is chance.
+    if (count <= EarClipper::MaxCorners && EarClipper(points, tolerance).Run(out))
+        return true;
+    return swept == Outcome::Narrow &&
+           TriangulateMany(points, tolerance, triangles) == Outcome::Narrow;
 }
 
 } // namespace
