@@ -159,7 +159,7 @@ void CheckDialogsWereShown()
 void SetDialogHint()
 {
     const std::wstring command = L"OBJImportOptionsDialog";
-    if (CommandRegistry::Instance().Find(command) != nullptr)
+    if (FindCommand(command) != nullptr)
         ConsoleApp::Instance().SetDialogHint(L"To get the dialog back, run the command " + command +
                                              L" (objimport --run " + command +
                                              L") and clear the box at its end.");

@@ -158,8 +158,7 @@ TEST_F(WrittenFiles, SayWhenTheAddressSpaceIsUsedUp)
                                      "ulimit -v 60000; ", "large.obj");
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors, HasSubstr("out of memory; the reading ended before its end"));
-    const auto import = nlohmann::json::parse(folder.Read("out.json"))["imports"][0];
-    EXPECT_EQ(import["outcome"], "out of memory");
+    EXPECT_EQ(JsonAt(folder.Read("out.json"), "/imports/0/outcome"), "out of memory");
 }
 #endif
 
