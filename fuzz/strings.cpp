@@ -1,6 +1,8 @@
-// A table of texts, which stand in for the plug-in's own and are formatted with its arguments.
+// A table of texts, which stand in for the plug-in's own and are formatted with its arguments. As a
+// text, it is shown so that it steers no terminal.
 
 #include "console_host/app/console_app.h"
+#include "console_host/app/printable.h"
 #include "console_host/app/string_table.h"
 #include "fuzz/own_folder.h"
 
@@ -10,8 +12,22 @@
 #include <cstdint>
 #include <stdexcept>
 
+namespace {
+
+void CheckShown(std::string_view text)
+{
+    const auto steers = [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; };
+    const std::string line = PrintableLine(text);
+    Expect(std::none_of(line.begin(), line.end(), steers));
+    Expect(PrintableLine(line) == line);
+    Expect(Printable(line) == line);
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
+    CheckShown(Text(data, size));
     const OwnFolder& folder = OwnFolder::OfTheRun();
     ConsoleApp& app = ConsoleApp::Instance();
     app.SetPrintStream(nullptr);
