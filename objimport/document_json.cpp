@@ -1,10 +1,10 @@
 #include "objimport/document_json.h"
 
 #include "objimport/geometry_json.h"
+#include "objimport/indices.h"
 #include "objimport/json_stream.h"
 
 #include <array>
-#include <ranges>
 
 namespace {
 
@@ -126,7 +126,7 @@ void WriteDocumentJson(TextOutput& output, std::span<const ImportRecord> imports
     WriteLines(json, "layers", doc.Layers(), WriteLayer);
     WriteLines(json, "groups", doc.Groups(), WriteGroup);
     WriteLines(json, "materials", doc.Materials(), WriteMaterial);
-    WriteLines(json, "objects", std::views::iota(0, doc.ObjectCount()),
+    WriteLines(json, "objects", Indices(doc.ObjectCount()),
                [&doc](JsonStream& to, int i) { WriteObject(to, doc.Object(i)); });
     json.NewLine();
     json.EndObject();

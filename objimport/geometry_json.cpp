@@ -1,18 +1,13 @@
 #include "objimport/geometry_json.h"
 
+#include "objimport/indices.h"
+
 #include "host/geokit/nurbs_curve.h"
 #include "host/geokit/nurbs_surface.h"
 
 #include <array>
-#include <ranges>
 
 namespace {
-
-/// The numbers from 0 to `count` - 1.
-auto Indices(int count)
-{
-    return std::views::iota(0, count);
-}
 
 /// Single-precision values stand as the doubles that they exactly are.
 template <class Point>
