@@ -117,7 +117,7 @@ private:
 void Placement::Add(Candidate candidate)
 {
     constexpr double Flat = 1e-9;
-    const double extent = candidate.polygon.Extent();
+    const double extent = candidate.polygon.Box().Extent();
     if (candidate.polygon.Area() <= Flat * extent * extent)
         Drop(candidate, "encloses no area");
     else if (candidate.loop.type == GK_BrepLoop::inner)
@@ -158,7 +158,8 @@ Relation RelationBetween(const Candidate& a, const Candidate& b)
 {
     constexpr double ShareOfExtent = 0.01;
     const double near =
-        std::min(a.near + b.near, ShareOfExtent * std::min(a.polygon.Extent(), b.polygon.Extent()));
+        std::min(a.near + b.near,
+                 ShareOfExtent * std::min(a.polygon.Box().Extent(), b.polygon.Box().Extent()));
     return a.polygon.RelationOf(b.polygon, near);
 }
 
@@ -169,7 +170,7 @@ void Placement::DropOverlapping()
     for (std::size_t i = 0; i < order.size(); ++i)
         order[i] = i;
     std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        return m_inner[a].polygon.Low()[0] < m_inner[b].polygon.Low()[0];
+        return m_inner[a].polygon.Box().low[0] < m_inner[b].polygon.Box().low[0];
     });
     std::vector<char> dropped(m_inner.size(), 0);
     const auto drop = [&](std::size_t i, const char* reason) {
@@ -179,7 +180,8 @@ void Placement::DropOverlapping()
     std::vector<std::size_t> open; // those that still reach to where the sweep is
     for (const std::size_t i : order) {
         std::erase_if(open, [&](std::size_t k) {
-            return dropped[k] != 0 || m_inner[k].polygon.High()[0] < m_inner[i].polygon.Low()[0];
+            return dropped[k] != 0 ||
+                   m_inner[k].polygon.Box().high[0] < m_inner[i].polygon.Box().low[0];
         });
         for (const std::size_t k : open) {
             const Relation relation = RelationBetween(m_inner[k], m_inner[i]);

@@ -1,5 +1,7 @@
 #include "console_host/geokit/loop_polygon.h"
 
+#include <algorithm>
+
 namespace {
 
 // Twice the area of a triangle, positive when counter-clockwise.
@@ -32,17 +34,15 @@ bool AreSplit(const Uv& from, const Uv& to, const Uv& first, const Uv& second, d
 
 void LoopPolygon::Append(const Uv& corner, bool joined)
 {
-    if (joined && m_low[0] <= m_high[0]) {
+    const bool isFirst = m_box.low[0] > m_box.high[0];
+    if (joined && !isFirst) {
         m_lines.push_back({m_last, corner});
         // About the first corner, so that small loops far from the origin keep their digits.
         m_area += 0.5 * Turn(m_first, m_last, corner);
     }
-    if (m_low[0] > m_high[0])
+    if (isFirst)
         m_first = corner;
-    for (const std::size_t d : {0U, 1U}) {
-        m_low[d] = std::min(m_low[d], corner[d]);
-        m_high[d] = std::max(m_high[d], corner[d]);
-    }
+    m_box.Add(corner);
     m_last = corner;
 }
 
@@ -58,21 +58,15 @@ void LoopPolygon::Move(const Uv& way)
         line.from = line.from + way;
         line.to = line.to + way;
     }
-    for (Uv* place : {&m_first, &m_last, &m_low, &m_high})
+    for (Uv* place : {&m_first, &m_last, &m_box.low, &m_box.high})
         *place = *place + way;
-}
-
-bool LoopPolygon::BoxesOverlap(const LoopPolygon& other) const
-{
-    return m_low[0] <= other.m_high[0] && other.m_low[0] <= m_high[0] &&
-           m_low[1] <= other.m_high[1] && other.m_low[1] <= m_high[1];
 }
 
 std::size_t LoopPolygon::RowOf(double v) const
 {
     const auto rows = static_cast<double>(m_rowStarts.size() - 1);
-    const double height = m_high[1] - m_low[1];
-    const double row = height > 0.0 ? (v - m_low[1]) / height * rows : 0.0;
+    const double height = m_box.high[1] - m_box.low[1];
+    const double row = height > 0.0 ? (v - m_box.low[1]) / height * rows : 0.0;
     return static_cast<std::size_t>(std::clamp(row, 0.0, rows - 1.0));
 }
 
@@ -85,7 +79,7 @@ void LoopPolygon::FillRows() const
     double heights = 0.0;
     for (const auto& [from, to] : m_lines)
         heights += std::abs(to[1] - from[1]);
-    const double share = heights > 0.0 ? (m_high[1] - m_low[1]) / heights : 1.0;
+    const double share = heights > 0.0 ? (m_box.high[1] - m_box.low[1]) / heights : 1.0;
     const double rows = std::clamp(static_cast<double>(m_lines.size()) * share, 1.0, MostRows);
     m_rowStarts.assign(static_cast<std::size_t>(rows) + 1, 0);
     const auto forEachRow = [&](const auto& visit) {
@@ -104,23 +98,32 @@ void LoopPolygon::FillRows() const
     forEachRow([&](std::size_t row, std::size_t i) { m_rowLines[next[row]++] = i; });
 }
 
+template <class IsMeant>
+bool LoopPolygon::AnyLine(double fromV, double toV, const IsMeant& isMeant) const
+{
+    const std::size_t last = RowOf(toV);
+    for (std::size_t row = RowOf(fromV); row <= last; ++row)
+        for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k)
+            if (isMeant(m_lines[m_rowLines[k]], row))
+                return true;
+    return false;
+}
+
 LoopPolygon::Place LoopPolygon::PlaceOf(const Uv& place, double near) const
 {
     for (const std::size_t d : {0U, 1U})
-        if (place[d] < m_low[d] - near || place[d] > m_high[d] + near)
+        if (place[d] < m_box.low[d] - near || place[d] > m_box.high[d] + near)
             return {false, false};
     Place result{false, false};
     const std::size_t own = RowOf(place[1]);
-    const std::size_t last = RowOf(place[1] + near);
-    for (std::size_t row = RowOf(place[1] - near); row <= last && !result.onLine; ++row) {
-        for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k) {
-            const auto& [from, to] = m_lines[m_rowLines[k]];
-            result.onLine = result.onLine || SquareOfDistance(place, from, to) <= near * near;
+    result.onLine =
+        AnyLine(place[1] - near, place[1] + near, [&](const Line& line, std::size_t row) {
+            const auto& [from, to] = line;
             if (row == own && (from[1] > place[1]) != (to[1] > place[1]) &&
                 (Turn(from, to, place) > 0.0) == (to[1] > from[1]))
                 result.inside = !result.inside;
-        }
-    }
+            return SquareOfDistance(place, from, to) <= near * near;
+        });
     return result;
 }
 
@@ -128,22 +131,18 @@ bool LoopPolygon::Crosses(const Line& line, double near) const
 {
     const auto& [from, to] = line;
     for (const std::size_t d : {0U, 1U})
-        if (std::max(from[d], to[d]) < m_low[d] || std::min(from[d], to[d]) > m_high[d])
+        if (std::max(from[d], to[d]) < m_box.low[d] || std::min(from[d], to[d]) > m_box.high[d])
             return false;
-    const std::size_t last = RowOf(std::max(from[1], to[1]));
-    for (std::size_t row = RowOf(std::min(from[1], to[1])); row <= last; ++row) {
-        for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k) {
-            const auto& [a, b] = m_lines[m_rowLines[k]];
-            if (AreSplit(from, to, a, b, near) && AreSplit(a, b, from, to, near))
-                return true;
-        }
-    }
-    return false;
+    const auto crosses = [&](const Line& other, std::size_t) {
+        return AreSplit(line.from, line.to, other.from, other.to, near) &&
+               AreSplit(other.from, other.to, line.from, line.to, near);
+    };
+    return AnyLine(std::min(from[1], to[1]), std::max(from[1], to[1]), crosses);
 }
 
 bool LoopPolygon::Crosses(const LoopPolygon& other, double near) const
 {
-    if (!BoxesOverlap(other))
+    if (!m_box.Overlaps(other.m_box))
         return false;
     FillRows();
     return std::any_of(other.m_lines.begin(), other.m_lines.end(),
@@ -151,27 +150,23 @@ bool LoopPolygon::Crosses(const LoopPolygon& other, double near) const
 }
 
 // A line may reach into a box.
-bool LoopPolygon::HasLineNear(const Uv& low, const Uv& high) const
+bool LoopPolygon::HasLineNear(const UvBox& box) const
 {
-    const std::size_t last = RowOf(high[1]);
-    for (std::size_t row = RowOf(low[1]); row <= last; ++row) {
-        for (std::size_t k = m_rowStarts[row]; k < m_rowStarts[row + 1]; ++k) {
-            const auto& [from, to] = m_lines[m_rowLines[k]];
-            if (std::max(from[0], to[0]) >= low[0] && std::min(from[0], to[0]) <= high[0] &&
-                std::max(from[1], to[1]) >= low[1] && std::min(from[1], to[1]) <= high[1])
-                return true;
-        }
-    }
-    return false;
+    return AnyLine(box.low[1], box.high[1], [&](const Line& line, std::size_t) {
+        UvBox around;
+        around.Add(line.from);
+        around.Add(line.to);
+        return around.Overlaps(box);
+    });
 }
 
 LoopPolygon::Relation LoopPolygon::RelationOf(const LoopPolygon& other, double near) const
 {
-    if (!BoxesOverlap(other))
+    if (!m_box.Overlaps(other.m_box))
         return Relation::Outside;
     FillRows();
     const Uv margin{near, near};
-    if (!HasLineNear(other.m_low - margin, other.m_high + margin))
+    if (!HasLineNear({other.m_box.low - margin, other.m_box.high + margin}))
         return PlaceOf(other.m_first, 0.0).inside ? Relation::Inside : Relation::Outside;
     if (Crosses(other, near))
         return Relation::Crossing;

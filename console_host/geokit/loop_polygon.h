@@ -2,9 +2,7 @@
 
 #include "console_host/geokit/parameter_plane.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 /// A loop as a polygon, or what is left of one as chains of straight lines, in shares of the
@@ -28,14 +26,7 @@ public:
     /// Ends with a line from the last corner to the first.
     void Close();
 
-    [[nodiscard]] const Uv& Low() const { return m_low; }
-    [[nodiscard]] const Uv& High() const { return m_high; }
-
-    /// The longest extent.
-    [[nodiscard]] double Extent() const
-    {
-        return std::max(m_high[0] - m_low[0], m_high[1] - m_low[1]);
-    }
+    [[nodiscard]] const UvBox& Box() const { return m_box; }
 
     /// Moves all corners.
     void Move(const Uv& way);
@@ -66,8 +57,10 @@ private:
         bool onLine;
     };
 
-    [[nodiscard]] bool BoxesOverlap(const LoopPolygon& other) const;
-    [[nodiscard]] bool HasLineNear(const Uv& low, const Uv& high) const;
+    /// Whether `isMeant` returns true for a line of the rows between two values of v.
+    template <class IsMeant>
+    [[nodiscard]] bool AnyLine(double fromV, double toV, const IsMeant& isMeant) const;
+    [[nodiscard]] bool HasLineNear(const UvBox& box) const;
     [[nodiscard]] std::size_t RowOf(double v) const;
     void FillRows() const;
     [[nodiscard]] Place PlaceOf(const Uv& place, double near) const;
@@ -76,14 +69,11 @@ private:
     std::vector<Line> m_lines;
     Uv m_first{};
     Uv m_last{};
-    Uv m_low{Infinity, Infinity};
-    Uv m_high{-Infinity, -Infinity};
+    UvBox m_box;
     double m_area = 0.0;
 
     // The lines that reach into each of equal strips of v, filled when first asked for: most
     // polygons meet no other one.
     mutable std::vector<std::size_t> m_rowStarts;
     mutable std::vector<std::size_t> m_rowLines;
-
-    static constexpr double Infinity = std::numeric_limits<double>::infinity();
 };

@@ -141,7 +141,7 @@ std::string WhyBeyond(const Uv& place, std::size_t d, const ParameterPlane& plan
 bool ReachesBeyond(const PieceSamples::Span& span, std::size_t d, double room,
                    const ParameterPlane& plane)
 {
-    return span.low[d] < plane.Low(d) - room || span.high[d] > plane.High(d) + room;
+    return span.box.low[d] < plane.Low(d) - room || span.box.high[d] > plane.High(d) + room;
 }
 
 std::string WhyOutside(const LoopShape& loop, std::size_t d, const ParameterPlane& plane)

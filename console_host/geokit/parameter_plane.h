@@ -7,10 +7,37 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <optional>
 
 /// A place of a parameter plane: u, v.
 using Uv = std::array<double, 2>;
+
+/// The box around places.
+struct UvBox
+{
+    static constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+    Uv low{Infinity, Infinity};
+    Uv high{-Infinity, -Infinity};
+
+    void Add(const Uv& place)
+    {
+        for (const std::size_t d : {0U, 1U}) {
+            low[d] = std::min(low[d], place[d]);
+            high[d] = std::max(high[d], place[d]);
+        }
+    }
+
+    /// The longest side.
+    [[nodiscard]] double Extent() const { return std::max(high[0] - low[0], high[1] - low[1]); }
+
+    [[nodiscard]] bool Overlaps(const UvBox& other) const
+    {
+        return low[0] <= other.high[0] && other.low[0] <= high[0] && low[1] <= other.high[1] &&
+               other.low[1] <= high[1];
+    }
+};
 
 /// The sides of a surface's domain in the order in which they run round it counter-clockwise, from
 /// the corner where both parameters are lowest.

@@ -3,11 +3,8 @@
 #include "console_host/geokit/nurbs_evaluation.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
-
-constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 class Sampler
 {
@@ -54,23 +51,16 @@ void Sampler::AddSpan(int span, double end)
     m_span = span;
     const PieceSamples::Sample from = m_result.samples.back();
     const PieceSamples::Sample to = At(end);
-    PieceSamples::Span result{
-        m_result.samples.size() - 1, 0, {Infinity, Infinity}, {-Infinity, -Infinity}};
+    PieceSamples::Span result{m_result.samples.size() - 1, 0, {}};
     if (m_curve.Degree() == 1) {
         m_result.samples.push_back(to);
-        for (const std::size_t d : {0U, 1U}) {
-            result.low[d] = std::min(from.place[d], to.place[d]);
-            result.high[d] = std::max(from.place[d], to.place[d]);
-        }
+        result.box.Add(from.place);
+        result.box.Add(to.place);
     } else {
         Refine(from, to, 0);
         for (int i = span; i < span + m_curve.order; ++i) {
             const GK_3dPoint point = m_curve.ControlPoint(i);
-            const Uv place{point.x + m_piece.shift[0], point.y + m_piece.shift[1]};
-            for (const std::size_t d : {0U, 1U}) {
-                result.low[d] = std::min(result.low[d], place[d]);
-                result.high[d] = std::max(result.high[d], place[d]);
-            }
+            result.box.Add({point.x + m_piece.shift[0], point.y + m_piece.shift[1]});
         }
     }
     result.last = m_result.samples.size() - 1;
@@ -113,16 +103,9 @@ PieceSamples SamplesOf(const LoopPiece& piece, const ParameterPlane& plane, doub
 
 double ExtentOf(const std::vector<LoopPiece>& pieces, const ParameterPlane& plane)
 {
-    Uv low{Infinity, Infinity};
-    Uv high{-Infinity, -Infinity};
-    for (const LoopPiece& piece : pieces) {
-        for (const double fraction : {0.0, 0.25, 0.5, 0.75, 1.0}) {
-            const Uv place = plane.Normalized(piece.At(piece.part.ParameterAt(fraction)));
-            for (const std::size_t d : {0U, 1U}) {
-                low[d] = std::min(low[d], place[d]);
-                high[d] = std::max(high[d], place[d]);
-            }
-        }
-    }
-    return std::max(high[0] - low[0], high[1] - low[1]);
+    UvBox box;
+    for (const LoopPiece& piece : pieces)
+        for (const double fraction : {0.0, 0.25, 0.5, 0.75, 1.0})
+            box.Add(plane.Normalized(piece.At(piece.part.ParameterAt(fraction))));
+    return box.Extent();
 }

@@ -18,8 +18,7 @@ struct PieceSamples
     {
         std::size_t first;
         std::size_t last;
-        Uv low;
-        Uv high;
+        UvBox box;
     };
 
     std::vector<Sample> samples;

@@ -87,8 +87,8 @@ std::optional<long> Cutter::LineAt(double value) const
 
 std::optional<long> Cutter::LineAlong(const PieceSamples::Span& span) const
 {
-    const auto line = LineAt(span.low[m_direction]);
-    return line && line == LineAt(span.high[m_direction]) ? line : std::nullopt;
+    const auto line = LineAt(span.box.low[m_direction]);
+    return line && line == LineAt(span.box.high[m_direction]) ? line : std::nullopt;
 }
 
 long Cutter::CellOf(double value) const

@@ -26,8 +26,8 @@ bool IsOnSeam(double value, std::size_t across, const ParameterPlane& plane)
 std::size_t LineAlong(const PieceSamples::Span& span, const ParameterPlane& plane)
 {
     for (const std::size_t d : {0U, 1U})
-        if (plane.IsClosed(d) && span.high[d] - span.low[d] <= plane.Slack(d) &&
-            !IsOnSeam(span.low[d], d, plane))
+        if (plane.IsClosed(d) && span.box.high[d] - span.box.low[d] <= plane.Slack(d) &&
+            !IsOnSeam(span.box.low[d], d, plane))
             return d;
     return None;
 }
