@@ -6,14 +6,9 @@
 #include <memory>
 
 /// A control of a shown dialog, as the platform's window system has it.
-class CWnd::Native
+class CWnd::Native : public CObject
 {
 public:
-    Native() = default;
-    Native(const Native&) = delete;
-    Native& operator=(const Native&) = delete;
-    virtual ~Native() = default;
-
     [[nodiscard]] virtual bool Checked() const = 0;
     virtual void SetChecked(bool checked) = 0;
     [[nodiscard]] virtual bool Enabled() const = 0;
@@ -23,28 +18,18 @@ public:
 using NativeControl = CWnd::Native;
 
 /// Whoever hears of what happens in a native dialog.
-class NativeDialogOwner
+class NativeDialogOwner : public CObject
 {
 public:
-    NativeDialogOwner() = default;
-    NativeDialogOwner(const NativeDialogOwner&) = delete;
-    NativeDialogOwner& operator=(const NativeDialogOwner&) = delete;
-    virtual ~NativeDialogOwner() = default;
-
     /// The controls are there, the dialog is not yet visible.
     virtual void OnOpen() = 0;
     virtual void OnMessage(WindowMessage message, int controlId) = 0;
 };
 
 /// A modal dialog of the platform's window system.
-class NativeDialog
+class NativeDialog : public CObject
 {
 public:
-    NativeDialog() = default;
-    NativeDialog(const NativeDialog&) = delete;
-    NativeDialog& operator=(const NativeDialog&) = delete;
-    virtual ~NativeDialog() = default;
-
     /// Shows the dialog and waits for its end. The result given to End, or DialogNotShown.
     virtual int Run() = 0;
 
