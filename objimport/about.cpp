@@ -42,28 +42,14 @@ std::string FileTypes(CKelvoFileImportPlugIn& plugIn)
 
 void WriteAbout(TextOutput& output, const PlugInModule& module)
 {
-    struct Entry
-    {
-        const char* label;
-        PlugInModule::TextExport which;
-    };
-    constexpr Entry Developer[] = {{"Organisation", PlugInModule::Organization},
-                                   {"Address", PlugInModule::Address},
-                                   {"Country", PlugInModule::Country},
-                                   {"Telephone", PlugInModule::Phone},
-                                   {"Fax", PlugInModule::Fax},
-                                   {"E-mail", PlugInModule::Email},
-                                   {"Web site", PlugInModule::Website},
-                                   {"Updates", PlugInModule::UpdateUrl}};
-
     CKelvoFileImportPlugIn& plugIn = module.PlugIn();
     WriteEntry(output, "Name", Utf8(plugIn.PlugInName()));
     WriteEntry(output, "Local name", Utf8(plugIn.LocalPlugInName()));
     WriteEntry(output, "Version", Utf8(plugIn.PlugInVersion()));
     WriteEntry(output, "Id", GK_UuidToString(plugIn.PlugInId()));
     WriteEntry(output, "File types", FileTypes(plugIn));
-    for (const Entry& entry : Developer)
-        WriteEntry(output, entry.label, Utf8(module.Text(entry.which)));
+    for (std::size_t i = 0; i < std::size(PlugInModule::TextExports); ++i)
+        WriteEntry(output, PlugInModule::TextExports[i].first, Utf8(module.Text(i)));
     WriteEntry(output, "SDK version", std::to_string(module.SdkVersion()));
     WriteEntry(output, "SDK service release", std::to_string(module.SdkServiceRelease()));
 }

@@ -18,12 +18,6 @@
 
 namespace {
 
-constexpr std::array<const char*, PlugInModule::TextExportCount> TextExportNames = {
-    "KelvoPlugInDeveloperOrganization", "KelvoPlugInDeveloperAddress",
-    "KelvoPlugInDeveloperCountry",      "KelvoPlugInDeveloperPhone",
-    "KelvoPlugInDeveloperFax",          "KelvoPlugInDeveloperEmail",
-    "KelvoPlugInDeveloperWebsite",      "KelvoPlugInUpdateURL"};
-
 /// The path, when there is a file to load.
 const std::filesystem::path& Readable(const std::filesystem::path& path)
 {
@@ -57,7 +51,7 @@ PlugInModule::PlugInModule(const std::filesystem::path& path)
     if (AllocationFailures() > m_failuresBefore)
         throw std::bad_alloc();
     for (std::size_t i = 0; i < m_texts.size(); ++i)
-        m_texts[i] = Export<TextFunction>(m_library, TextExportNames[i], path);
+        m_texts[i] = Export<TextFunction>(m_library, TextExports[i].second, path);
     m_sdkVersion = Export<NumberFunction>(m_library, "KelvoPlugInSdkVersion", path);
     m_sdkServiceRelease = Export<NumberFunction>(m_library, "KelvoPlugInSdkServiceRelease", path);
     m_plugIn = RegisteredImportPlugIn();

@@ -5,24 +5,22 @@
 #include "host/app/plugin.h"
 
 #include <array>
+#include <utility>
 
 /// An import plug-in's module, loaded into the program.
 class PlugInModule
 {
 public:
-    /// The functions that give a text, in the order in which they are looked up.
-    enum TextExport
-    {
-        Organization,
-        Address,
-        Country,
-        Phone,
-        Fax,
-        Email,
-        Website,
-        UpdateUrl,
-        TextExportCount
-    };
+    /// What the exported texts are, and the functions that return them.
+    static constexpr std::pair<const char*, const char*> TextExports[] = {
+        {"Organisation", "KelvoPlugInDeveloperOrganization"},
+        {"Address", "KelvoPlugInDeveloperAddress"},
+        {"Country", "KelvoPlugInDeveloperCountry"},
+        {"Telephone", "KelvoPlugInDeveloperPhone"},
+        {"Fax", "KelvoPlugInDeveloperFax"},
+        {"E-mail", "KelvoPlugInDeveloperEmail"},
+        {"Web site", "KelvoPlugInDeveloperWebsite"},
+        {"Updates", "KelvoPlugInUpdateURL"}};
 
     /// Loads the module and finds its exports and its plug-in. Throws ProgramError, which names
     /// the file and the reason, when it is no module, lacks an export or brings no import plug-in.
@@ -41,8 +39,8 @@ public:
 
     [[nodiscard]] CKelvoFileImportPlugIn& PlugIn() const { return *m_plugIn; }
 
-    /// What an export says.
-    [[nodiscard]] const wchar_t* Text(TextExport which) const { return m_texts[which](); }
+    /// Returns what the `i`th of the exported texts says.
+    [[nodiscard]] const wchar_t* Text(std::size_t i) const { return m_texts[i](); }
     [[nodiscard]] int SdkVersion() const { return m_sdkVersion(); }
     [[nodiscard]] int SdkServiceRelease() const { return m_sdkServiceRelease(); }
 
@@ -52,7 +50,7 @@ private:
 
     long m_failuresBefore; ///< allocations that failed before the module was loaded
     Library m_library;
-    std::array<TextFunction, TextExportCount> m_texts{};
+    std::array<TextFunction, std::size(TextExports)> m_texts{};
     NumberFunction m_sdkVersion = nullptr;
     NumberFunction m_sdkServiceRelease = nullptr;
     CKelvoFileImportPlugIn* m_plugIn = nullptr;

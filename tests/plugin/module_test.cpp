@@ -56,19 +56,18 @@ std::vector<std::string> ExportedNames()
 TEST(Module, ExportsWhatTheShipperSet)
 {
     const PlugInModule module(ModulePath);
-    const std::pair<PlugInModule::TextExport, const char*> texts[] = {
-        {PlugInModule::Organization, IMPORTOBJ_ORGANIZATION},
-        {PlugInModule::Address, IMPORTOBJ_ADDRESS_LINE_1 "\r\n" IMPORTOBJ_ADDRESS_LINE_2},
-        {PlugInModule::Country, IMPORTOBJ_COUNTRY},
-        {PlugInModule::Phone, IMPORTOBJ_PHONE},
-        {PlugInModule::Fax, IMPORTOBJ_FAX},
-        {PlugInModule::Email, IMPORTOBJ_SUPPORT_EMAIL},
-        {PlugInModule::Website, IMPORTOBJ_WEBSITE},
-        {PlugInModule::UpdateUrl,
-         IMPORTOBJ_UPDATE_HOST "/sr/plugin.asp?id=9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413"},
+    const char* const texts[] = {
+        IMPORTOBJ_ORGANIZATION,
+        IMPORTOBJ_ADDRESS_LINE_1 "\r\n" IMPORTOBJ_ADDRESS_LINE_2,
+        IMPORTOBJ_COUNTRY,
+        IMPORTOBJ_PHONE,
+        IMPORTOBJ_FAX,
+        IMPORTOBJ_SUPPORT_EMAIL,
+        IMPORTOBJ_WEBSITE,
+        IMPORTOBJ_UPDATE_HOST "/sr/plugin.asp?id=9D3B51E2-7C04-4F1A-B6E8-2A95C0D7E413",
     };
-    for (const auto& [which, text] : texts)
-        EXPECT_EQ(GK_wString(module.Text(which)).Utf8(), text);
+    for (std::size_t i = 0; i < std::size(texts); ++i)
+        EXPECT_EQ(GK_wString(module.Text(i)).Utf8(), texts[i]);
     EXPECT_EQ(module.SdkVersion(), IMPORTOBJ_SDK_VERSION);
     EXPECT_EQ(module.SdkServiceRelease(), IMPORTOBJ_SDK_SERVICE_RELEASE);
 }
