@@ -1,8 +1,8 @@
 // What someone types to the prompt for the import options.
 
+#include "console_host/app/answer_source.h"
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
-#include "console_host/app/input_answers.h"
 #include "console_host/app/option_words.h"
 #include "fuzz/own_folder.h"
 #include "plugin/import_obj_plugin.h"

@@ -1,7 +1,7 @@
 #include "objimport/program.h"
 
+#include "console_host/app/answer_source.h"
 #include "console_host/app/console_app.h"
-#include "console_host/app/input_answers.h"
 #include "console_host/app/registration.h"
 #include "console_host/framework/native_windows.h"
 #include "console_host/runtime/files.h"

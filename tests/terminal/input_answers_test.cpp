@@ -1,4 +1,4 @@
-#include "console_host/app/input_answers.h"
+#include "console_host/app/answer_source.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
