@@ -23,6 +23,10 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-fpch-preprocess)
 endif()
+# What most sources include of the standard library, compiled once for a target.
+set(standard_headers
+    <algorithm> <array> <cmath> <cstdint> <filesystem> <limits> <map> <memory> <optional> <span>
+    <string> <string_view> <utility> <vector>)
 
 if(IMPORTOBJ_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
