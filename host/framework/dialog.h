@@ -57,7 +57,7 @@ private:
     friend class CDataExchange;
 
     int m_templateId;
-    Showing* m_showing = nullptr; ///< null while the dialog is not shown
+    Showing* m_showing = nullptr; ///< for the host alone
 };
 
 /// One exchange of values between a dialog's fields and its controls. The host makes it for one

@@ -94,7 +94,7 @@ public:
     int AddEdgeCurve(std::unique_ptr<GK_Curve> curve3d);
 
     /// Adds the 3D curve along `direction` of a surface of the brep on which the other parameter is
-    /// `parameter`, and gives its index. The curve follows changes of the surface.
+    /// `parameter`, and returns its index. The curve follows changes of the surface.
     int AddIsoCurve(int surfaceIndex, int direction, double parameter);
 
     /// Removes all faces with their loops, trims, edges, vertices and curves; the surfaces stay.
