@@ -76,9 +76,8 @@ protected:
                        JsonAt(whole.json, "/imports/0/prints");
         if (ended.errors.empty() && ended.status != 1)
             return false;
-        return ended.status == 2
-                   ? ended.json == "old" || ended.json == whole.json
-                   : JsonAt(ended.json, "/imports/0/outcome") != "imported";
+        return ended.status == 2 ? ended.json == "old" || ended.json == whole.json
+                                 : JsonAt(ended.json, "/imports/0/outcome") != "imported";
     }
 
     /// Runs the program with every n-th call failing until none fails any more; every `step`-th
