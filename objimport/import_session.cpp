@@ -12,13 +12,6 @@
 #include <filesystem>
 #include <new>
 
-ImportSession::ImportSession(CKelvoFileImportPlugIn& plugIn, ConsoleDoc& doc, ImportMode mode)
-    : m_plugIn(plugIn), m_doc(doc)
-{
-    m_options.SetMode(ReadModeAskOnCommandLine, mode.askOnCommandLine);
-    m_options.SetMode(ReadModeZoomExtents, mode.zoom);
-}
-
 bool ImportSession::ReadFile(const std::string& file)
 {
     try {

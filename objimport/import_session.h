@@ -8,18 +8,14 @@
 #include <string>
 #include <vector>
 
-/// How files are imported.
-struct ImportMode
-{
-    bool askOnCommandLine = true;
-    bool zoom = false;
-};
-
 /// Imports files, one after the other, into a document.
 class ImportSession
 {
 public:
-    ImportSession(CKelvoFileImportPlugIn& plugIn, ConsoleDoc& doc, ImportMode mode);
+    ImportSession(CKelvoFileImportPlugIn& plugIn, ConsoleDoc& doc, CKelvoFileReadOptions options)
+        : m_plugIn(plugIn), m_doc(doc), m_options(std::move(options))
+    {
+    }
 
     /// Imports a file, given in UTF-8 as it was typed.
     void Import(const std::string& file);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace {
 
@@ -107,34 +108,30 @@ struct SizeCells
     }
 };
 
+/// The words for a kind of geometry and the columns of its size, by its place in AnyGeometry.
 struct Kind
 {
-    std::size_t index; ///< in AnyGeometry
     const char* one;
     const char* many;
     std::vector<TextTable::Column> size;
 };
 
-/// Every kind with the columns of its size.
 const std::vector<Kind>& Kinds()
 {
     static const std::vector<Kind> kinds = {
-        {0,
-         "mesh",
-         "meshes",
-         {{"vertices", Right}, {"faces", Right}, {"n-gons", Right}, {"closed"}}},
-        {1, "curve", "curves", {{"order", Right}, {"points", Right}, {"rational"}, {"closed"}}},
-        {2, "point", "points", {{"x", Right}, {"y", Right}, {"z", Right}}},
-        {3, "point cloud", "point clouds", {{"points", Right}}},
-        {4,
-         "brep",
+        {"mesh", "meshes", {{"vertices", Right}, {"faces", Right}, {"n-gons", Right}, {"closed"}}},
+        {"curve", "curves", {{"order", Right}, {"points", Right}, {"rational"}, {"closed"}}},
+        {"point", "points", {{"x", Right}, {"y", Right}, {"z", Right}}},
+        {"point cloud", "point clouds", {{"points", Right}}},
+        {"brep",
          "breps",
          {{"faces", Right}, {"loops", Right}, {"trims", Right}, {"orders"}, {"points"}}}};
     return kinds;
 }
 
-void WriteKind(TextOutput& output, const ConsoleDoc& doc, const Kind& kind)
+void WriteKind(TextOutput& output, const ConsoleDoc& doc, std::size_t index)
 {
+    const Kind& kind = Kinds()[index];
     std::vector<TextTable::Column> columns = {
         {"#", Right}, {"name"}, {"layer"}, {"groups"}, {"material"}};
     columns.insert(columns.end(), kind.size.begin(), kind.size.end());
@@ -142,7 +139,7 @@ void WriteKind(TextOutput& output, const ConsoleDoc& doc, const Kind& kind)
     std::size_t count = 0;
     for (int i = 0; i < doc.ObjectCount(); ++i) {
         const DocumentObject object = doc.Object(i);
-        if (object.geometry.index() != kind.index || ++count > ShownRows)
+        if (object.geometry.index() != index || ++count > ShownRows)
             continue;
         std::vector<std::string> row = CommonCells(doc, i);
         row.insert(row.begin(), std::to_string(i));
@@ -187,6 +184,33 @@ void WriteLeftOut(TextOutput& output, std::size_t count)
 
 void WriteObjectTables(TextOutput& output, const ConsoleDoc& doc)
 {
-    for (const Kind& kind : Kinds())
+    for (std::size_t kind = 0; kind < Kinds().size(); ++kind)
         WriteKind(output, doc, kind);
+}
+
+std::string Totals(const ConsoleDoc& doc)
+{
+    std::size_t vertices = 0;
+    std::size_t faces = 0;
+    std::vector<std::size_t> counts(Kinds().size());
+    for (int i = 0; i < doc.ObjectCount(); ++i) {
+        const AnyGeometry geometry = doc.Object(i).geometry;
+        ++counts[geometry.index()];
+        if (const auto* mesh = std::get_if<const GK_Mesh*>(&geometry)) {
+            vertices += static_cast<std::size_t>((*mesh)->VertexCount());
+            faces += static_cast<std::size_t>((*mesh)->FaceCount());
+        }
+    }
+    std::string text = Counted(static_cast<std::size_t>(doc.ObjectCount()), "object", "objects");
+    const char* before = ": ";
+    for (std::size_t i = 0; i < counts.size(); ++i)
+        if (counts[i] > 0)
+            text.append(std::exchange(before, ", "))
+                .append(Counted(counts[i], Kinds()[i].one, Kinds()[i].many));
+    if (counts[0] > 0)
+        text.append("; in meshes ")
+            .append(Counted(vertices, "vertex", "vertices"))
+            .append(" and ")
+            .append(Counted(faces, "face", "faces"));
+    return text;
 }

@@ -30,5 +30,8 @@ std::string FirstFew(const List& list, ToText toText)
 /// Says how many of a list are left out, when any are.
 void WriteLeftOut(TextOutput& output, std::size_t count);
 
+/// Returns how many objects of each kind there are, and how large the meshes are in all.
+std::string Totals(const ConsoleDoc& doc);
+
 /// A table for each kind of object that the document holds: name, layer, groups, material, size.
 void WriteObjectTables(TextOutput& output, const ConsoleDoc& doc);

@@ -1,7 +1,9 @@
-#include "console_host/runtime/unfinished_file.h"
+#include "console_host/runtime/file_replacement.h"
 #include "objimport/platform.h"
+#include "objimport/program_error.h"
 
 #include <csignal>
+#include <dlfcn.h>
 
 namespace {
 
@@ -46,3 +48,23 @@ StandardStreams::StandardStreams()
 }
 
 StandardStreams::~StandardStreams() = default;
+
+Library::Library(const std::filesystem::path& path) : m_handle(dlopen(path.c_str(), RTLD_NOW))
+{
+    if (m_handle != nullptr)
+        return;
+    std::string reason = dlerror();
+    if (const std::string start = path.native() + ": "; reason.rfind(start, 0) == 0)
+        reason.erase(0, start.size());
+    throw ProgramError("cannot load the module " + path.native() + ": " + reason);
+}
+
+Library::~Library()
+{
+    dlclose(m_handle);
+}
+
+Library::Function Library::Find(const char* name) const
+{
+    return reinterpret_cast<Function>(dlsym(m_handle, name));
+}

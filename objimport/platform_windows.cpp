@@ -1,10 +1,13 @@
-#include "console_host/runtime/unfinished_file.h"
+#include "console_host/runtime/file_replacement.h"
+#include "console_host/runtime/native_path.h"
 #include "objimport/platform.h"
+#include "objimport/program_error.h"
 
 #include "host/geokit/string.h"
 
 #include <fcntl.h>
 #include <io.h>
+#include <system_error>
 #include <windows.h>
 
 namespace {
@@ -45,4 +48,26 @@ StandardStreams::~StandardStreams()
 {
     if (m_before != 0)
         SetConsoleOutputCP(m_before);
+}
+
+Library::Library(const std::filesystem::path& path)
+{
+    // No box of the system's own for a file that is no module.
+    const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS);
+    m_handle = LoadLibraryW(path.c_str());
+    const auto error = static_cast<int>(GetLastError());
+    SetErrorMode(before);
+    if (m_handle == nullptr)
+        throw ProgramError("cannot load the module " + Utf8Path(path) + ": " +
+                           std::system_category().message(error));
+}
+
+Library::~Library()
+{
+    FreeLibrary(static_cast<HMODULE>(m_handle));
+}
+
+Library::Function Library::Find(const char* name) const
+{
+    return reinterpret_cast<Function>(GetProcAddress(static_cast<HMODULE>(m_handle), name));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "objimport/library.h"
+#include "objimport/platform.h"
 
 #include "host/app/plugin.h"
 

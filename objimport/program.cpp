@@ -213,8 +213,10 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
 
     // The document goes before the module, whose code its objects may need.
     ConsoleDoc doc(commandLine.tolerance);
-    const bool onCommandLine = commandLine.asking != Asking::Dialog;
-    ImportSession session(module.PlugIn(), doc, {onCommandLine, commandLine.zoom});
+    CKelvoFileReadOptions options;
+    options.SetMode(ReadModeAskOnCommandLine, commandLine.asking != Asking::Dialog);
+    options.SetMode(ReadModeZoomExtents, commandLine.zoom);
+    ImportSession session(module.PlugIn(), doc, options);
     for (const std::string& file : commandLine.files) {
         session.Import(file);
         CheckDialogsWereShown();

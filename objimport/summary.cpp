@@ -192,45 +192,6 @@ void WriteNames(TextOutput& output, const char* one, const char* many, const Tab
     WriteLine(output, line);
 }
 
-std::string Totals(const ConsoleDoc& doc)
-{
-    struct Total
-    {
-        std::size_t index;
-        const char* one;
-        const char* many;
-    };
-    constexpr Total Kinds[] = {{0, "mesh", "meshes"},
-                               {1, "curve", "curves"},
-                               {2, "point", "points"},
-                               {3, "point cloud", "point clouds"},
-                               {4, "brep", "breps"}};
-    std::array<std::size_t, std::variant_size_v<AnyGeometry>> counts{};
-    std::size_t vertices = 0;
-    std::size_t faces = 0;
-    for (int i = 0; i < doc.ObjectCount(); ++i) {
-        const AnyGeometry geometry = doc.Object(i).geometry;
-        ++counts[geometry.index()];
-        if (const auto* mesh = std::get_if<const GK_Mesh*>(&geometry)) {
-            vertices += static_cast<std::size_t>((*mesh)->VertexCount());
-            faces += static_cast<std::size_t>((*mesh)->FaceCount());
-        }
-    }
-    std::string text = Counted(static_cast<std::size_t>(doc.ObjectCount()), "object", "objects");
-    const char* before = ": ";
-    for (const Total& kind : Kinds)
-        if (counts[kind.index] > 0) {
-            text.append(before).append(Counted(counts[kind.index], kind.one, kind.many));
-            before = ", ";
-        }
-    if (counts[0] > 0)
-        text.append("; in meshes ")
-            .append(Counted(vertices, "vertex", "vertices"))
-            .append(" and ")
-            .append(Counted(faces, "face", "faces"));
-    return text;
-}
-
 } // namespace
 
 void WriteSummary(TextOutput& output, std::span<const ImportRecord> imports, const ConsoleDoc& doc)
