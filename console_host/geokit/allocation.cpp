@@ -35,13 +35,13 @@ BlockHeader* HeaderOf(void* block) noexcept
 
 bool InLargePages(std::size_t size) noexcept
 {
-    return size >= LargePageSize();
+    return size >= LargePageSize;
 }
 
 /// The size of the large pages that hold so many bytes.
 std::size_t PagesSize(std::size_t size) noexcept
 {
-    return (size + LargePageSize() - 1) / LargePageSize() * LargePageSize();
+    return (size + LargePageSize - 1) / LargePageSize * LargePageSize;
 }
 
 BlockHeader* MoveToLargePages(BlockHeader* header, std::size_t size) noexcept
@@ -60,7 +60,7 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
 {
     BlockHeader* resized = nullptr;
     if (header != nullptr && InLargePages(header->size)) {
-        size = std::max(size, LargePageSize());
+        size = std::max(size, LargePageSize);
         resized = static_cast<BlockHeader*>(
             RemapLargePages(header, PagesSize(header->size), PagesSize(size)));
     } else if (InLargePages(size)) {

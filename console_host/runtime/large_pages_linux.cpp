@@ -5,29 +5,18 @@
 
 // NOLINTBEGIN(performance-no-int-to-ptr): MAP_FAILED is made so
 
-namespace {
-
-constexpr std::size_t LargePage = std::size_t{1} << 21;
-
-} // namespace
-
-std::size_t LargePageSize() noexcept
-{
-    return LargePage;
-}
-
 void* MapLargePages(std::size_t size) noexcept
 {
     // One large page more always holds an address to begin at; what is too much is given back.
-    void* const mapped =
-        mmap(nullptr, size + LargePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* const mapped = mmap(nullptr, size + LargePageSize, PROT_READ | PROT_WRITE,
+                              MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED)
         return nullptr;
-    const std::size_t before = -reinterpret_cast<std::uintptr_t>(mapped) % LargePage;
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(mapped) % LargePageSize;
     char* const pages = static_cast<char*>(mapped) + before;
     if (before > 0)
         munmap(mapped, before);
-    munmap(pages + size, LargePage - before);
+    munmap(pages + size, LargePageSize - before);
     // Without the advice, or where it is not followed, pages are small: slower and as good.
     madvise(pages, size, MADV_HUGEPAGE);
     return pages;
