@@ -1,6 +1,7 @@
 #include "console_host/app/image_reader.h"
 #include "console_host/app/import_journal.h"
 #include "console_host/runtime/file_replacement.h"
+#include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
 #include "host/app/dib.h"
@@ -17,13 +18,6 @@
 #include <vector>
 
 namespace {
-
-struct CloseFile
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
 /// Reads up to `size` bytes from the file's start; empty on failure.
 std::vector<unsigned char> ReadBytes(std::FILE* file, std::size_t size)

@@ -1,12 +1,41 @@
 #pragma once
 
-#include "console_host/runtime/unfinished_file.h"
+#include "console_host/runtime/files.h"
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string_view>
+
+/// A file that is removed unless it is finished: by the destructor, or by RemoveUnfinishedFiles
+/// when something ends the program.
+class UnfinishedFile
+{
+public:
+    /// Takes charge of a path, at which there need not be a file yet.
+    explicit UnfinishedFile(std::filesystem::path path);
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+    /// Removes the file, unless it is finished.
+    ~UnfinishedFile();
+
+    [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
+
+    /// Gives up the charge: the file is finished, or another's.
+    void Finish() noexcept { m_ours = m_ours && !TakeFromList(); }
+
+private:
+    bool TakeFromList() noexcept;
+
+    std::filesystem::path m_path;
+    std::size_t m_place = 0; ///< in the list of all such files
+    bool m_ours = true;
+};
+
+/// Removes all files that are not finished. May be called from a signal handler, after which the
+/// program has to end.
+void RemoveUnfinishedFiles() noexcept;
 
 /// Writes a file that takes the place of the one at its path when it is whole, and not before:
 /// under a name beside it that nobody can guess or prepare, created for this purpose, never through
@@ -38,14 +67,9 @@ public:
     void Commit();
 
 private:
-    struct CloseFile
-    {
-        void operator()(std::FILE* stream) const { std::fclose(stream); }
-    };
-
     std::filesystem::path m_target;
     std::optional<UnfinishedFile> m_fresh; ///< none when the target is written to directly
-    std::unique_ptr<std::FILE, CloseFile> m_stream;
+    File m_stream;
 };
 
 /// Replaces a file whole. Throws std::runtime_error, saying why in a few words.

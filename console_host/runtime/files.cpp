@@ -10,13 +10,6 @@
 
 namespace {
 
-struct CloseFile
-{
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
 std::string Reason(int error)
 {
     return std::generic_category().message(error);
