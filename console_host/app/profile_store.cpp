@@ -198,7 +198,7 @@ bool ProfileStore::Save()
     }
     try {
         MakeFolders(FolderOf(m_path));
-        ReplaceFile(m_path, Text(), FileReplacement::Links::Follow);
+        WriteInPlaceOf(m_path, Text(), FileReplacement::Links::Follow);
     } catch (const std::runtime_error& failure) {
         Report("cannot save the settings to", m_path, failure.what());
         return false;

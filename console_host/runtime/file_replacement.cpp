@@ -138,8 +138,8 @@ void FileReplacement::Commit()
     });
 }
 
-void ReplaceFile(const std::filesystem::path& path, std::string_view contents,
-                 FileReplacement::Links links)
+void WriteInPlaceOf(const std::filesystem::path& path, std::string_view contents,
+                    FileReplacement::Links links)
 {
     FileReplacement file(path, links);
     errno = 0;

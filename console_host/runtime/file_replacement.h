@@ -73,5 +73,5 @@ private:
 };
 
 /// Replaces a file whole. Throws std::runtime_error, saying why in a few words.
-void ReplaceFile(const std::filesystem::path& path, std::string_view contents,
-                 FileReplacement::Links links);
+void WriteInPlaceOf(const std::filesystem::path& path, std::string_view contents,
+                    FileReplacement::Links links);

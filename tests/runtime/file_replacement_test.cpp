@@ -59,8 +59,8 @@ TEST(FileReplacement, SaysWhyItCannotWrite)
 {
     const TemporaryFolder folder;
     fs::create_directories(folder / "taken" / "content");
-    EXPECT_THROW(ReplaceFile(folder / "missing" / "a", "", Links::Follow), std::runtime_error);
-    EXPECT_THROW(ReplaceFile(folder / "taken", "", Links::Follow), std::runtime_error);
+    EXPECT_THROW(WriteInPlaceOf(folder / "missing" / "a", "", Links::Follow), std::runtime_error);
+    EXPECT_THROW(WriteInPlaceOf(folder / "taken", "", Links::Follow), std::runtime_error);
     EXPECT_EQ(WhyUnwritable(folder / "taken"), "a folder, not a file");
     EXPECT_EQ(WhyUnwritable(folder / "missing" / "a"), "no such folder");
     EXPECT_EQ(WhyUnwritable(folder / "a"), "");
@@ -88,11 +88,11 @@ TEST(FileReplacement, FollowsTheLinksOfTheUserAndNoOther)
     fs::create_directory(folder / "deep");
     fs::create_symlink("deep/link", folder / "chain");
     fs::create_symlink("../file", folder / "deep" / "link");
-    ReplaceFile(folder / "chain", "new", Links::Follow);
+    WriteInPlaceOf(folder / "chain", "new", Links::Follow);
     EXPECT_EQ(folder.Read("file"), "new") << "also when the link led nowhere";
     EXPECT_TRUE(IsSameFile(folder / "chain", folder / "file"));
 
-    ReplaceFile(folder / "chain", "image", Links::Replace);
+    WriteInPlaceOf(folder / "chain", "image", Links::Replace);
     EXPECT_EQ(folder.Read("file"), "new");
     EXPECT_FALSE(fs::is_symlink(folder / "chain"));
     EXPECT_EQ(folder.Read("chain"), "image");
@@ -105,7 +105,7 @@ TEST(FileReplacement, KeepsThePermissions)
     constexpr fs::perms Private = fs::perms::owner_read | fs::perms::owner_write;
     for (const fs::perms permissions : {Private, Private | fs::perms::group_read}) {
         fs::permissions(path, permissions);
-        ReplaceFile(path, "new", Links::Follow);
+        WriteInPlaceOf(path, "new", Links::Follow);
         EXPECT_EQ(fs::status(path).permissions(), permissions);
     }
 }
@@ -113,11 +113,11 @@ TEST(FileReplacement, KeepsThePermissions)
 TEST(FileReplacement, WritesToWhatIsNoPlainFileAsItIs)
 {
     const fs::path null = "/dev/null";
-    ReplaceFile(null, "x", Links::Follow);
+    WriteInPlaceOf(null, "x", Links::Follow);
     EXPECT_EQ(KindOfFile(null), FileKind::Special);
-    EXPECT_THROW(ReplaceFile("/dev/full", "x", Links::Follow), std::runtime_error);
+    EXPECT_THROW(WriteInPlaceOf("/dev/full", "x", Links::Follow), std::runtime_error);
     testing::internal::CaptureStdout();
-    ReplaceFile("/dev/stdout", "x", Links::Follow);
+    WriteInPlaceOf("/dev/stdout", "x", Links::Follow);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "x");
 }
 #endif
