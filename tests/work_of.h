@@ -11,11 +11,18 @@ template <class Call>
 double WorkOf(Call call)
 {
     constexpr int Runs = 3;
+    constexpr double LeastTime = 0.05; // which clocks with coarse steps can tell from nothing
     double least = std::numeric_limits<double>::infinity();
     for (int i = 0; i < Runs; ++i) {
         const std::clock_t start = std::clock();
-        call();
-        least = std::min(least, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+        int calls = 0;
+        double time = 0.0;
+        while (time < LeastTime) {
+            call();
+            ++calls;
+            time = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        }
+        least = std::min(least, time / calls);
     }
     return least;
 }
