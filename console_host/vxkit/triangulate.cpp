@@ -1,5 +1,6 @@
 #include "host/vxkit/triangulate.h"
 
+#include "console_host/vxkit/improve_triangles.h"
 #include "console_host/vxkit/triangulate_ears.h"
 #include "console_host/vxkit/triangulate_sweep.h"
 
@@ -74,12 +75,17 @@ Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<c
     return outcome;
 }
 
-/// Cuts by a sweep; wrong when sides cross.
-Outcome TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
-                        std::span<int> triangles)
+/// False when sides cross.
+bool TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
+                     std::span<int> triangles)
 {
     TriangleWriter out(triangles.data(), static_cast<int>(triangles.size() / 3));
-    return TriangulateBySweep(points, out) ? Judge(points, tolerance, triangles) : Outcome::Wrong;
+    if (!TriangulateBySweep(points, out))
+        return false;
+    const Outcome outcome = Judge(points, tolerance, triangles);
+    if (outcome == Outcome::Narrow)
+        ImproveTriangles(points, triangles);
+    return outcome != Outcome::Wrong;
 }
 
 bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
@@ -92,15 +98,9 @@ bool TriangulatePlanar(std::span<const PlanarPoint> points, double tolerance,
         TriangulateConvex(static_cast<int>(count), out);
         return true;
     }
-    const Outcome swept =
-        count > FewCorners ? TriangulateMany(points, tolerance, triangles) : Outcome::Wrong;
-    if (swept == Outcome::Good)
+    if (count > FewCorners && TriangulateMany(points, tolerance, triangles))
         return true;
-    // The best ear first avoids narrow triangles, whose direction in space is chance.
-    if (count <= EarClipper::MaxCorners && EarClipper(points, tolerance).Run(out))
-        return true;
-    return swept == Outcome::Narrow &&
-           TriangulateMany(points, tolerance, triangles) == Outcome::Narrow;
+    return count <= EarClipper::MaxCorners && EarClipper(points, tolerance).Run(out);
 }
 
 } // namespace

@@ -1,0 +1,156 @@
+#include "console_host/vxkit/improve_triangles.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+constexpr int None = -1;
+
+/// The triangles of a polygon and what lies beyond their sides. Side 3 t + k of triangle t runs
+/// from its corner k to the next one.
+class TriangleMesh
+{
+public:
+    TriangleMesh(std::span<const PlanarPoint> points, std::span<int> corners)
+        : m_points(points), m_corners(corners), m_opposite(corners.size(), None)
+    {
+        Connect();
+    }
+
+    void Improve();
+
+private:
+    static int Next(int side) { return side % 3 == 2 ? side - 2 : side + 1; }
+    static int Previous(int side) { return side % 3 == 0 ? side + 2 : side - 1; }
+
+    [[nodiscard]] int From(int side) const { return m_corners[static_cast<std::size_t>(side)]; }
+    [[nodiscard]] int Opposite(int side) const
+    {
+        return m_opposite[static_cast<std::size_t>(side)];
+    }
+    [[nodiscard]] const PlanarPoint& Point(int corner) const
+    {
+        return m_points[static_cast<std::size_t>(corner)];
+    }
+
+    void Connect();
+    void Join(int side, int other);
+    void SetTriangle(int first, const std::array<int, 3>& corners);
+    [[nodiscard]] bool ShouldExchange(int side) const;
+    void Exchange(int side);
+
+    std::span<const PlanarPoint> m_points;
+    std::span<int> m_corners;
+    std::vector<int> m_opposite;
+};
+
+/// The two sides of a diagonal are those with the same two ends.
+void TriangleMesh::Connect()
+{
+    std::vector<int> sides(m_corners.size());
+    const auto ends = [this](int side) {
+        return std::pair<int, int>(std::minmax({From(side), From(Next(side))}));
+    };
+    int count = 0;
+    for (int side = 0; side < std::ssize(m_corners); ++side) {
+        const auto [lower, upper] = ends(side);
+        const bool isOutline =
+            upper == lower + 1 || (lower == 0 && upper == std::ssize(m_points) - 1);
+        if (!isOutline)
+            sides[static_cast<std::size_t>(count++)] = side;
+    }
+    sides.resize(static_cast<std::size_t>(count));
+    std::sort(sides.begin(), sides.end(), [&ends](int a, int b) { return ends(a) < ends(b); });
+    for (std::size_t i = 0; i + 1 < sides.size(); ++i)
+        if (ends(sides[i]) == ends(sides[i + 1]))
+            Join(sides[i], sides[i + 1]);
+}
+
+void TriangleMesh::Join(int side, int other)
+{
+    if (side != None)
+        m_opposite[static_cast<std::size_t>(side)] = other;
+    if (other != None)
+        m_opposite[static_cast<std::size_t>(other)] = side;
+}
+
+void TriangleMesh::SetTriangle(int first, const std::array<int, 3>& corners)
+{
+    std::copy(corners.begin(), corners.end(), m_corners.begin() + first);
+}
+
+/// The angles that face a diagonal from both sides are together more than half a turn, and the
+/// other diagonal lies inside.
+bool TriangleMesh::ShouldExchange(int side) const
+{
+    constexpr double Clearly = 1e-9;
+    const PlanarPoint& a = Point(From(side));
+    const PlanarPoint& b = Point(From(Next(side)));
+    const PlanarPoint& c = Point(From(Previous(side)));
+    const PlanarPoint& d = Point(From(Previous(Opposite(side))));
+    const auto sine = [](const PlanarPoint& at, const PlanarPoint& p, const PlanarPoint& q) {
+        return (p.x - at.x) * (q.y - at.y) - (p.y - at.y) * (q.x - at.x);
+    };
+    const auto cosine = [](const PlanarPoint& at, const PlanarPoint& p, const PlanarPoint& q) {
+        return (p.x - at.x) * (q.x - at.x) + (p.y - at.y) * (q.y - at.y);
+    };
+    const double first = sine(c, a, b) * cosine(d, b, a);
+    const double second = cosine(c, a, b) * sine(d, b, a);
+    return first + second < -Clearly * (std::abs(first) + std::abs(second)) &&
+           Orientation(c, a, d) > 0.0 && Orientation(d, b, c) > 0.0;
+}
+
+void TriangleMesh::Exchange(int side)
+{
+    const int other = Opposite(side);
+    const int a = From(side);
+    const int b = From(other);
+    const int c = From(Previous(side));
+    const int d = From(Previous(other));
+    const int beyondBc = Opposite(Next(side));
+    const int beyondCa = Opposite(Previous(side));
+    const int beyondAd = Opposite(Next(other));
+    const int beyondDb = Opposite(Previous(other));
+    const int first = side - side % 3;
+    const int second = other - other % 3;
+    SetTriangle(first, {c, a, d});
+    SetTriangle(second, {d, b, c});
+    Join(first, beyondCa);
+    Join(first + 1, beyondAd);
+    Join(second, beyondDb);
+    Join(second + 1, beyondBc);
+    Join(first + 2, second + 2);
+}
+
+void TriangleMesh::Improve()
+{
+    // Enough for all but the most contrived polygons, for which it may take a square of steps.
+    std::size_t exchangesLeft = 8 * m_corners.size();
+    std::vector<int> open;
+    for (int side = 0; side < std::ssize(m_corners); ++side)
+        if (Opposite(side) > side)
+            open.push_back(side);
+    while (!open.empty() && exchangesLeft > 0) {
+        const int side = open.back();
+        open.pop_back();
+        const int other = Opposite(side);
+        if (other == None || !ShouldExchange(side))
+            continue;
+        Exchange(side);
+        --exchangesLeft;
+        const int first = side - side % 3;
+        const int second = other - other % 3;
+        open.insert(open.end(), {first, first + 1, second, second + 1});
+    }
+}
+
+} // namespace
+
+void ImproveTriangles(std::span<const PlanarPoint> points, std::span<int> triangles)
+{
+    TriangleMesh(points, triangles).Improve();
+}
