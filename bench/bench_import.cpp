@@ -18,6 +18,8 @@ namespace {
 struct Arguments
 {
     std::string filter;
+    std::string modelFolder;
+    std::string keepFolder;
     double megabytes = 0.0;
     int repetitions = 7;
 };
@@ -86,11 +88,16 @@ void TimeReader(benchmark::State& state, const NamedReader& named, const std::st
     }
 }
 
-SceneResults RunScene(const Scene& scene, const Arguments& arguments, const ScratchFolder& folder)
+void WriteScene(const Scene& scene, const Arguments& arguments, const std::string& path)
 {
-    const std::string path = folder.File(std::string(scene.name) + ".obj");
     const double megabytes = arguments.megabytes > 0.0 ? arguments.megabytes : scene.megabytes;
     scene.write(path, static_cast<std::size_t>(megabytes * 1e6));
+}
+
+SceneResults RunScene(const Scene& scene, const Arguments& arguments, const ScratchFolder& folder)
+{
+    const std::string path = folder.File(scene.name + ".obj");
+    WriteScene(scene, arguments, path);
 
     SceneResults results;
     results.bytes = static_cast<double>(std::filesystem::file_size(path));
@@ -112,19 +119,36 @@ SceneResults RunScene(const Scene& scene, const Arguments& arguments, const Scra
     return results;
 }
 
+/// The scenes that were asked for. Throws when there are none.
+std::vector<Scene> WantedScenes(const Arguments& arguments)
+{
+    std::vector<Scene> scenes = Scenes(arguments.modelFolder);
+    std::erase_if(scenes, [&](const Scene& scene) {
+        return scene.name.find(arguments.filter) == std::string::npos;
+    });
+    if (scenes.empty())
+        throw std::runtime_error("no scene has \"" + arguments.filter + "\" in its name");
+    return scenes;
+}
+
+void KeepScenes(const Arguments& arguments)
+{
+    for (const Scene& scene : WantedScenes(arguments)) {
+        const auto path = std::filesystem::path(arguments.keepFolder) / (scene.name + ".obj");
+        WriteScene(scene, arguments, path.string());
+        std::printf("%s: %s\n", path.string().c_str(), scene.what.c_str());
+    }
+}
+
 void RunAll(const Arguments& arguments)
 {
     const ScratchFolder folder;
     Results results;
-    for (const Scene& scene : Scenes()) {
-        if (scene.name.find(arguments.filter) == std::string_view::npos)
-            continue;
+    for (const Scene& scene : WantedScenes(arguments)) {
         const SceneResults sceneResults = RunScene(scene, arguments, folder);
         PrintScene(scene, sceneResults);
         results.emplace(scene.name, sceneResults);
     }
-    if (results.empty())
-        throw std::runtime_error("no scene has \"" + arguments.filter + "\" in its name");
     PrintRatios(results);
 }
 
@@ -149,9 +173,18 @@ int Run(int argc, char** argv)
     app.add_option("--filter", arguments.filter, "Only the scenes with this in their names");
     app.add_option("--megabytes", arguments.megabytes, "Size of each scene's file")
         ->check(CLI::PositiveNumber);
+    app.add_option("--models", arguments.modelFolder,
+                   "Folder of OBJ files to be joined into one more scene")
+        ->check(CLI::ExistingDirectory);
+    app.add_option("--keep", arguments.keepFolder, "Only write the scenes' files, into this folder")
+        ->check(CLI::ExistingDirectory);
     app.add_option("--repetitions", arguments.repetitions, "The best of so many counts (7)")
         ->check(CLI::PositiveNumber);
     CLI11_PARSE(app, argc, argv);
+    if (!arguments.keepFolder.empty()) {
+        KeepScenes(arguments);
+        return 0;
+    }
     InitializeBenchmark(argv[0]);
     RunAll(arguments);
     return 0;

@@ -72,7 +72,7 @@ void PrintMemoryAim(const MemoryAim& aim, const Results& results)
 
 void PrintScene(const Scene& scene, const SceneResults& results)
 {
-    std::printf("%s: %s, %.1f MB\n", scene.name.data(), scene.what.data(), results.bytes / 1e6);
+    std::printf("%s: %s, %.1f MB\n", scene.name.c_str(), scene.what.c_str(), results.bytes / 1e6);
     std::printf("  %-14s %9s %8s %24s\n", "", "seconds", "MB/s", "memory for each byte");
     for (const Result& result : results.readers)
         std::printf("  %-14s %9.4f %8.1f %24.2f\n", result.reader.c_str(), result.seconds,

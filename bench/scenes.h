@@ -1,18 +1,20 @@
 #pragma once
 
-#include <span>
+#include <functional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 /// A kind of file that the benchmarks read. Every run writes the same bytes for the same size.
 struct Scene
 {
-    std::string_view name;
-    std::string_view what;
+    std::string name;
+    std::string what;
     /// The size when none is asked for, in millions of bytes.
-    double megabytes;
+    double megabytes = 100.0;
     /// Writes a file of about `bytes` bytes. Throws std::runtime_error when it cannot be written.
-    void (*write)(const std::string& path, std::size_t bytes);
+    std::function<void(const std::string& path, std::size_t bytes)> write;
 };
 
-[[nodiscard]] std::span<const Scene> Scenes();
+/// Returns all scenes. One that is joined from the OBJ files of a folder comes last, when a folder
+/// is named.
+[[nodiscard]] std::vector<Scene> Scenes(const std::string& modelFolder);

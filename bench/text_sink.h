@@ -45,10 +45,27 @@ public:
     /// With six decimals, as most programs write them.
     TextSink& operator<<(double number)
     {
+        WriteFixed(number, 6);
+        return *this;
+    }
+
+    void WriteFixed(double number, int decimals)
+    {
+        char digits[512];
+        const char* const end = std::to_chars(digits, digits + sizeof digits, number,
+                                              std::chars_format::fixed, decimals)
+                                    .ptr;
+        *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
+    }
+
+    /// With seventeen digits, as programs write them that lose nothing.
+    void WriteDigits17(double number)
+    {
         char digits[64];
         const char* const end =
-            std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, 6).ptr;
-        return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
+            std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 17)
+                .ptr;
+        *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
     }
 
     [[nodiscard]] std::size_t Written() const { return m_written; }
