@@ -2,6 +2,7 @@
 
 #include "materials/material_libraries.h"
 #include "objreader/obj_reading.h"
+#include "objreader/stage_times.h"
 #include "plugin/face_messages.h"
 
 #include "host/app/doc.h"
@@ -46,6 +47,9 @@ public:
     /// To be called once.
     bool Build();
 
+    /// Returns what the stages have taken so far.
+    [[nodiscard]] const StageTimes& Times() const { return m_times; }
+
 private:
     void OnBogusFace() override;
     void OnBadCorner(BadField field, int listLength, const char* token) override;
@@ -59,4 +63,5 @@ private:
     ObjReading m_reading;
     MaterialLibraries m_libraries;
     FaceMessages m_faceMessages;
+    StageTimes m_times;
 };
