@@ -1,17 +1,17 @@
 // Times this project's reading of OBJ files, and that of other libraries, on files that it writes
 // itself.
 
+#include "bench/measurement.h"
 #include "bench/memory_use.h"
 #include "bench/readers.h"
 #include "bench/results.h"
 #include "bench/scenes.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <benchmark/benchmark.h>
 #include <exception>
 #include <filesystem>
 #include <random>
+#include <thread>
 
 namespace {
 
@@ -21,7 +21,9 @@ struct Arguments
     std::string modelFolder;
     std::string keepFolder;
     double megabytes = 0.0;
-    int repetitions = 7;
+    int repetitions = 5;
+    unsigned threadCount = std::max(1U, std::thread::hardware_concurrency());
+    bool ownOnly = false;
 };
 
 /// A folder for the scenes, removed at the end.
@@ -50,76 +52,13 @@ private:
     std::filesystem::path m_path;
 };
 
-/// Keeps the best time of each reader.
-class BestTimes : public benchmark::BenchmarkReporter
-{
-public:
-    explicit BestTimes(std::vector<Result>& results) : m_results(results) {}
-
-    bool ReportContext(const Context&) override { return true; }
-
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs)
-            if (run.run_type == Run::RT_Iteration)
-                Take(run);
-    }
-
-private:
-    void Take(const Run& run)
-    {
-        const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-        for (Result& result : m_results)
-            if (result.reader == run.run_name.function_name)
-                result.seconds = result.seconds > 0.0 ? std::min(result.seconds, seconds) : seconds;
-    }
-
-    std::vector<Result>& m_results;
-};
-
-void TimeReader(benchmark::State& state, const NamedReader& named, const std::string& path)
-{
-    const auto reader = named.make();
-    for ([[maybe_unused]] const auto& iteration : state) {
-        reader->Read(path);
-        state.PauseTiming();
-        reader->Forget();
-        state.ResumeTiming();
-    }
-}
-
 void WriteScene(const Scene& scene, const Arguments& arguments, const std::string& path)
 {
     const double megabytes = arguments.megabytes > 0.0 ? arguments.megabytes : scene.megabytes;
     scene.write(path, static_cast<std::size_t>(megabytes * 1e6));
 }
 
-SceneResults RunScene(const Scene& scene, const Arguments& arguments, const ScratchFolder& folder)
-{
-    const std::string path = folder.File(scene.name + ".obj");
-    WriteScene(scene, arguments, path);
-
-    SceneResults results;
-    results.bytes = static_cast<double>(std::filesystem::file_size(path));
-    for (const NamedReader& reader : Readers()) {
-        results.readers.push_back({.reader = std::string(reader.name)});
-        benchmark::RegisterBenchmark(
-            results.readers.back().reader.c_str(),
-            [reader, path](benchmark::State& state) { TimeReader(state, reader, path); })
-            ->Iterations(1)
-            ->Repetitions(arguments.repetitions);
-    }
-    BestTimes reporter(results.readers);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::ClearRegisteredBenchmarks();
-
-    for (Result& result : results.readers)
-        result.growth = MeasureGrowth(result.reader, path);
-    std::filesystem::remove(path);
-    return results;
-}
-
-/// The scenes that were asked for. Throws when there are none.
+/// Returns the scenes that were asked for. Throws when there are none.
 std::vector<Scene> WantedScenes(const Arguments& arguments)
 {
     std::vector<Scene> scenes = Scenes(arguments.modelFolder);
@@ -129,6 +68,29 @@ std::vector<Scene> WantedScenes(const Arguments& arguments)
     if (scenes.empty())
         throw std::runtime_error("no scene has \"" + arguments.filter + "\" in its name");
     return scenes;
+}
+
+std::vector<NamedReader> WantedReaders(const Arguments& arguments)
+{
+    std::vector<NamedReader> readers = Readers(arguments.threadCount);
+    if (arguments.ownOnly)
+        std::erase_if(readers,
+                      [](const NamedReader& reader) { return reader.kind == ReaderKind::Other; });
+    return readers;
+}
+
+SceneResults RunScene(const Scene& scene, const Arguments& arguments, const ScratchFolder& folder)
+{
+    const std::string path = folder.File(scene.name + ".obj");
+    WriteScene(scene, arguments, path);
+    const std::vector<NamedReader> readers = WantedReaders(arguments);
+    SceneResults results{scene, static_cast<double>(std::filesystem::file_size(path)),
+                         TimeReaders(readers, path, arguments.repetitions)};
+    for (std::size_t i = 0; i < readers.size(); ++i)
+        if (readers[i].kind != ReaderKind::Floor)
+            results.readers[i].growth = MeasureGrowth(readers[i].name, arguments.threadCount, path);
+    std::filesystem::remove(path);
+    return results;
 }
 
 void KeepScenes(const Arguments& arguments)
@@ -143,33 +105,16 @@ void KeepScenes(const Arguments& arguments)
 void RunAll(const Arguments& arguments)
 {
     const ScratchFolder folder;
-    Results results;
+    std::vector<SceneResults> results;
     for (const Scene& scene : WantedScenes(arguments)) {
-        const SceneResults sceneResults = RunScene(scene, arguments, folder);
-        PrintScene(scene, sceneResults);
-        results.emplace(scene.name, sceneResults);
+        results.push_back(RunScene(scene, arguments, folder));
+        PrintScene(results.back(), arguments.threadCount);
     }
-    PrintRatios(results);
+    PrintTable(results);
 }
 
-/// The readers of a scene take turns, so that a slow moment of the machine hits them all alike.
-void InitializeBenchmark(const char* program)
+void AddOptions(CLI::App& app, Arguments& arguments)
 {
-    std::string name = program;
-    std::string interleave = "--benchmark_enable_random_interleaving=true";
-    char* arguments[] = {name.data(), interleave.data(), nullptr};
-    int count = 2;
-    benchmark::Initialize(&count, arguments);
-}
-
-int Run(int argc, char** argv)
-{
-    if (argc == 4 && argv[1] == GrowthOption) {
-        PrintGrowth(argv[2], argv[3]);
-        return 0;
-    }
-    Arguments arguments;
-    CLI::App app("Times the reading of OBJ files that it writes itself.");
     app.add_option("--filter", arguments.filter, "Only the scenes with this in their names");
     app.add_option("--megabytes", arguments.megabytes, "Size of each scene's file")
         ->check(CLI::PositiveNumber);
@@ -178,15 +123,28 @@ int Run(int argc, char** argv)
         ->check(CLI::ExistingDirectory);
     app.add_option("--keep", arguments.keepFolder, "Only write the scenes' files, into this folder")
         ->check(CLI::ExistingDirectory);
-    app.add_option("--repetitions", arguments.repetitions, "The best of so many counts (7)")
+    app.add_option("--repetitions", arguments.repetitions, "The best of so many counts (5)")
         ->check(CLI::PositiveNumber);
-    CLI11_PARSE(app, argc, argv);
-    if (!arguments.keepFolder.empty()) {
-        KeepScenes(arguments);
+    app.add_option("--threads", arguments.threadCount,
+                   "Of the import on several threads (as many as the machine has cores)")
+        ->check(CLI::PositiveNumber);
+    app.add_flag("--own", arguments.ownOnly, "Leave the readers of other libraries out");
+}
+
+int Run(int argc, char** argv)
+{
+    if (argc == 5 && argv[1] == GrowthOption) {
+        PrintGrowth(argv[2], static_cast<unsigned>(std::stoul(argv[3])), argv[4]);
         return 0;
     }
-    InitializeBenchmark(argv[0]);
-    RunAll(arguments);
+    Arguments arguments;
+    CLI::App app("Times the reading of OBJ files that it writes itself.");
+    AddOptions(app, arguments);
+    CLI11_PARSE(app, argc, argv);
+    if (arguments.keepFolder.empty())
+        RunAll(arguments);
+    else
+        KeepScenes(arguments);
     return 0;
 }
 

@@ -1,7 +1,6 @@
 #include "bench/readers.h"
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
-#include "plugin/import_obj_plugin.h"
 #include "plugin/read_obj.h"
 
 #include <stdexcept>
@@ -15,8 +14,24 @@ std::wstring Wide(const std::string& path)
     return {path.begin(), path.end()};
 }
 
-/// The parse alone: nothing reaches the document.
-class ParseReader : public Reader
+/// Makes the reader use so many threads, where readers can be told.
+template <typename ObjReader>
+void UseThreads(ObjReader& reader, unsigned threadCount)
+{
+    if constexpr (requires { reader.SetThreadCount(threadCount); })
+        reader.SetThreadCount(threadCount);
+}
+
+template <typename ObjReader>
+constexpr bool TakesThreads()
+{
+    return requires(ObjReader & reader)
+    {
+        reader.SetThreadCount(1U);
+    };
+}
+
+class ParseOnly : public Reader
 {
 public:
     void Read(const std::string& path) override
@@ -24,6 +39,7 @@ public:
         m_path = Wide(path);
         m_doc.emplace(Tolerance);
         m_reader.emplace(m_path.c_str(), *m_doc, m_options);
+        UseThreads(*m_reader, 1);
         if (!m_reader->Parse())
             throw std::runtime_error("the parse failed: " + path);
     }
@@ -41,40 +57,49 @@ private:
     std::optional<CReadOBJ> m_reader;
 };
 
-/// All that an import does, from the plug-in's entry until the objects stand in the document and
-/// the reader is gone.
-class ImportReader : public Reader
+class WholeImport : public Reader
 {
 public:
-    ImportReader()
+    explicit WholeImport(unsigned threadCount) : m_threadCount(threadCount)
     {
         ConsoleApp::Instance().SetPrintStream(stderr);
-        m_options.SetMode(ReadModeAskOnCommandLine, true);
     }
 
     void Read(const std::string& path) override
     {
         m_doc.emplace(Tolerance);
-        if (!m_plugIn.ReadFile(Wide(path).c_str(), 0, *m_doc, m_options))
+        const std::wstring widePath = Wide(path);
+        CReadOBJ reader(widePath.c_str(), *m_doc, m_options);
+        UseThreads(reader, m_threadCount);
+        if (!reader.Parse() || !reader.Build())
             throw std::runtime_error("the import failed: " + path);
+        m_stages = reader.Times();
     }
 
     void Forget() override { m_doc.reset(); }
 
+    [[nodiscard]] StageTimes Stages() const override { return m_stages; }
+
 private:
-    CImportOBJPlugIn m_plugIn;
+    unsigned m_threadCount;
     CKelvoFileReadOptions m_options;
     std::optional<ConsoleDoc> m_doc;
+    StageTimes m_stages;
 };
 
 } // namespace
 
 std::unique_ptr<Reader> MakeParseReader()
 {
-    return std::make_unique<ParseReader>();
+    return std::make_unique<ParseOnly>();
 }
 
-std::unique_ptr<Reader> MakeImportReader()
+std::unique_ptr<Reader> MakeImportReader(unsigned threadCount)
 {
-    return std::make_unique<ImportReader>();
+    return std::make_unique<WholeImport>(threadCount);
+}
+
+bool ImportTakesThreads()
+{
+    return TakesThreads<CReadOBJ>();
 }

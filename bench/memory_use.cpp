@@ -1,7 +1,5 @@
 #include "bench/memory_use.h"
 
-#include "bench/readers.h"
-
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -22,12 +20,13 @@ double StatusBytes(std::string_view field)
 
 } // namespace
 
-void PrintGrowth(std::string_view readerName, const std::string& path)
+void PrintGrowth(std::string_view readerName, unsigned threadCount, const std::string& path)
 {
-    for (const NamedReader& candidate : Readers()) {
+    for (const NamedReader& candidate : Readers(threadCount)) {
         if (candidate.name != readerName)
             continue;
         const auto reader = candidate.make();
+        reader->Prepare(path);
         const double before = StatusBytes("VmRSS");
         reader->Read(path);
         std::cout << StatusBytes("VmHWM") - before << "\n";
@@ -36,10 +35,11 @@ void PrintGrowth(std::string_view readerName, const std::string& path)
     throw std::runtime_error("no such reader: " + std::string(readerName));
 }
 
-double MeasureGrowth(std::string_view reader, const std::string& path)
+double MeasureGrowth(std::string_view reader, unsigned threadCount, const std::string& path)
 {
     const std::string command = "/proc/$PPID/exe " + std::string(GrowthOption) + " " +
-                                std::string(reader) + " '" + path + "'";
+                                std::string(reader) + " " + std::to_string(threadCount) + " '" +
+                                path + "'";
     std::FILE* output = popen(command.c_str(), "r");
     double growth = -1.0;
     const bool read = output != nullptr && std::fscanf(output, "%lf", &growth) == 1;

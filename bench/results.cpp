@@ -1,91 +1,108 @@
 #include "bench/results.h"
 
-#include <array>
+#include "bench/comparisons.h"
+#include "bench/readers.h"
+
+#include <algorithm>
 #include <cstdio>
-#include <optional>
 
 namespace {
 
-/// How many times as fast `reader` is to be as `other`.
-struct SpeedAim
+void PrintReader(const Result& result, double bytes)
 {
-    const char* scene;
-    const char* reader;
-    const char* other;
-    double atLeast;
-};
-
-constexpr std::array<SpeedAim, 3> SpeedAims{{
-    {"quads", "parse", "tinyobjloader", 5.0},
-    {"quads", "import", "tinyobjloader", 2.0},
-    {"quads", "import", "assimp", 6.0},
-}};
-
-/// How many bytes of memory a byte of input may take.
-struct MemoryAim
-{
-    const char* scene;
-    double atMost;
-};
-
-constexpr std::array<MemoryAim, 2> MemoryAims{{{"quads", 2.5}, {"triangles", 4.5}}};
-
-std::optional<Result> Find(const Results& results, std::string_view scene, std::string_view reader)
-{
-    const auto inScene = results.find(scene);
-    if (inScene != results.end())
-        for (const Result& result : inScene->second.readers)
-            if (result.reader == reader)
-                return result;
-    return std::nullopt;
+    std::printf("  %-16s %9.4f %10.4f %8.1f", result.reader.c_str(), result.seconds,
+                result.processor, bytes / 1e6 / result.seconds);
+    if (result.growth > 0.0)
+        std::printf(" %22.2f", result.growth / bytes);
+    std::puts("");
 }
 
-void PrintVerdict(bool reached)
+/// One line: the stages that take a hundredth or more, and what belongs to none of them.
+void PrintStages(const Result& import)
 {
-    std::puts(reached ? "reached" : "MISSED");
-}
-
-void PrintSpeedAim(const SpeedAim& aim, const Results& results)
-{
-    const auto reader = Find(results, aim.scene, aim.reader);
-    const auto other = Find(results, aim.scene, aim.other);
-    if (!reader || !other)
+    const double sum = SumOfStages(import.stages);
+    if (sum == 0.0)
         return;
-    const double ratio = other->seconds / reader->seconds;
-    std::printf("  %-9s %6s is %5.2f times as fast as %-14s at least %.1f  ", aim.scene, aim.reader,
-                ratio, aim.other, aim.atLeast);
-    PrintVerdict(ratio >= aim.atLeast);
+    std::printf("  stages of %s:", import.reader.c_str());
+    // The stages of several threads may come to more than the clock on the wall.
+    const double whole = std::max(sum, import.seconds);
+    for (std::size_t i = 0; i < ImportStages.size(); ++i) {
+        const auto time = import.stages.Of(static_cast<ImportStage>(i));
+        const double share = std::chrono::duration<double>(time).count() / whole;
+        if (share >= 0.01)
+            std::printf(" %s %.0f%%,", ImportStages[i].name.data(), share * 100.0);
+    }
+    std::printf(" rest %.0f%%\n", (1.0 - sum / whole) * 100.0);
 }
 
-void PrintMemoryAim(const MemoryAim& aim, const Results& results)
+void PrintComparison(const Comparison& comparison)
 {
-    const auto result = Find(results, aim.scene, "import");
-    if (!result)
-        return;
-    const double share = result->growth / results.find(aim.scene)->second.bytes;
-    std::printf("  %-9s import takes %4.2f bytes for a byte of input  at most %.1f   ", aim.scene,
-                share, aim.atMost);
-    PrintVerdict(share <= aim.atMost);
+    std::printf("  %-28s %6.2f", comparison.what.c_str(), comparison.ratio);
+    if (comparison.aim != Comparison::Aim::None)
+        std::printf("  at %s %.2f  %s",
+                    comparison.aim == Comparison::Aim::AtMost ? "most" : "least", comparison.limit,
+                    comparison.IsMissed() ? "MISSED" : "reached");
+    std::puts("");
+}
+
+/// A figure of a table: none when the reader was not run.
+void PrintCell(const char* format, double value)
+{
+    std::printf(" | ");
+    if (value > 0.0)
+        std::printf(format, value);
+}
+
+void PrintRow(const SceneResults& results)
+{
+    const auto seconds = [&](const char* reader) {
+        const Result* const result = results.Find(reader);
+        return result != nullptr ? result->seconds : 0.0;
+    };
+    std::printf("| %s", results.scene.name.c_str());
+    PrintCell("%.0f", results.bytes / 1e6);
+    for (const char* const reader :
+         {BytesReader, NumbersReader, ParseReader, ImportReader, ThreadedImportReader})
+        PrintCell("%.3f", seconds(reader));
+    const Result* const import = results.Find(ImportReader);
+    const Result* const parse = results.Find(ParseReader);
+    PrintCell("%.2f", import->processor / parse->processor);
+    PrintCell("%.2f", import->growth / results.bytes);
+    const auto share = SequentialShare(results);
+    PrintCell("%.0f%%", share.value_or(0.0) * 100.0);
+    PrintCell("%.1f", share ? SpeedOnCores(*share, 16.0) : 0.0);
+    std::puts(" |");
 }
 
 } // namespace
 
-void PrintScene(const Scene& scene, const SceneResults& results)
+const Result* SceneResults::Find(std::string_view reader) const
 {
-    std::printf("%s: %s, %.1f MB\n", scene.name.c_str(), scene.what.c_str(), results.bytes / 1e6);
-    std::printf("  %-14s %9s %8s %24s\n", "", "seconds", "MB/s", "memory for each byte");
+    const auto found = std::ranges::find(readers, reader, &Result::reader);
+    return found != readers.end() ? &*found : nullptr;
+}
+
+void PrintScene(const SceneResults& results, unsigned threadCount)
+{
+    std::printf("%s: %s, %.1f MB\n", results.scene.name.c_str(), results.scene.what.c_str(),
+                results.bytes / 1e6);
+    std::printf("  %-16s %9s %10s %8s %22s\n", "", "seconds", "processor", "MB/s",
+                "memory for each byte");
     for (const Result& result : results.readers)
-        std::printf("  %-14s %9.4f %8.1f %24.2f\n", result.reader.c_str(), result.seconds,
-                    results.bytes / 1e6 / result.seconds, result.growth / results.bytes);
+        PrintReader(result, results.bytes);
+    for (const char* const reader : {ImportReader, ThreadedImportReader})
+        if (const Result* const result = results.Find(reader))
+            PrintStages(*result);
+    for (const Comparison& comparison : Compare(results, threadCount))
+        PrintComparison(comparison);
     std::puts("");
     std::fflush(stdout);
 }
 
-void PrintRatios(const Results& results)
+void PrintTable(const std::vector<SceneResults>& results)
 {
-    std::puts("Ratios of the best repetitions, processor time");
-    for (const SpeedAim& aim : SpeedAims)
-        PrintSpeedAim(aim, results);
-    for (const MemoryAim& aim : MemoryAims)
-        PrintMemoryAim(aim, results);
+    std::puts("| scene | MB | bytes | numbers | parse | import | on threads | import / parse | "
+              "memory / byte | sequential | 16 cores |");
+    std::puts("|---|---|---|---|---|---|---|---|---|---|---|");
+    std::ranges::for_each(results, PrintRow);
 }
