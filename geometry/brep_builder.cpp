@@ -72,8 +72,8 @@ void BrepBuilder::CompleteSurface(VX_Brep& brep, VX_NurbsSurface& surface,
     const int last = static_cast<int>(std::min({netSize, std::int64_t{indices.Count()}, most}));
     surface.ReserveCVCapacity(last * stride);
     for (int k = first; k < last; ++k) {
-        const GK_3dPoint& point = m_lists.vertices[indices[k]];
-        const double values[] = {point.x, point.y, point.z, m_lists.vertexWeights[indices[k]]};
+        const GK_3dPoint point = m_lists.Position(indices[k]);
+        const double values[] = {point.x, point.y, point.z, m_lists.VertexWeight(indices[k])};
         surface.SetCV(k % countU, k / countU,
                       surface.IsRational() ? GK::euclidean_rational : GK::not_rational, values);
     }

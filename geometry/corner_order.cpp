@@ -11,7 +11,12 @@ struct VertexRange
     std::int64_t count = 0;
 };
 
-VertexRange RangeOfVertices(std::span<const V_TN_IDX> corners)
+bool ComesBefore(const V_TN_IDX& a, const V_TN_IDX& b)
+{
+    return CompareCorners(a, b) < 0;
+}
+
+VertexRange RangeOfVertices(const std::vector<V_TN_IDX>& corners)
 {
     const auto [least, largest] =
         std::minmax_element(corners.begin(), corners.end(),
@@ -19,68 +24,45 @@ VertexRange RangeOfVertices(std::span<const V_TN_IDX> corners)
     return {least->vi, std::int64_t{largest->vi} - least->vi + 1};
 }
 
-/// Orders positions of corners, falling back on the positions themselves.
-struct ByCorner
-{
-    std::span<const V_TN_IDX> corners;
-
-    bool operator()(int a, int b) const
-    {
-        const int order = CompareCorners(corners[static_cast<std::size_t>(a)],
-                                         corners[static_cast<std::size_t>(b)]);
-        return order != 0 ? order < 0 : a < b;
-    }
-};
-
-GK_SimpleArray<int> SortByComparing(std::span<const V_TN_IDX> corners)
-{
-    GK_SimpleArray<int> order;
-    order.Reserve(static_cast<int>(corners.size()));
-    for (int i = 0; i < static_cast<int>(corners.size()); ++i)
-        order.Append(i);
-    std::sort(order.begin(), order.end(), ByCorner{corners});
-    return order;
-}
-
 /// Distributes the corners to their vertices, which leaves only the few corners of each vertex to
-/// be sorted. The faces of a record mostly use most of its vertices, so the table is well filled.
-GK_SimpleArray<int> SortByVertex(std::span<const V_TN_IDX> corners, const VertexRange& range)
+/// be sorted.
+std::vector<V_TN_IDX> SortByVertex(const std::vector<V_TN_IDX>& corners, const VertexRange& range)
 {
     const auto slot = [&range](const V_TN_IDX& corner) {
-        return static_cast<int>(corner.vi - range.first);
+        return static_cast<std::size_t>(corner.vi - range.first);
     };
-
-    GK_SimpleArray<int> ends;
-    ends.SetCount(static_cast<int>(range.count));
+    std::vector<std::size_t> ends(static_cast<std::size_t>(range.count));
     for (const V_TN_IDX& corner : corners)
         ++ends[slot(corner)];
-    int start = 0;
-    for (int& end : ends) {
+    std::size_t start = 0;
+    for (std::size_t& end : ends) {
         start += end;
         end = start - end;
     }
+    std::vector<V_TN_IDX> sorted(corners.size());
+    for (const V_TN_IDX& corner : corners)
+        sorted[ends[slot(corner)]++] = corner;
 
-    GK_SimpleArray<int> order;
-    order.SetCount(static_cast<int>(corners.size()));
-    for (int i = 0; i < order.Count(); ++i)
-        order[ends[slot(corners[static_cast<std::size_t>(i)])]++] = i;
-
-    int first = 0;
-    for (const int end : ends) {
-        if (!std::is_sorted(order.begin() + first, order.begin() + end, ByCorner{corners}))
-            std::sort(order.begin() + first, order.begin() + end, ByCorner{corners});
-        first = end;
+    auto first = sorted.begin();
+    for (const std::size_t end : ends) {
+        const auto last = sorted.begin() + static_cast<std::ptrdiff_t>(end);
+        std::sort(first, last, ComesBefore);
+        first = last;
     }
-    return order;
+    return sorted;
 }
 
 } // namespace
 
-GK_SimpleArray<int> SortCorners(std::span<const V_TN_IDX> corners)
+void SortDistinct(std::vector<V_TN_IDX>& corners)
 {
     if (corners.empty())
-        return {};
+        return;
     const VertexRange range = RangeOfVertices(corners);
-    const bool dense = range.count <= 2 * static_cast<std::int64_t>(corners.size());
-    return dense ? SortByVertex(corners, range) : SortByComparing(corners);
+    constexpr std::int64_t SlotsPerCorner = 2;
+    if (range.count <= SlotsPerCorner * static_cast<std::int64_t>(corners.size()))
+        corners = SortByVertex(corners, range);
+    else
+        std::sort(corners.begin(), corners.end(), ComesBefore);
+    corners.erase(std::unique(corners.begin(), corners.end()), corners.end());
 }

@@ -2,10 +2,7 @@
 
 #include "objreader/corner.h"
 
-#include "host/geokit/simple_array.h"
+#include <vector>
 
-#include <span>
-
-/// Returns the positions of the corners in the order of CompareCorners; equal corners in the order
-/// in which they stand. The corners must count less than 2^31.
-GK_SimpleArray<int> SortCorners(std::span<const V_TN_IDX> corners);
+/// Puts corners into the order of CompareCorners and leaves one of each.
+void SortDistinct(std::vector<V_TN_IDX>& corners);

@@ -1,6 +1,5 @@
 #include "geometry/document_objects.h"
 
-#include "geometry/finish_mesh.h"
 #include "geometry/freeform_curve.h"
 #include "geometry/out_of_memory.h"
 
@@ -9,8 +8,11 @@
 
 namespace {
 
-/// (x, y, z) becomes (x, -z, y).
-constexpr GK_Xform ObjYToZ{{{1, 0, 0, 0}, {0, 0, -1, 0}, {0, 1, 0, 0}, {0, 0, 0, 1}}};
+void PrintNotImported(const GK_MdxObjectAttributes& attributes)
+{
+    PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n",
+                     attributes.name.Array());
+}
 
 /// Carries out a step of making an object and returns its result. An object that cannot be made,
 /// out of memory, costs only itself and the geometry that it would have taken.
@@ -19,8 +21,7 @@ bool MakeOrSayWhy(Step step, const GK_MdxObjectAttributes& attributes)
 try {
     return step();
 } catch (const std::bad_alloc&) {
-    PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n",
-                     attributes.name.Array());
+    PrintNotImported(attributes);
     return false;
 }
 
@@ -48,9 +49,10 @@ void AddNaturalOuterLoop(GK_Brep& brep)
 
 } // namespace
 
-DocumentObjects::DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc)
-    : m_file(file), m_choices(choices), m_doc(doc), m_tolerance(doc.AbsoluteTolerance()),
-      m_objectAttributes(file, choices, doc), m_meshes(file.lists),
+DocumentObjects::DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc,
+                                 ThreadTeam* team, StageTimes& times)
+    : m_file(file), m_doc(doc), m_tolerance(doc.AbsoluteTolerance()),
+      m_objectAttributes(file, choices, doc), m_meshes(file, choices, team, times),
       m_breps(file.lists, file.trimCurves, m_tolerance)
 {
 }
@@ -77,33 +79,30 @@ void DocumentObjects::BuildRecord(Group_Object& record)
         m_attributes.materialIndex = material;
         m_attributes.SetMaterialSource(GK::material_from_object);
     }
-    AddMesh(*record.geometry);
+    AddMesh();
     AddCurves(*record.geometry);
     AddPoints(*record.geometry);
     AddBreps(*record.geometry);
 }
 
-void DocumentObjects::AddMesh(Geometry& geometry)
+void DocumentObjects::AddMesh()
 {
-    std::unique_ptr<GK_Mesh> mesh;
-    const auto build = [&] {
-        mesh = m_meshes.BuildMesh(geometry);
-        return true;
-    };
-    const bool built = MakeOrSayWhy(build, m_attributes);
-    // The mesh holds all that follows needs, so the room can serve its clean-up.
-    geometry.corners.Destroy();
-    geometry.faces.Destroy();
-    if (built && mesh == nullptr)
+    RecordMesh made = m_meshes.TakeNext();
+    made.inconsistencies.Report();
+    switch (made.outcome) {
+    case RecordMesh::Outcome::Nothing:
         return;
-    const auto add = [&] {
-        if (!FinishMesh(mesh.get(), m_choices.ImportAsMorphTarget))
-            return false;
-        if (m_choices.ZUp)
-            mesh->Transform(ObjYToZ);
-        return AddObjectOf(std::move(mesh), &CKelvoMeshObject::SetMesh, m_doc, m_attributes);
-    };
-    m_result = built && MakeOrSayWhy(add, m_attributes);
+    case RecordMesh::Outcome::Unfit:
+        m_result = false;
+        return;
+    case RecordMesh::Outcome::OutOfMemory:
+        PrintNotImported(m_attributes);
+        m_result = false;
+        return;
+    case RecordMesh::Outcome::Ready:
+        m_result =
+            AddObjectOf(std::move(made.mesh), &CKelvoMeshObject::SetMesh, m_doc, m_attributes);
+    }
 }
 
 void DocumentObjects::AddCurves(Geometry& geometry)
@@ -135,7 +134,7 @@ bool DocumentObjects::AddPointCloud(std::span<const int> indices)
         GK_PointCloud cloud;
         cloud.points.Reserve(static_cast<int>(indices.size()));
         for (const int index : indices)
-            cloud.AppendPoint(m_file.lists.vertices[index]);
+            cloud.AppendPoint(m_file.lists.Position(index));
         return AddObjectOf(cloud, &CKelvoPointCloudObject::SetPointCloud, m_doc, m_attributes);
     };
     return MakeOrSayWhy(add, m_attributes);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "geometry/brep_builder.h"
-#include "geometry/mesh_builder.h"
 #include "geometry/object_attributes.h"
+#include "geometry/record_meshes.h"
 
 #include <span>
 
@@ -10,8 +10,10 @@
 class DocumentObjects
 {
 public:
-    /// All three must outlive the object. The file's geometry is moved out of it as it is added.
-    DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc);
+    /// All must outlive the object. The file's geometry is moved out of it as it is added. The team
+    /// may be null.
+    DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc, ThreadTeam* team,
+                    StageTimes& times);
 
     /// Adds everything, record by record in the order of their names. Returns the outcome of the
     /// last object attempted: true when it was added, or when there was none.
@@ -19,7 +21,7 @@ public:
 
 private:
     void BuildRecord(Group_Object& record);
-    void AddMesh(Geometry& geometry);
+    void AddMesh();
     void AddCurves(Geometry& geometry);
     void AddPoints(const Geometry& geometry);
     void AddBreps(Geometry& geometry);
@@ -27,11 +29,10 @@ private:
     bool AddPointCloud(std::span<const int> indices);
 
     ObjFile& m_file;
-    const ImportChoices& m_choices;
     CKelvoDoc& m_doc;
     double m_tolerance;
     ObjectAttributes m_objectAttributes;
-    MeshBuilder m_meshes;
+    RecordMeshes m_meshes;
     BrepBuilder m_breps;
     GK_MdxObjectAttributes m_attributes; ///< of the current record's objects
     bool m_result = true;                ///< of the last object attempted

@@ -14,7 +14,7 @@ void DropUnlessComplete(GK_SimpleArray<T>& list, int vertexCount)
 
 } // namespace
 
-bool FinishMesh(GK_Mesh* mesh, bool isMorphTarget)
+bool FinishMesh(GK_Mesh* mesh, bool isMorphTarget, StageLaps& laps)
 {
     if (mesh == nullptr)
         return false;
@@ -22,13 +22,16 @@ bool FinishMesh(GK_Mesh* mesh, bool isMorphTarget)
     DropUnlessComplete(mesh->surfaceParameters, mesh->VertexCount());
     DropUnlessComplete(mesh->normals, mesh->VertexCount());
     mesh->Compact();
+    laps.Lap(ImportStage::CleanUp);
     if (mesh->FaceCount() == 0 || mesh->VertexCount() == 0)
         return false;
 
     RepairNormals(*mesh);
     if (!mesh->HasVertexNormals() || isMorphTarget)
         mesh->ComputeVertexNormals();
+    laps.Lap(ImportStage::Normals);
     if (mesh->IsClosed() && mesh->Volume(GK_origin, nullptr) < 0.0)
         mesh->Flip();
+    laps.Lap(ImportStage::Closedness);
     return true;
 }

@@ -1,36 +1,31 @@
 #pragma once
 
+#include "geometry/distinct_corners.h"
+#include "geometry/inconsistencies.h"
 #include "objreader/group_object.h"
+#include "objreader/stage_times.h"
 #include "objreader/vertex_lists.h"
 
 #include "host/geokit/mesh.h"
 
 #include <memory>
-#include <span>
 
-/// Makes meshes of the faces of records.
+/// Makes meshes of the faces of records. One thread at a time uses a builder.
 class MeshBuilder
 {
 public:
-    /// The lists must outlive the builder.
-    explicit MeshBuilder(const VertexLists& lists) : m_lists(lists) {}
+    /// The lists and the team, which may be null, must outlive the builder.
+    MeshBuilder(const VertexLists& lists, ThreadTeam* team) : m_lists(lists), m_team(team) {}
 
-    /// Returns the mesh of a record's faces, or null when there is nothing to make one of. The
-    /// corners get their mesh vertices.
-    std::unique_ptr<GK_Mesh> BuildMesh(Geometry& geometry);
+    /// Returns the mesh of a record's faces, or null when there is nothing to make one of. Takes
+    /// the faces out of the record. What does not fit together is added to `inconsistencies`.
+    std::unique_ptr<GK_Mesh> BuildMesh(Geometry& geometry, Inconsistencies& inconsistencies,
+                                       StageLaps& laps);
 
 private:
-    void MakeMeshVertices(GK_SimpleArray<V_TN_IDX>& corners, GK_Mesh& mesh);
-    void AppendVertexValues(GK_Mesh& mesh, const V_TN_IDX& corner) const;
-    bool MakeMeshFaces(const Geometry& geometry, GK_Mesh& mesh);
-    bool AddNgon(GK_Mesh& mesh, std::span<const int> corners);
-
     const VertexLists& m_lists;
-
-    // Scratch, kept to be used again.
-    GK_SimpleArray<int> meshFaceIndices;
-    GK_SimpleArray<double> m_polygonPoints;
-    GK_SimpleArray<int> m_polygonTriangles;
+    ThreadTeam* m_team;
+    DistinctCorners m_corners;
 };
 
 /// Returns an empty mesh with the parameter domains of an imported one.

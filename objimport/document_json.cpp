@@ -50,7 +50,8 @@ void WriteImport(JsonStream& json, const ImportRecord& import)
     });
     json.ListMember("kernel_errors", journal.kernelErrors,
                     [&](const ImportJournal::KernelError& error) {
-                        json.Object("source", error.source, "text", error.text);
+                        for (int i = 0; i < error.times; ++i)
+                            json.Object("source", error.source, "text", error.text);
                     });
     json.ListMember("refused", journal.refused, [&](const ImportJournal::Refusal& refusal) {
         json.BeginObject();

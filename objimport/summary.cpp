@@ -140,7 +140,8 @@ void WriteKernelErrors(TextOutput& output, std::span<const ImportRecord> imports
     OftenTexts texts;
     for (const ImportRecord& import : imports)
         for (const ImportJournal::KernelError& error : import.journal.kernelErrors)
-            texts.Add(error.source + ": " + error.text);
+            for (int i = 0; i < error.times; ++i)
+                texts.Add(error.source + ": " + error.text);
     if (texts.Count() == 0)
         return;
     WriteHeading(output, "inconsistencies: " + Number(texts.Count()));

@@ -5,16 +5,15 @@ struct VertexLists;
 /// One corner of a face. Indices are 0-based; -1 is none.
 struct V_TN_IDX
 {
-    int mesh_vi = -1; ///< vertex of the mesh that is made for the corner
-    int vi = -1;      ///< into the file's positions
-    int ti = -1;      ///< into the file's texture coordinates
-    int ni = -1;      ///< into the file's normals
+    int vi = -1; ///< into the file's positions
+    int ti = -1; ///< into the file's texture coordinates
+    int ni = -1; ///< into the file's normals
 
     friend bool operator==(const V_TN_IDX&, const V_TN_IDX&) = default;
 };
 
 /// The one order of corners: by position, then normal, then texture coordinate. Less than, equal to
-/// or greater than 0; the mesh vertex takes no part.
+/// or greater than 0.
 inline int CompareCorners(const V_TN_IDX& a, const V_TN_IDX& b)
 {
     const auto order = [](int x, int y) {
@@ -39,6 +38,6 @@ enum BadField : int
 
 /// Reads one corner, "v", "v/vt", "v/vt/vn" or "v//vn"; returns how many fields it has. An empty
 /// field's index is -1. After a bad field nothing more is read. A corner of more than three fields
-/// is not read at all. The mesh vertex of `corner` stays as it is.
+/// is not read at all.
 int ParseCorner(const char* token, const VertexLists& lists, V_TN_IDX& corner, BadField& bad_field,
                 int& bogusIndexCount);

@@ -1,7 +1,7 @@
 #include "objreader/corner.h"
 #include "objreader/numbers.h"
 #include "objreader/obj_reading.h"
-#include "objreader/plain_lines.h"
+#include "objreader/plain_statements.h"
 #include "objreader/statements.h"
 
 #include <cstdint>
@@ -51,25 +51,29 @@ bool ReadFace(ObjReading& reading)
     if (tokenCount < 4)
         return false;
 
-    geometry.faces.Append({geometry.corners.Count(), 0});
-    Face& face = *geometry.faces.Last();
+    FaceBlock& block = reading.file.faceBlocks.BlockToFill();
+    const FaceRun run{&block, block.values.Count(), block.faceEnds.Count(), 1, AllIndices};
+    bool whole = true;
     int fieldCount = 0;
     const char* const* token = reading.tokenizer.Tokens();
-    V_TN_IDX* corner = geometry.corners.AppendUnset(tokenCount - 1);
-    while (face.cornerCount < tokenCount - 1) {
-        if (!ReadCorner(reading, *++token, fieldCount, *corner++)) {
-            geometry.corners.SetCount(static_cast<int>(corner - geometry.corners.Array()));
-            return false;
-        }
-        ++face.cornerCount;
+    for (int i = 1; i < tokenCount && whole; ++i) {
+        V_TN_IDX corner;
+        whole = ReadCorner(reading, token[i], fieldCount, corner);
+        if (whole)
+            for (const int index : {corner.vi, corner.ti, corner.ni})
+                block.values.Append(index);
     }
-    return true;
+    geometry.hasEmptyCorner |= !whole;
+    block.faceEnds.Append(block.values.Count());
+    geometry.AddFaces(run);
+    return whole;
 }
 
 namespace {
 
-/// Takes an index of eight digits at most that names an element of a list. False for all others.
-[[gnu::always_inline]] inline bool TakePlainIndex(const char*& text, int listLength, int& index)
+/// Takes an index of eight digits at most. False for all else.
+[[gnu::always_inline]] inline bool TakePlainIndex(const char*& text, int listLength, int& index,
+                                                  int& need, IndexNeeds& needs)
 {
     const bool negative = *text == '-';
     text += static_cast<int>(negative);
@@ -80,55 +84,70 @@ namespace {
     text += digitBits / 8;
     const auto number = static_cast<int>(DigitsValue(digits, digitBits));
     index = negative ? listLength - number : number - 1;
-    return index >= 0 && index < listLength;
+    need = std::max(need, number - listLength);
+    needs.relative |= negative;
+    needs.absolute |= !negative;
+    return number != 0;
 }
 
-/// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and returns how many fields that is; 0
-/// for all others.
-[[gnu::always_inline]] inline int TakePlainCorner(const VertexLists& lists, const char*& text,
-                                                  V_TN_IDX& corner)
+/// Takes "v", "v/vt", "v/vt/vn" or "v//vn" of plain indices, and the form that this is. False for
+/// all else.
+[[gnu::always_inline]] inline bool TakePlainCorner(const VertexLists& lists, const char*& text,
+                                                   int* row, PlainFace& face)
 {
-    if (!TakePlainIndex(text, lists.vertices.Count(), corner.vi))
-        return 0;
+    IndexNeeds& needs = face.needs;
+    face.form = {};
+    if (!TakePlainIndex(text, lists.vertices.Count(), row[0], needs.vertices, needs))
+        return false;
     if (*text != '/')
-        return 1;
+        return true;
     ++text;
-    if (*text != '/' && !TakePlainIndex(text, lists.texCoords.Count(), corner.ti))
-        return 0;
-    if (*text != '/')
-        return 2;
-    ++text;
-    return TakePlainIndex(text, lists.normals.Count(), corner.ni) ? 3 : 0;
-}
-
-/// Takes plain corners, all of as many fields, up to the line end. False for all others.
-bool TakePlainCorners(const VertexLists& lists, const char*& text,
-                      GK_SimpleArray<V_TN_IDX>& corners)
-{
-    int fieldCount = 0;
-    while (SkipSpaces(text)) {
-        V_TN_IDX corner;
-        const int count = TakePlainCorner(lists, text, corner);
-        if (count == 0 || (count != fieldCount && fieldCount != 0) || !EndsNumber(*text))
+    if (*text != '/') {
+        face.form = {2, 1, 0};
+        if (!TakePlainIndex(text, lists.texCoords.Count(), row[1], needs.texCoords, needs))
             return false;
-        fieldCount = count;
-        corners.Append(corner);
+        if (*text != '/')
+            return true;
+    }
+    ++text;
+    const unsigned char at = face.form.stride;
+    face.form.normalAt = at;
+    face.form.stride = at + 1;
+    return TakePlainIndex(text, lists.normals.Count(), row[at], needs.normals, needs);
+}
+
+/// Takes plain corners, all of one form, up to the line end. False for all else.
+bool TakePlainCorners(const VertexLists& lists, const char*& text, GK_SimpleArray<int>& values,
+                      PlainFace& face)
+{
+    const int first = values.Count();
+    CornerForm form;
+    while (SkipSpaces(text)) {
+        int row[3];
+        if (!TakePlainCorner(lists, text, row, face) || !EndsNumber(*text))
+            return false;
+        if (values.Count() == first)
+            form = face.form;
+        else if (form != face.form)
+            return false;
+        int* const place = values.AppendUnset(form.stride);
+        for (int i = 0; i < form.stride; ++i)
+            place[i] = row[i];
     }
     return true;
 }
 
 } // namespace
 
-bool ReadPlainFace(CObjLineTokenizer& tokenizer, const char* text, const VertexLists& lists,
-                   Geometry& geometry)
+bool ReadPlainFace(PlainText& text, const char* corners, const VertexLists& lists, FaceBlock& block,
+                   PlainFace& face)
 {
-    const int firstCorner = geometry.corners.Count();
-    const bool plain = TakePlainCorners(lists, text, geometry.corners);
-    const int cornerCount = geometry.corners.Count() - firstCorner;
-    if (!plain || cornerCount < 3 || !tokenizer.SkipLine(text)) {
-        geometry.corners.SetCount(firstCorner);
+    const int first = block.values.Count();
+    const bool plain = TakePlainCorners(lists, corners, block.values, face);
+    const int cornerCount = (block.values.Count() - first) / face.form.stride;
+    if (!plain || cornerCount < 3 || !text.SkipLine(corners)) {
+        block.values.SetCount(first);
         return false;
     }
-    geometry.faces.Append({firstCorner, cornerCount});
     return true;
 }

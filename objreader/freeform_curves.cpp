@@ -43,7 +43,7 @@ bool ReadControlPoints(ObjReading& reading, CurveData& curve, int firstToken)
             !ResolveIndex(index, listLength, reading.file.BogusIndexCount))
             return false;
         if (inSpace)
-            AppendPoint(curve, lists.vertices[index], lists.vertexWeights[index]);
+            AppendPoint(curve, lists.Position(index), lists.VertexWeight(index));
         else
             AppendPoint(curve, lists.paramPoints[index], lists.paramWeights[index]);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "objreader/face_blocks.h"
 #include "objreader/group_objects.h"
 #include "objreader/name_table.h"
 #include "objreader/vertex_lists.h"
@@ -11,6 +12,7 @@ struct ObjFile
 {
     NameTable names;
     VertexLists lists;
+    FaceBlocks faceBlocks;
     GroupObjects groupObjects;
 
     /// The names of "g" statements, each in the order of its line. Records made under the same

@@ -1,5 +1,7 @@
 #include "objreader/obj_line_tokenizer.h"
 
+#include "objreader/text_bytes.h"
+
 #include "host/runtime/file.h"
 
 #include <algorithm>
@@ -13,12 +15,6 @@ constexpr bool IsPrintable(char byte)
     return byte > 0x20 && byte < 0x7F;
 }
 
-/// LF, CR or a zero byte.
-constexpr bool IsLineEnd(char byte)
-{
-    return byte == '\n' || byte == '\r' || byte == '\0';
-}
-
 } // namespace
 
 CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path) : CObjLineTokenizer(_wfopen(path, L"rb"))
@@ -26,14 +22,42 @@ CObjLineTokenizer::CObjLineTokenizer(const wchar_t* path) : CObjLineTokenizer(_w
 }
 
 CObjLineTokenizer::CObjLineTokenizer(std::FILE* stream, std::size_t blockSize)
-    : m_stream(stream), m_blockSize(blockSize)
+    : m_stream(stream), m_source(stream, blockSize)
 {
-    // Blocks go straight into the line buffer, so the stream needs none of its own.
+    // Blocks go straight into the segments, so the stream needs none of its own.
     if (m_stream)
         std::setvbuf(m_stream.get(), nullptr, _IONBF, 0);
 }
 
 CObjLineTokenizer::~CObjLineTokenizer() = default;
+
+bool CObjLineTokenizer::FetchLine()
+{
+    if (!m_stream || m_atEnd)
+        return false;
+    if (m_cursor == m_completeEnd) {
+        m_tokens.Empty();
+        Refill(m_cursor);
+    }
+    return true;
+}
+
+const PlainRun* CObjLineTokenizer::RunAtCursor()
+{
+    const std::vector<PlainRun>& runs = m_segment.runs;
+    while (m_nextRun < runs.size() && runs[m_nextRun].begin < Cursor())
+        ++m_nextRun;
+    return m_nextRun < runs.size() && runs[m_nextRun].begin == Cursor() ? &runs[m_nextRun]
+                                                                        : nullptr;
+}
+
+const char* CObjLineTokenizer::NextRunOrEnd() const
+{
+    const std::vector<PlainRun>& runs = m_segment.runs;
+    const std::size_t next =
+        m_nextRun + (m_nextRun < runs.size() && runs[m_nextRun].begin == Cursor() ? 1 : 0);
+    return next < runs.size() ? m_front + runs[next].begin : m_dataEnd;
+}
 
 bool CObjLineTokenizer::ReadLine()
 {
@@ -45,7 +69,7 @@ bool CObjLineTokenizer::ReadLine()
     CutState state;
     do {
         if (m_cursor == m_completeEnd)
-            Refill(m_tokens.IsEmpty() ? m_cursor : m_buffer.get() + (m_tokens[0] - m_buffer.get()));
+            Refill(m_tokens.IsEmpty() ? m_cursor : m_tokens[0]);
         EndPhysicalLine(CutPhysicalLine(state));
     } while (state.continued && !m_atEnd);
     return true;
@@ -92,78 +116,46 @@ void CObjLineTokenizer::EndPhysicalLine(char* end)
         return;
     }
     m_cursor = end + 1;
-    if (*end == '\r') {
-        m_skipLineFeed = m_cursor == m_dataEnd;
-        if (*m_cursor == '\n')
-            ++m_cursor;
-    }
+    if (*end == '\r' && *m_cursor == '\n')
+        ++m_cursor;
     *end = '\0';
 }
 
-/// Reads until at least one whole line stands after the cursor, keeping what stands from
-/// `keepFrom` on, which moves to the front of the buffer with all that points there.
-void CObjLineTokenizer::Refill(char* keepFrom)
+/// Goes on to the next segment, keeping what stands from `keepFrom` on, which moves in front of it
+/// with all tokens that point there.
+void CObjLineTokenizer::Refill(const char* keepFrom)
 {
-    const char* newBytes = nullptr;
-    do {
-        MoveToFront(keepFrom);
-        keepFrom = m_buffer.get();
-        newBytes = ReadBlock();
-    } while (!FindCompleteLines(newBytes));
+    if (keepFrom == m_dataEnd) {
+        m_source.Next(m_segment);
+        m_joined = TextBuffer();
+        m_front = m_segment.text.bytes.get();
+    } else {
+        m_front = JoinSegment(keepFrom);
+    }
+    m_cursor = m_front;
+    m_nextRun = 0;
+    m_dataEnd = m_front + m_segment.text.size;
+    // After the file stands a zero byte, which ends its last line.
+    m_completeEnd = m_dataEnd + (m_segment.isLast ? 1 : 0);
 }
 
-/// Brings the bytes to keep to the front of a buffer with room for one more block.
-void CObjLineTokenizer::MoveToFront(char* keepFrom)
+/// Puts the next segment after the text to keep; returns where the segment begins.
+char* CObjLineTokenizer::JoinSegment(const char* keepFrom)
 {
-    const std::ptrdiff_t kept = m_dataEnd - keepFrom;
-    const std::size_t needed = static_cast<std::size_t>(kept) + m_blockSize + Padding;
-    if (keepFrom == m_buffer.get() && needed <= m_capacity)
-        return;
-    std::unique_ptr<char[]> larger;
-    if (needed > m_capacity) {
-        const std::size_t capacity = std::max(needed, m_capacity * 2);
-        larger.reset(new char[capacity]);
-        m_capacity = capacity;
+    const auto kept = static_cast<std::size_t>(m_dataEnd - keepFrom);
+    Segment next;
+    m_source.Next(next);
+    const std::size_t size = kept + next.text.size;
+    if (keepFrom != m_joined.bytes.get() || !m_joined.HasRoomFor(size)) {
+        TextBuffer larger;
+        larger.Reserve(std::max(size, 2 * kept));
+        std::memcpy(larger.bytes.get(), keepFrom, kept);
+        for (const char*& token : m_tokens)
+            token = larger.bytes.get() + (token - keepFrom);
+        m_joined = std::move(larger);
     }
-    char* const front = larger ? larger.get() : m_buffer.get();
-    if (kept > 0)
-        std::memmove(front, keepFrom, static_cast<std::size_t>(kept));
-    for (const char*& token : m_tokens)
-        token = front + (token - keepFrom);
-    m_cursor = front + (m_cursor - keepFrom);
-    m_dataEnd = front + kept;
-    if (larger)
-        m_buffer = std::move(larger);
-}
-
-/// Reads one more block after the data; returns where the bytes of it begin that are to be cut.
-const char* CObjLineTokenizer::ReadBlock()
-{
-    const char* newBytes = m_dataEnd;
-    const std::size_t count = std::fread(m_dataEnd, 1, m_blockSize, m_stream.get());
-    m_streamEnded = count < m_blockSize;
-    m_readFailed = m_streamEnded && std::ferror(m_stream.get()) != 0;
-    if (m_skipLineFeed && count > 0) {
-        m_skipLineFeed = false;
-        if (*m_dataEnd == '\n')
-            newBytes = ++m_cursor;
-    }
-    m_dataEnd += count;
-    // After the data stands a zero byte, which ends the file's last line.
-    std::memset(m_dataEnd, 0, Padding);
-    return newBytes;
-}
-
-/// Notes how far whole lines reach, which only new bytes can change; false while not even one does.
-bool CObjLineTokenizer::FindCompleteLines(const char* newBytes)
-{
-    if (m_streamEnded) {
-        m_completeEnd = m_dataEnd + 1;
-        return true;
-    }
-    char* end = m_dataEnd;
-    while (end != newBytes && !IsLineEnd(end[-1]))
-        --end;
-    m_completeEnd = end == newBytes ? m_cursor : end;
-    return m_completeEnd != m_cursor;
+    char* const front = m_joined.bytes.get() + kept;
+    std::memcpy(front, next.text.bytes.get(), next.text.size + Padding);
+    m_segment = std::move(next);
+    return front;
 }

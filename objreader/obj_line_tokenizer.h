@@ -1,5 +1,7 @@
 #pragma once
 
+#include "objreader/segment_source.h"
+
 #include "host/geokit/simple_array.h"
 
 #include <cstddef>
@@ -23,7 +25,7 @@ public:
 
     /// Readable bytes after the end of every token and line, so that numbers may be read eight
     /// bytes at a time.
-    static constexpr std::size_t Padding = 64;
+    static constexpr std::size_t Padding = TextBuffer::Padding;
 
     /// Opens a file; one that cannot be opened leaves the tokenizer without a stream.
     explicit CObjLineTokenizer(const wchar_t* path);
@@ -39,28 +41,39 @@ public:
     /// file is still to be handled; after it nothing changes any more.
     bool ReadLine();
 
-    /// The text of the next physical line, as far as it has been read from the stream: after it
-    /// stands a line end, or a zero byte where it is not whole. For those who can do without
-    /// tokens. Null before anything was read.
-    [[nodiscard]] const char* NextLine() const { return m_cursor; }
+    /// Has the next physical line stand whole at the cursor. False when there is none.
+    bool FetchLine();
 
-    /// Steps over the next line, whose text ends at `end`. False, and nothing done, when no line
-    /// end stands there.
-    bool SkipLine(const char* end)
+    // For those who can do without tokens: whole lines in place, after FetchLine. Places are
+    // counted from the front of the segment that they stand in.
+
+    [[nodiscard]] const char* Front() const { return m_front; }
+    [[nodiscard]] std::size_t Cursor() const
     {
-        const bool isReturn = *end == '\r' && end + 1 != m_dataEnd;
-        if (*end != '\n' && !isReturn)
-            return false;
-        const bool isPair = isReturn && end[1] == '\n';
-        m_cursor += end - m_cursor + (isPair ? 2 : 1);
-        return true;
+        return static_cast<std::size_t>(m_cursor - m_front);
     }
+
+    /// The segment that the cursor is in.
+    [[nodiscard]] Segment& CurrentSegment() { return m_segment; }
+
+    /// Returns the plain lines at the cursor when they have been read ahead, or null.
+    [[nodiscard]] const PlainRun* RunAtCursor();
+
+    /// Returns where the next lines after the cursor that have been read ahead begin, or the end of
+    /// the data.
+    [[nodiscard]] const char* NextRunOrEnd() const;
+
+    /// Steps over lines.
+    void SkipTo(std::size_t place) { m_cursor = m_front + place; }
+
+    /// The stream's segments, which may be read ahead.
+    [[nodiscard]] SegmentSource& Source() { return m_source; }
 
     /// The end of the file was met.
     [[nodiscard]] bool AtEnd() const { return m_atEnd; }
 
     /// Reading broke off with an error of the stream, which counts as the end of the file.
-    [[nodiscard]] bool ReadFailed() const { return m_readFailed; }
+    [[nodiscard]] bool ReadFailed() const { return m_segment.readFailed; }
 
     [[nodiscard]] int TokenCount() const { return m_tokens.Count(); }
 
@@ -92,23 +105,20 @@ private:
     inline void CutByte(char* byte, CutState& state);
     void EndPhysicalLine(char* end);
 
-    void Refill(char* keepFrom);
-    void MoveToFront(char* keepFrom);
-    const char* ReadBlock();
-    [[nodiscard]] bool FindCompleteLines(const char* newBytes);
+    void Refill(const char* keepFrom);
+    char* JoinSegment(const char* keepFrom);
 
     std::unique_ptr<std::FILE, CloseFile> m_stream;
-    std::size_t m_blockSize;
+    SegmentSource m_source;
 
     GK_SimpleArray<const char*> m_tokens; ///< of the current line
 
-    std::unique_ptr<char[]> m_buffer;
-    std::size_t m_capacity = 0;
-    char* m_cursor = nullptr;      ///< what is to be cut next
-    char* m_dataEnd = nullptr;     ///< after the last byte read
-    char* m_completeEnd = nullptr; ///< after the last line end among the bytes read
-    bool m_skipLineFeed = false;   ///< the last byte read was a CR that ended a line
-    bool m_streamEnded = false;
-    bool m_readFailed = false;
+    Segment m_segment;         ///< whose lines are being cut
+    TextBuffer m_joined;       ///< a line that goes beyond a segment, with the segments it is in
+    char* m_front = nullptr;   ///< of the segment, wherever its text stands now
+    char* m_cursor = nullptr;  ///< what is to be cut next
+    char* m_dataEnd = nullptr; ///< after the last byte of the segment
+    char* m_completeEnd = nullptr; ///< after the last line, which a zero byte may end
+    std::size_t m_nextRun = 0;     ///< of the segment's runs, the first at the cursor or after it
     bool m_atEnd = false;
 };

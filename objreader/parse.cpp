@@ -1,6 +1,7 @@
 #include "objreader/keyword.h"
 #include "objreader/obj_reading.h"
 #include "objreader/plain_lines.h"
+#include "objreader/read_ahead.h"
 #include "objreader/statements.h"
 
 #include <array>
@@ -92,26 +93,110 @@ bool HandleStatement(ObjReading& reading)
     return statement->onFailure != OnFailure::EndParse;
 }
 
-/// Reads the next line when it is one of those that files consist of, and a plain one. False, and
-/// nothing done, for all others.
-bool ReadPlainStatement(ObjReading& reading)
+/// Has the other threads stop, also when an exception ends the reading.
+struct StopAtEnd
+{
+    ReadAhead& ahead;
+    ~StopAtEnd() { ahead.Stop(); }
+};
+
+/// Counts relative indices, which are counted from the beginning of a segment's lists, from the
+/// beginning of the file.
+void MakeAbsolute(const FaceRun& faces, const VertexLists& lists)
+{
+    int* const values = faces.block->values.Array();
+    for (int row = faces.firstValue; row < faces.EndValue(); row += faces.form.stride) {
+        values[row] += lists.vertices.Count();
+        if (faces.form.textureAt != 0)
+            values[row + faces.form.textureAt] += lists.texCoords.Count();
+        if (faces.form.normalAt != 0)
+            values[row + faces.form.normalAt] += lists.normals.Count();
+    }
+}
+
+/// Adds the faces of plain lines to the current record.
+void AddFaces(ObjReading& reading, FaceRun faces)
+{
+    if (faces.faceCount == 0)
+        return;
+    if (reading.choices.ImportAsMorphTarget)
+        faces.form.textureAt = faces.form.normalAt = 0;
+    reading.currentGroup->GeometryToFill().AddFaces(faces);
+}
+
+/// Takes the lines at the cursor from what was read ahead. False, and nothing done, when none were,
+/// or when one of their faces has an index of no element.
+bool TakeLinesReadAhead(ObjReading& reading)
 {
     CObjLineTokenizer& tokenizer = reading.tokenizer;
+    const PlainRun* const run = tokenizer.RunAtCursor();
     VertexLists& lists = reading.file.lists;
-    const char* const line = tokenizer.NextLine();
-    if (line == nullptr)
+    if (run == nullptr || !run->needs.AreMetBy(lists.vertices.Count(), lists.texCoords.Count(),
+                                               lists.normals.Count()))
         return false;
-    // The corners of a morph target lose fields, which plain ones do not.
-    if (line[0] == 'f' && line[1] == ' ')
-        return !reading.choices.ImportAsMorphTarget &&
-               ReadPlainFace(tokenizer, line + 2, lists, reading.currentGroup->GeometryToFill());
-    if (line[0] != 'v')
+    Segment& segment = tokenizer.CurrentSegment();
+    if (segment.faces)
+        reading.file.faceBlocks.Add(std::move(segment.faces));
+    if (run->needs.relative)
+        MakeAbsolute(run->faces, lists);
+    AppendLists(lists, segment.lists, segment.ListsBefore(*run), run->listEnds);
+    AddFaces(reading, run->faces);
+    tokenizer.SkipTo(run->end);
+    return true;
+}
+
+/// Reads the lines at the cursor that are plain ones, which nearly all lines of a file are. False,
+/// and nothing done, when the next one is not.
+bool ReadPlainStatements(ObjReading& reading)
+{
+    CObjLineTokenizer& tokenizer = reading.tokenizer;
+    if (!tokenizer.FetchLine())
         return false;
-    if (line[1] == ' ')
-        return ReadPlainVertex(tokenizer, line + 2, lists);
-    if (line[1] == 't' && line[2] == ' ')
-        return ReadPlainTexCoord(tokenizer, line + 3, lists);
-    return line[1] == 'n' && line[2] == ' ' && ReadPlainNormal(tokenizer, line + 3, lists);
+    if (TakeLinesReadAhead(reading))
+        return true;
+    const PlainTarget target{reading.file.lists, reading.file.faceBlocks.BlockToFill(), true};
+    const PlainRun run =
+        ReadPlainLines(tokenizer.Front(), tokenizer.Cursor(), tokenizer.NextRunOrEnd(), target);
+    AddFaces(reading, run.faces);
+    tokenizer.SkipTo(run.end);
+    return !run.IsEmpty();
+}
+
+/// Reads until the end of the file, until `mayGoOn` says no, or until a statement ends the parse,
+/// which is false.
+template <class MayGoOn>
+bool ParseLines(ObjReading& reading, const MayGoOn& mayGoOn)
+{
+    CObjLineTokenizer& tokenizer = reading.tokenizer;
+    bool result = true;
+    while (result && !tokenizer.AtEnd() && mayGoOn()) {
+        if (ReadPlainStatements(reading))
+            continue;
+        if (!tokenizer.ReadLine())
+            return false;
+        if (tokenizer.TokenCount() > 0)
+            result = HandleStatement(reading);
+    }
+    return result;
+}
+
+/// Reads the rest of the file with all threads of the team: plain lines are read ahead by all of
+/// them, everything else by this one.
+bool ParseWithTeam(ObjReading& reading, const ThreadUse& threads)
+{
+    SegmentSource& source = reading.tokenizer.Source();
+    constexpr std::size_t SegmentsPerThread = 2;
+    ReadAhead ahead(source.Reader(), threads.blockSize, SegmentsPerThread * threads.team.Count());
+    source.SetAhead(&ahead);
+    bool result = false;
+    threads.team.Run([&](unsigned thread) {
+        if (thread != 0)
+            return ahead.Work();
+        const StopAtEnd stop{ahead};
+        result = ParseLines(reading, [] { return true; });
+    });
+    source.SetAhead(nullptr);
+    return result;
 }
 
 } // namespace
@@ -126,15 +211,16 @@ ObjReading::ObjReading(CObjLineTokenizer& source, const ImportChoices& importCho
 
 bool ParseStatements(ObjReading& reading)
 {
-    CObjLineTokenizer& tokenizer = reading.tokenizer;
-    bool result = true;
-    while (result && !tokenizer.AtEnd()) {
-        if (ReadPlainStatement(reading))
-            continue;
-        if (!tokenizer.ReadLine())
-            return false;
-        if (tokenizer.TokenCount() > 0)
-            result = HandleStatement(reading);
-    }
-    return result && !tokenizer.ReadFailed();
+    return ParseLines(reading, [] { return true; }) && !reading.tokenizer.ReadFailed();
+}
+
+bool ParseStatements(ObjReading& reading, const ThreadUse& threads)
+{
+    if (threads.team.Count() < 2)
+        return ParseStatements(reading);
+    SegmentReader& reader = reading.tokenizer.Source().Reader();
+    const auto isSmall = [&] { return reader.BytesRead() < threads.startAfter; };
+    return ParseLines(reading, isSmall) &&
+           (reading.tokenizer.AtEnd() || ParseWithTeam(reading, threads)) &&
+           !reading.tokenizer.ReadFailed();
 }

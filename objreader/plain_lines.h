@@ -1,15 +1,50 @@
 #pragma once
 
-#include "objreader/group_object.h"
-#include "objreader/obj_line_tokenizer.h"
-#include "objreader/vertex_lists.h"
+#include "objreader/plain_statements.h"
 
-// Lines of numbers or corners with spaces between them, as nearly all are, are read in place,
-// without being cut into tokens. Each operation takes the text that follows the keyword. Any other
-// line, also a faulty one, it leaves as it is for the statement's handler, and returns false.
+#include <cstddef>
 
-bool ReadPlainVertex(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists);
-bool ReadPlainTexCoord(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists);
-bool ReadPlainNormal(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists);
-bool ReadPlainFace(CObjLineTokenizer& tokenizer, const char* text, const VertexLists& lists,
-                   Geometry& geometry);
+/// Where lists end.
+struct ListCounts
+{
+    int vertices = 0;
+    int vertexColors = 0;
+    int texCoords = 0;
+    int normals = 0;
+};
+
+/// Plain lines that follow each other, as they were read.
+struct PlainRun
+{
+    // The text of the lines, counted from the front of the text that they stand in.
+    std::size_t begin = 0;
+    std::size_t end = 0;
+
+    ListCounts listEnds; ///< after the run
+    FaceRun faces;       ///< none: the count is 0
+    IndexNeeds needs;    ///< of these faces
+
+    [[nodiscard]] bool IsEmpty() const { return begin == end; }
+};
+
+/// What plain lines are read into.
+struct PlainTarget
+{
+    VertexLists& lists;
+    FaceBlock& block;
+    bool listsAreWhole; ///< the lists hold all that stands in the file before the lines
+};
+
+/// Reads the lines at `front` + `begin` up to the first one that is not plain, or to the end of the
+/// text. With whole lists, faces with an index of no element are not plain. Otherwise the run says
+/// what its faces need, and their relative indices are counted from the beginning of the lists; a
+/// run has then either relative or absolute indices. All faces of a run have one form, so that text
+/// may be left of which another run can be made.
+PlainRun ReadPlainLines(const char* front, std::size_t begin, const char* end,
+                        const PlainTarget& target);
+
+ListCounts CountsOf(const VertexLists& lists);
+
+/// Appends what `from` holds from some counts on up to others.
+void AppendLists(VertexLists& to, const VertexLists& from, const ListCounts& first,
+                 const ListCounts& end);

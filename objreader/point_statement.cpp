@@ -39,6 +39,6 @@ bool ReadPoint(ObjReading& reading)
     int index = -1;
     if (!ReadVertexIndex(reading, reading.tokenizer.Token(1), index))
         return false;
-    geometry.points.Append(reading.file.lists.vertices[index]);
+    geometry.points.Append(reading.file.lists.Position(index));
     return true;
 }

@@ -1,6 +1,6 @@
 #include "objreader/numbers.h"
 #include "objreader/obj_reading.h"
-#include "objreader/plain_lines.h"
+#include "objreader/plain_statements.h"
 #include "objreader/statements.h"
 
 #include <algorithm>
@@ -35,11 +35,6 @@ template <std::size_t N>
             return 0;
     }
     return static_cast<int>(count);
-}
-
-double RoundToSingle(double value)
-{
-    return static_cast<double>(static_cast<float>(value));
 }
 
 /// Cuts off the fraction; what no integer can hold becomes the nearest one, and no number 0.
@@ -83,9 +78,8 @@ void AddVertex(VertexLists& lists, const VertexValues& values, int count)
         lists.hasVertexColors = true;
         lists.vertexColors.Append(MakeColor({values[3], values[4], values[5]}));
     }
-    lists.vertices.Append(
-        {RoundToSingle(values[0]), RoundToSingle(values[1]), RoundToSingle(values[2])});
-    lists.vertexWeights.Append(count == PositionAndWeight ? values[3] : 1.0);
+    lists.AddVertex(GK_3fPoint(GK_3dPoint{values[0], values[1], values[2]}),
+                    count == PositionAndWeight ? values[3] : 1.0);
 }
 
 } // namespace
@@ -102,11 +96,11 @@ bool ReadVertex(ObjReading& reading)
     return true;
 }
 
-bool ReadPlainVertex(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
+bool ReadPlainVertex(PlainText& text, const char* numbers, VertexLists& lists)
 {
     VertexValues values;
-    const int count = TakeReals(text, values);
-    if (count < 3 || !tokenizer.SkipLine(text))
+    const int count = TakeReals(numbers, values);
+    if (count < 3 || !text.SkipLine(numbers))
         return false;
     AddVertex(lists, values, count);
     return true;
@@ -135,10 +129,10 @@ bool ReadTexCoord(ObjReading& reading)
     return true;
 }
 
-bool ReadPlainTexCoord(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
+bool ReadPlainTexCoord(PlainText& text, const char* numbers, VertexLists& lists)
 {
     std::array<double, 3> values;
-    if (TakeReals(text, values) < 2 || !tokenizer.SkipLine(text))
+    if (TakeReals(numbers, values) < 2 || !text.SkipLine(numbers))
         return false;
     lists.texCoords.Append(MakeTexCoord(values[0], values[1]));
     return true;
@@ -153,10 +147,10 @@ bool ReadNormal(ObjReading& reading)
     return true;
 }
 
-bool ReadPlainNormal(CObjLineTokenizer& tokenizer, const char* text, VertexLists& lists)
+bool ReadPlainNormal(PlainText& text, const char* numbers, VertexLists& lists)
 {
     std::array<double, 3> values;
-    if (TakeReals(text, values) < 3 || !tokenizer.SkipLine(text))
+    if (TakeReals(numbers, values) < 3 || !text.SkipLine(numbers))
         return false;
     lists.normals.Append(MakeNormal(values));
     return true;

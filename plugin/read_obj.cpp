@@ -19,14 +19,16 @@ CReadOBJ::~CReadOBJ() = default;
 bool CReadOBJ::Parse()
 {
     const CWaitCursor waitCursor;
-    const bool result = ParseStatements(m_reading);
+    const bool result = ParseStatements(m_reading, m_threads);
     m_libraries.FinishTextures();
     return result;
 }
 
 bool CReadOBJ::Build()
 {
-    return DocumentObjects(m_file, choices, doc).Build();
+    const bool isSmall = m_tokenizer.Source().Reader().BytesRead() < m_threads.startAfter;
+    ThreadTeam* const team = isSmall || m_team.Count() < 2 ? nullptr : &m_team;
+    return DocumentObjects(m_file, choices, doc, team, m_times).Build();
 }
 
 void CReadOBJ::OnBogusFace()

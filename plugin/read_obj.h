@@ -47,6 +47,10 @@ public:
     /// To be called once.
     bool Build();
 
+    /// Reads and builds with so many threads, this one being one of them; 0, as at first: one for
+    /// each core. The result is the same. To be called before Parse.
+    void SetThreadCount(unsigned count) { m_team.SetCount(count); }
+
     /// Returns what the stages have taken so far.
     [[nodiscard]] const StageTimes& Times() const { return m_times; }
 
@@ -64,4 +68,6 @@ private:
     MaterialLibraries m_libraries;
     FaceMessages m_faceMessages;
     StageTimes m_times;
+    ThreadTeam m_team{0};
+    ThreadUse m_threads{m_team};
 };

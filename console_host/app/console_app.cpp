@@ -91,10 +91,15 @@ void KelvoNoteFileRead(std::FILE* stream)
         ConsoleApp::Instance().FilesRead().insert(*identity);
 }
 
-void GK_Error(const char* source, int, const char* text) noexcept
+void GK_Error(const char* source, int, const char* text, int times) noexcept
 try {
-    CurrentJournal().kernelErrors.push_back(
-        {source != nullptr ? source : "", text != nullptr ? text : ""});
+    std::vector<ImportJournal::KernelError>& errors = CurrentJournal().kernelErrors;
+    ImportJournal::KernelError error{source != nullptr ? source : "", text != nullptr ? text : "",
+                                     times};
+    if (!errors.empty() && errors.back().source == error.source && errors.back().text == error.text)
+        errors.back().times += times;
+    else
+        errors.push_back(std::move(error));
 } catch (const std::exception&) {
     // A report for which there is no memory is lost; the import goes on.
     return;

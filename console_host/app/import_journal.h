@@ -19,6 +19,7 @@ struct ImportJournal
     {
         std::string source;
         std::string text;
+        int times = 1; ///< in a row
     };
 
     struct Refusal

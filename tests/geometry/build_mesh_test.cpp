@@ -26,14 +26,14 @@ std::string Lists(int count)
 /// not one for each vertex.
 std::string ShownVertices(const GK_Mesh& mesh)
 {
-    GK_SimpleArray<V_TN_IDX> corners;
+    std::vector<V_TN_IDX> corners;
     for (int i = 0; i < mesh.VertexCount(); ++i) {
         V_TN_IDX corner{.vi = static_cast<int>(mesh.vertices[i].x)};
         if (mesh.textureCoordinates.Count() == mesh.VertexCount())
             corner.ti = static_cast<int>(mesh.textureCoordinates[i].x);
         if (mesh.normals.Count() == mesh.VertexCount())
             corner.ni = static_cast<int>(mesh.normals[i].z);
-        corners.Append(corner);
+        corners.push_back(corner);
     }
     return Shown(corners);
 }
@@ -52,7 +52,12 @@ protected:
     /// Builds the mesh of the only record.
     const GK_Mesh& MeshOf(const ReadText& text)
     {
-        m_mesh = MeshBuilder(text.file.lists).BuildMesh(text.CurrentGeometry());
+        StageTimes times;
+        StageLaps laps(times);
+        Inconsistencies inconsistencies;
+        m_mesh = MeshBuilder(text.file.lists, nullptr)
+                     .BuildMesh(text.CurrentGeometry(), inconsistencies, laps);
+        inconsistencies.Report();
         EXPECT_TRUE(m_mesh->DoublePrecisionVerticesAreValid());
         EXPECT_EQ(m_mesh->DoublePrecisionVertices().Count(), m_mesh->VertexCount());
         for (const int direction : {0, 1}) {
@@ -66,7 +71,8 @@ protected:
     {
         std::vector<std::string> errors;
         for (const ImportJournal::KernelError& error : Journal().kernelErrors)
-            errors.push_back(error.source + ": " + error.text);
+            errors.insert(errors.end(), static_cast<std::size_t>(error.times),
+                          error.source + ": " + error.text);
         return errors;
     }
 
@@ -79,15 +85,14 @@ const std::string BogusVertex = "mesh: Bogus vertex index.\n";
 TEST_F(BuildMesh, ListsThatDoNotFitAreTold)
 {
     const ReadText text(Lists(3) + "f 1/1/1 2/2/2 3/3/3");
-    GK_SimpleArray<V_TN_IDX>& corners = text.CurrentGeometry().corners;
-    corners[0].ni = 3;
-    corners[1].ti = 3;
-    corners[2].vi = 3;
+    GK_SimpleArray<int>& values = text.CurrentGeometry().faces[0].block->values;
+    for (int corner = 0; corner < 3; ++corner)
+        values[3 * corner + (2 - corner)] = 3;
     const GK_Mesh& mesh = MeshOf(text);
     EXPECT_EQ(KernelErrors(),
               (std::vector<std::string>{"mesh: Bogus normal index.\n",
                                         "mesh: Bogus texture index.\n", BogusVertex}));
-    EXPECT_EQ(mesh.normals.Count(), 1);
+    EXPECT_THAT(ListOf(mesh.normals), IsEmpty());
     EXPECT_THAT(ListOf(mesh.textureCoordinates), IsEmpty());
 }
 
@@ -115,10 +120,10 @@ TEST_F(BuildMesh, RandomFacesAreThoseOfASimpleReference)
             text += '\n';
         }
 
-        GK_SimpleArray<V_TN_IDX> expected;
+        std::vector<V_TN_IDX> expected;
         for (auto& [corner, vertex] : vertices) {
-            vertex = expected.Count();
-            expected.Append({.vi = corner[0], .ti = corner[2], .ni = corner[1]});
+            vertex = static_cast<int>(expected.size());
+            expected.push_back({.vi = corner[0], .ti = corner[2], .ni = corner[1]});
         }
         const GK_Mesh& mesh = MeshOf(ReadText(text));
         EXPECT_EQ(ShownVertices(mesh), Shown(expected));

@@ -25,7 +25,8 @@ protected:
         ConsoleApp::Instance().TakeJournal();
         doc = std::make_unique<ConsoleDoc>(tolerance);
         doc->FailAddObject(failingAdd);
-        return DocumentObjects(text.file, text.choices, *doc).Build();
+        StageTimes times;
+        return DocumentObjects(text.file, text.choices, *doc, nullptr, times).Build();
     }
 
     /// The same of a text.

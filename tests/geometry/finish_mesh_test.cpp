@@ -9,6 +9,13 @@
 
 namespace {
 
+bool Finish(GK_Mesh* mesh, bool isMorphTarget)
+{
+    StageTimes times;
+    StageLaps laps(times);
+    return FinishMesh(mesh, isMorphTarget, laps);
+}
+
 using testing::IsEmpty;
 
 constexpr GK_3fVector Up{0, 0, 1};
@@ -109,7 +116,7 @@ TEST_F(FinishedMesh, DropsListsThatAreNotCompleteAndWhatIsOfNoUse)
     mesh.normals.SetCount(4);
     mesh.colors.SetCount(4);
     mesh.faces.Append({{1, 2, 2, 2}});
-    EXPECT_TRUE(FinishMesh(&mesh, false));
+    EXPECT_TRUE(Finish(&mesh, false));
     EXPECT_EQ(mesh.VertexCount(), 4);
     EXPECT_EQ(mesh.FaceCount(), 4);
     EXPECT_THAT(ListOf(mesh.textureCoordinates), IsEmpty());
@@ -124,16 +131,16 @@ TEST_F(FinishedMesh, AMorphTargetHasComputedNormals)
     for (int i = 0; i < 5; ++i)
         mesh.normals.Append({1, 0, 0});
     mesh.faces = {{{0, 1, 2, 2}}};
-    EXPECT_TRUE(FinishMesh(&mesh, true));
+    EXPECT_TRUE(Finish(&mesh, true));
     EXPECT_THAT(ListOf(mesh.normals), testing::Each(Up));
 }
 
 TEST_F(FinishedMesh, RefusesWhatHasNoFaces)
 {
-    EXPECT_FALSE(FinishMesh(nullptr, false));
+    EXPECT_FALSE(Finish(nullptr, false));
     mesh.faces = {{{1, 1, 1, 1}}, {{0, 1, 7, 7}}};
-    EXPECT_FALSE(FinishMesh(&mesh, false));
-    EXPECT_FALSE(FinishMesh(std::make_unique<GK_Mesh>().get(), false));
+    EXPECT_FALSE(Finish(&mesh, false));
+    EXPECT_FALSE(Finish(std::make_unique<GK_Mesh>().get(), false));
 }
 
 } // namespace

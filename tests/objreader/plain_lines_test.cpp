@@ -19,7 +19,7 @@ std::string Report(std::string_view text)
     std::ostringstream report;
     report.precision(17);
     report << read.parsed << ' ' << read.file.BogusIndexCount << '\n';
-    for (const GK_3dPoint& point : lists.vertices)
+    for (const GK_3fPoint& point : lists.vertices)
         report << "v " << point.x << ' ' << point.y << ' ' << point.z << '\n';
     for (const double weight : lists.vertexWeights)
         report << "weight " << weight << '\n';
@@ -30,9 +30,9 @@ std::string Report(std::string_view text)
     for (const GK_3fVector& normal : lists.normals)
         report << "vn " << normal.x << ' ' << normal.y << ' ' << normal.z << '\n';
     if (const auto& geometry = read.reading.currentGroup->geometry) {
-        report << "corners " << Shown(geometry->corners);
-        for (const Face& face : geometry->faces)
-            report << "\nf " << face.firstCorner << ' ' << face.cornerCount;
+        report << "corners " << Shown(CornersOf(*geometry)) << geometry->hasEmptyCorner;
+        for (const int count : CornerCountsOf(*geometry))
+            report << "\nf " << count;
     }
     for (const std::string& line : read.events.lines)
         report << line;

@@ -88,8 +88,28 @@ auto ListOf(const Array& array)
     return std::vector(array.begin(), array.end());
 }
 
+/// The corners of all faces.
+inline std::vector<V_TN_IDX> CornersOf(const Geometry& geometry)
+{
+    std::vector<V_TN_IDX> corners;
+    for (const FaceRun& run : geometry.faces)
+        for (int row = run.firstValue; row < run.EndValue(); row += run.form.stride)
+            corners.push_back(run.CornerAt(&run.block->values[row]));
+    return corners;
+}
+
+/// How many corners each face has.
+inline std::vector<int> CornerCountsOf(const Geometry& geometry)
+{
+    std::vector<int> counts;
+    for (const FaceRun& run : geometry.faces)
+        for (int face = 0; face < run.faceCount; ++face)
+            counts.push_back(static_cast<int>(run.FaceValues(face).size()) / run.form.stride);
+    return counts;
+}
+
 /// The corners as "v/vt/vn" with 0-based indices, -1 left out.
-inline std::string Shown(const GK_SimpleArray<V_TN_IDX>& corners)
+inline std::string Shown(const std::vector<V_TN_IDX>& corners)
 {
     const auto index = [](int i) { return i == -1 ? std::string() : std::to_string(i); };
     std::string shown;

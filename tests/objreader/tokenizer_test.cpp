@@ -45,14 +45,17 @@ protected:
         CObjLineTokenizer tokenizer(Open("rb"), blockSize);
         Lines lines;
         while (!tokenizer.AtEnd()) {
-            const std::string_view line =
-                tokenizer.NextLine() == nullptr ? "" : tokenizer.NextLine();
-            const std::string_view text = line.substr(0, line.find_first_of("\r\n"));
+            EXPECT_TRUE(tokenizer.FetchLine());
+            const char* const line = tokenizer.Front() + tokenizer.Cursor();
+            const std::string_view text(line, std::strcspn(line, "\r\n"));
             lines.push_back(ReferenceTokenizer::Cut(text).front());
-            if (!tokenizer.SkipLine(text.data() + text.size())) {
-                EXPECT_TRUE(tokenizer.ReadLine());
-                lines.back() = TokensOf(tokenizer);
+            PlainText rest{line, tokenizer.NextRunOrEnd()};
+            if (rest.SkipLine(line + text.size())) {
+                tokenizer.SkipTo(static_cast<std::size_t>(rest.next - tokenizer.Front()));
+                continue;
             }
+            EXPECT_TRUE(tokenizer.ReadLine());
+            lines.back() = TokensOf(tokenizer);
         }
         return lines;
     }

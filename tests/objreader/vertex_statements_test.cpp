@@ -38,12 +38,20 @@ TEST(VertexStatements, PositionsWithWeightsAndColours)
         const ReadText text(line);
         EXPECT_TRUE(text.parsed);
         const VertexLists& lists = text.file.lists;
-        EXPECT_THAT(ListOf(lists.vertices), ElementsAre(position));
-        EXPECT_THAT(ListOf(lists.vertexWeights), ElementsAre(weight));
+        ASSERT_EQ(lists.vertices.Count(), 1);
+        EXPECT_EQ(lists.Position(0), position);
+        EXPECT_EQ(lists.VertexWeight(0), weight);
         EXPECT_EQ(lists.hasVertexColors, color.has_value());
         ASSERT_EQ(lists.vertexColors.Count(), color ? 1 : 0);
         EXPECT_EQ(color.value_or(GK_Color()), color ? lists.vertexColors[0] : GK_Color());
     }
+}
+
+TEST(VertexStatements, WeightsAreKeptFromTheFirstThatIsNotOne)
+{
+    const ReadText text("v 0 0 0\nv 0 0 0 1\nv 0 0 0 0.5\nv 0 0 0\n");
+    EXPECT_THAT(ListOf(text.file.lists.vertexWeights), ElementsAre(1, 1, 0.5, 1));
+    EXPECT_FALSE(ReadText("v 0 0 0\nv 0 0 0 1\n").file.lists.hasVertexWeights);
 }
 
 TEST(VertexStatements, ParameterPointsTextureCoordinatesAndNormals)

@@ -23,8 +23,8 @@ public:
     [[nodiscard]] static std::vector<std::string> Texts()
     {
         std::vector<std::string> texts;
-        for (const auto& [source, text] : CurrentJournal().kernelErrors)
-            texts.push_back(source + ": " + text);
+        for (const auto& [source, text, times] : CurrentJournal().kernelErrors)
+            texts.insert(texts.end(), static_cast<std::size_t>(times), source + ": " + text);
         return texts;
     }
 };
