@@ -111,6 +111,7 @@ void RunAll(const Arguments& arguments)
         PrintScene(results.back(), arguments.threadCount);
     }
     PrintTable(results);
+    std::printf("\naims MISSED: %d\n", CountMissed(results, arguments.threadCount));
 }
 
 void AddOptions(CLI::App& app, Arguments& arguments)

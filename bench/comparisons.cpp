@@ -73,6 +73,12 @@ void CompareOthers(const SceneResults& results, std::vector<Comparison>& compari
 
 } // namespace
 
+const Result* SceneResults::Find(std::string_view reader) const
+{
+    const auto found = std::ranges::find(readers, reader, &Result::reader);
+    return found != readers.end() ? &*found : nullptr;
+}
+
 double SumOfStages(const StageTimes& stages)
 {
     double seconds = 0.0;

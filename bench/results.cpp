@@ -76,12 +76,6 @@ void PrintRow(const SceneResults& results)
 
 } // namespace
 
-const Result* SceneResults::Find(std::string_view reader) const
-{
-    const auto found = std::ranges::find(readers, reader, &Result::reader);
-    return found != readers.end() ? &*found : nullptr;
-}
-
 void PrintScene(const SceneResults& results, unsigned threadCount)
 {
     std::printf("%s: %s, %.1f MB\n", results.scene.name.c_str(), results.scene.what.c_str(),
@@ -97,6 +91,14 @@ void PrintScene(const SceneResults& results, unsigned threadCount)
         PrintComparison(comparison);
     std::puts("");
     std::fflush(stdout);
+}
+
+int CountMissed(const std::vector<SceneResults>& results, unsigned threadCount)
+{
+    std::ptrdiff_t missed = 0;
+    for (const SceneResults& scene : results)
+        missed += std::ranges::count_if(Compare(scene, threadCount), &Comparison::IsMissed);
+    return static_cast<int>(missed);
 }
 
 void PrintTable(const std::vector<SceneResults>& results)

@@ -32,3 +32,6 @@ void PrintScene(const SceneResults& results, unsigned threadCount);
 
 /// Prints one line for each scene, as a table in Markdown.
 void PrintTable(const std::vector<SceneResults>& results);
+
+/// Returns how many aims were missed in all.
+[[nodiscard]] int CountMissed(const std::vector<SceneResults>& results, unsigned threadCount);
