@@ -1,6 +1,7 @@
 #include "plugin/import_obj_plugin.h"
 
 #include "geometry/out_of_memory.h"
+#include "plugin/build_moment.h"
 #include "plugin/read_obj.h"
 
 #include "host/app/app.h"
@@ -61,8 +62,7 @@ const wchar_t* CImportOBJPlugIn::LocalPlugInName() const
 
 const wchar_t* CImportOBJPlugIn::PlugInVersion() const
 {
-    static constexpr const wchar_t* Version = L"" __DATE__ L" " __TIME__;
-    return Version;
+    return BuildMoment;
 }
 
 int CImportOBJPlugIn::OnLoad()
