@@ -63,13 +63,16 @@ void TextOutput::Write(double number)
     // "-0" would be read as an integer, which has no sign for zero.
     if (number == 0.0 && std::signbit(number))
         return Write("-0.0");
-    MakeRoom(LongestNumber);
-    char* first = m_buffer.data() + m_used;
-    m_used +=
-        static_cast<std::size_t>(std::to_chars(first, first + LongestNumber, number).ptr - first);
+    WriteNumber(number);
 }
 
 void TextOutput::Write(int number)
+{
+    WriteNumber(number);
+}
+
+template <class Number>
+void TextOutput::WriteNumber(Number number)
 {
     MakeRoom(LongestNumber);
     char* first = m_buffer.data() + m_used;

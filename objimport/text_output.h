@@ -27,6 +27,8 @@ public:
 private:
     void MakeRoom(std::size_t size);
     void Flush();
+    template <class Number>
+    void WriteNumber(Number number);
 
     std::FILE* m_stream;
     std::string m_buffer;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
@@ -21,7 +20,6 @@ enum class Argument
     Real,
     Character,
     String,
-    Pointer,
     Unknown
 };
 
@@ -63,9 +61,7 @@ Argument Directive::Takes() const
         return Argument::Real;
     if (IsAmong(conversion, L"cC") && isTextLength)
         return Argument::Character;
-    if (IsAmong(conversion, L"sS") && isTextLength)
-        return Argument::String;
-    return conversion == L'p' && length.empty() ? Argument::Pointer : Argument::Unknown;
+    return IsAmong(conversion, L"sS") && isTextLength ? Argument::String : Argument::Unknown;
 }
 
 /// Takes a number or a '*' off the front.
@@ -225,14 +221,6 @@ std::wstring FormatCharacter(const Directive& directive, Arguments& arguments)
                   directive);
 }
 
-std::wstring FormatPointer(Directive directive, Arguments& arguments)
-{
-    const auto address = reinterpret_cast<std::uintptr_t>(va_arg(arguments.list, const void*));
-    directive.conversion = L'X';
-    directive.precision = static_cast<int>(sizeof(void*)) * 2;
-    return FormatNumber(directive, "ll", static_cast<unsigned long long>(address));
-}
-
 /// Takes the width and the precision that stand in the arguments.
 void TakeFields(Directive& directive, Arguments& arguments)
 {
@@ -259,8 +247,6 @@ std::wstring FormatOne(Directive directive, Arguments& arguments)
         return FormatCharacter(directive, arguments);
     case Argument::String:
         return FormatString(directive, arguments);
-    case Argument::Pointer:
-        return FormatPointer(std::move(directive), arguments);
     default:
         return L"%";
     }

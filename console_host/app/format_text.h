@@ -6,8 +6,8 @@
 #include <vector>
 
 /// Formats as the wide printf of the product's platform does, on every platform: "%s" and "%c" take
-/// wide text, "%S" and "%C" 8-bit text (UTF-8), integers, floating-point numbers and pointers are
-/// as usual. A null string gives "(null)". From a placeholder that means nothing, the rest of the
+/// wide text, "%S" and "%C" 8-bit text (UTF-8), integers and floating-point numbers are as
+/// usual. A null string gives "(null)". From a placeholder that means nothing, the rest of the
 /// format is given as it stands, since no one knows which arguments it would take. Widths and
 /// precisions above 10,000 count as 10,000.
 std::wstring FormatText(const wchar_t* format, std::va_list arguments);

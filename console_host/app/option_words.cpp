@@ -31,20 +31,22 @@ bool BeginsWith(std::wstring_view text, std::wstring_view beginning)
     return text.size() >= beginning.size() && SameWord(text.substr(0, beginning.size()), beginning);
 }
 
-using Fits = bool (*)(const CKelvoCommandOptionText& choice, std::wstring_view word);
-
 /// The ways in which a word can name a choice, the strongest first.
-constexpr Fits WaysToFit[] = {
-    [](const CKelvoCommandOptionText& choice, std::wstring_view word) {
-        return SameWord(choice.local.View(), word);
-    },
-    [](const CKelvoCommandOptionText& choice, std::wstring_view word) {
-        return SameWord(choice.english.View(), word);
-    },
-    [](const CKelvoCommandOptionText& choice, std::wstring_view word) {
-        return BeginsWith(choice.local.View(), word) || BeginsWith(choice.english.View(), word);
-    },
+enum class Way
+{
+    LocalName,
+    EnglishName,
+    Beginning
 };
+
+bool Fits(const CKelvoCommandOptionText& choice, std::wstring_view word, Way way)
+{
+    const std::wstring_view local = choice.local.View();
+    const std::wstring_view english = choice.english.View();
+    if (way == Way::Beginning)
+        return BeginsWith(local, word) || BeginsWith(english, word);
+    return SameWord(way == Way::LocalName ? local : english, word);
+}
 
 } // namespace
 
@@ -72,9 +74,9 @@ WordMatch MatchWord(std::wstring_view word, const std::vector<CKelvoCommandOptio
     WordMatch match;
     if (word.empty())
         return match;
-    for (const Fits fits : WaysToFit) {
+    for (const Way way : {Way::LocalName, Way::EnglishName, Way::Beginning}) {
         for (std::size_t i = 0; i < choices.size(); ++i) {
-            if (!fits(choices[i], word))
+            if (!Fits(choices[i], word, way))
                 continue;
             match.index = static_cast<int>(i);
             match.couldBe.emplace_back(choices[i].local.View());

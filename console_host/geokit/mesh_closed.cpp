@@ -78,26 +78,10 @@ void ForEachEdge(const GK_MeshFace& face, const GK_SimpleArray<int>& topological
         UseEdge(d, a, use);
 }
 
-void Sort(std::span<int> values)
-{
-    constexpr std::size_t Many = 24;
-    if (values.size() > Many) {
-        std::sort(values.begin(), values.end());
-        return;
-    }
-    for (std::size_t i = 1; i < values.size(); ++i) {
-        const int value = values[i];
-        std::size_t place = i;
-        for (; place > 0 && values[place - 1] > value; --place)
-            values[place] = values[place - 1];
-        values[place] = value;
-    }
-}
-
 /// Every one of the values, an even number of them, stands twice and not more often. Sorts them.
 bool AllInPairs(std::span<int> values)
 {
-    Sort(values);
+    std::sort(values.begin(), values.end());
     for (std::size_t i = 0; i < values.size(); i += 2) {
         const bool more = i + 2 < values.size() && values[i + 1] == values[i + 2];
         if (values[i] != values[i + 1] || more)

@@ -37,49 +37,39 @@ GK_3dPoint Joint(const HermitePiece& piece, const HermitePiece& next)
 }
 
 // Gathers control points and knots.
-class CurveWriter
+struct CurveWriter
 {
-public:
-    CurveWriter(int degree, std::size_t pieces) : m_degree(degree)
-    {
-        constexpr int Dimension = 3;
-        m_points.Reserve(Dimension * (degree * static_cast<int>(pieces) + 1));
-        m_knots.Reserve(degree * (static_cast<int>(pieces) + 1));
-    }
+    GK_SimpleArray<double> points;
+    GK_SimpleArray<double> knots;
 
     void Add(const GK_3dPoint& point)
     {
-        for (const double value : {point.x, point.y, point.z})
-            m_points.Append(value);
+        const double values[] = {point.x, point.y, point.z};
+        points.Append(3, values);
     }
 
     void AddKnot(double knot, int times)
     {
         for (int i = 0; i < times; ++i)
-            m_knots.Append(knot);
+            knots.Append(knot);
     }
 
-    std::unique_ptr<GK_NurbsCurve> Finish()
+    std::unique_ptr<GK_NurbsCurve> Finish(int degree)
     {
         auto curve = std::make_unique<GK_NurbsCurve>();
-        curve->Create(3, false, m_degree + 1, 0);
-        m_points.Shrink();
-        m_knots.Shrink();
-        curve->controlPointCount = m_points.Count() / 3;
-        curve->controlPoints = std::move(m_points);
-        curve->knots = std::move(m_knots);
+        curve->Create(3, false, degree + 1, 0);
+        points.Shrink();
+        knots.Shrink();
+        curve->controlPointCount = points.Count() / 3;
+        curve->controlPoints = std::move(points);
+        curve->knots = std::move(knots);
         return curve;
     }
-
-private:
-    int m_degree;
-    GK_SimpleArray<double> m_points;
-    GK_SimpleArray<double> m_knots;
 };
 
 std::unique_ptr<GK_NurbsCurve> Polyline(const std::vector<HermitePiece>& pieces)
 {
-    CurveWriter writer(1, pieces.size());
+    CurveWriter writer;
     writer.Add(pieces.front().points[0]);
     writer.AddKnot(pieces.front().t0, 1);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
@@ -87,13 +77,13 @@ std::unique_ptr<GK_NurbsCurve> Polyline(const std::vector<HermitePiece>& pieces)
         writer.Add(last ? pieces[i].points[3] : Joint(pieces[i], pieces[i + 1]));
         writer.AddKnot(pieces[i].t1, 1);
     }
-    return writer.Finish();
+    return writer.Finish(1);
 }
 
 std::unique_ptr<GK_NurbsCurve> Cubic(const std::vector<HermitePiece>& pieces)
 {
     constexpr int Degree = 3;
-    CurveWriter writer(Degree, pieces.size());
+    CurveWriter writer;
     writer.AddKnot(pieces.front().t0, Degree);
     writer.Add(pieces.front().points[0]);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
@@ -115,7 +105,7 @@ std::unique_ptr<GK_NurbsCurve> Cubic(const std::vector<HermitePiece>& pieces)
     }
     writer.AddKnot(pieces.back().t1, Degree);
     writer.Add(pieces.back().points[3]);
-    return writer.Finish();
+    return writer.Finish(Degree);
 }
 
 } // namespace
