@@ -1,6 +1,5 @@
 #pragma once
 
-#include "objimport/json_text.h"
 #include "objimport/text_output.h"
 
 #include <concepts>
@@ -8,6 +7,10 @@
 #include <ranges>
 #include <string>
 #include <string_view>
+
+/// Writes a text in UTF-8 as a JSON string. Bytes that are no UTF-8 become U+FFFD, one for each
+/// beginning of a character that is not finished.
+void WriteJsonText(TextOutput& output, std::string_view text);
 
 /// Writes one JSON value piece by piece, so that a large document is never held as text or as a
 /// tree. The caller keeps the pieces in order; commas come by themselves.

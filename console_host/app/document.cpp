@@ -1,8 +1,14 @@
 #include "console_host/app/document.h"
 
 #include "console_host/app/import_journal.h"
-#include "console_host/app/soundness.h"
+#include "console_host/geokit/mesh_positions.h"
+#include "console_host/geokit/point_box.h"
 
+#include "host/geokit/nurbs_curve.h"
+#include "host/geokit/nurbs_surface.h"
+
+#include <algorithm>
+#include <cmath>
 #include <new>
 
 namespace {
@@ -32,6 +38,116 @@ bool Refuse(const char* type, const std::string& reason, int number)
     }
     return false;
 }
+
+template <class Point>
+bool IsFiniteTriple(const Point& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+template <class Point>
+bool AreFinite(const GK_SimpleArray<Point>& points)
+{
+    return std::all_of(points.begin(), points.end(), IsFiniteTriple<Point>);
+}
+
+std::string WhyUnsound(const GK_Mesh& mesh)
+{
+    if (mesh.FaceCount() == 0)
+        return "the mesh has no faces";
+    // Where there are valid double-precision vertices, they are the positions; the others are their
+    // roundings, which for a large one may be infinite.
+    const bool finite = mesh.DoublePrecisionVerticesAreValid()
+                            ? AreFinite(mesh.DoublePrecisionVertices())
+                            : AreFinite(mesh.vertices);
+    return finite ? "" : "the mesh has a vertex that is not finite";
+}
+
+std::string WhyUnsound(const GK_Curve& curve)
+{
+    std::string reason;
+    return curve.IsValid(&reason) ? "" : reason;
+}
+
+std::string WhyUnsound(const GK_3dPoint& point)
+{
+    return IsFiniteTriple(point) ? "" : "the point is not finite";
+}
+
+std::string WhyUnsound(const GK_PointCloud& cloud)
+{
+    if (cloud.points.IsEmpty())
+        return "the point cloud has no points";
+    return AreFinite(cloud.points) ? "" : "the point cloud has a point that is not finite";
+}
+
+std::string WhyUnsound(const GK_Brep& brep)
+{
+    if (brep.FaceCount() == 0)
+        return "the brep has no face";
+    std::string reason;
+    for (int i = 0; i < brep.SurfaceCount(); ++i)
+        if (!brep.Surface(i)->IsValid(&reason))
+            return reason;
+    return {};
+}
+
+/// Why geometry cannot stand in a document ("the curve has no knots"); empty when it can.
+std::string WhyUnsound(const AnyGeometry& geometry)
+{
+    return std::visit(
+        [](const auto* any) { return any != nullptr ? WhyUnsound(*any) : "there is no geometry"; },
+        geometry);
+}
+
+/// Puts (0, 0, 1) and (0, 0) in place of normals and texture coordinates that are not finite, which
+/// do not cost a mesh its place.
+void ReplaceUnsoundDirections(GK_Mesh& mesh)
+{
+    for (GK_3fVector& normal : mesh.normals)
+        if (!IsFiniteTriple(normal))
+            normal = {0.0F, 0.0F, 1.0F};
+    for (GK_2fPoint& coordinates : mesh.textureCoordinates)
+        if (!std::isfinite(coordinates.x) || !std::isfinite(coordinates.y))
+            coordinates = {};
+}
+
+/// Grows a box to hold geometry; curves and surfaces lie within their control points.
+struct BoxVisitor
+{
+    PointBox box;
+
+    void operator()(const GK_Mesh* mesh)
+    {
+        WithPositions(*mesh, [&](const auto& position) {
+            for (int i = 0; i < mesh->VertexCount(); ++i)
+                box.Add(position(i));
+        });
+    }
+
+    void operator()(const GK_Curve* curve)
+    {
+        if (const GK_NurbsCurve* nurbs = GK_NurbsCurve::Cast(curve))
+            for (int i = 0; i < nurbs->controlPointCount; ++i)
+                box.Add(nurbs->ControlPoint(i));
+    }
+
+    void operator()(const GK_3dPoint* point) { box.Add(*point); }
+
+    void operator()(const GK_PointCloud* cloud)
+    {
+        std::for_each(cloud->points.begin(), cloud->points.end(), [&](auto& p) { box.Add(p); });
+    }
+
+    void operator()(const GK_Brep* brep)
+    {
+        for (int i = 0; i < brep->SurfaceCount(); ++i)
+            if (const auto* surface = GK_NurbsSurface::Cast(brep->Surface(i)))
+                for (int u = 0; u < surface->ControlPointCount(0); ++u)
+                    for (int v = 0; v < surface->ControlPointCount(1); ++v)
+                        box.Add(surface->ControlPoint(u, v));
+    }
+};
 
 } // namespace
 
@@ -115,4 +231,21 @@ DocumentObject ConsoleDoc::Object(int index) const
     if (entry.object == nullptr)
         return {entry.pointAttributes, &entry.point};
     return {&entry.object->Attributes(), GeometryOf(*entry.object)};
+}
+
+GK_BoundingBox KvZoomExtentsBoundingBox(CKelvoDoc& doc)
+{
+    BoxVisitor visitor;
+    const auto& consoleDoc = dynamic_cast<const ConsoleDoc&>(doc);
+    for (int i = 0; i < consoleDoc.ObjectCount(); ++i)
+        std::visit(visitor, consoleDoc.Object(i).geometry);
+    const PointBox& box = visitor.box;
+    return box.IsEmpty() ? GK_BoundingBox() : GK_BoundingBox{box.low, box.high};
+}
+
+void KvZoomExtentsHelper(const GK_BoundingBox& box, CKelvoDoc&, const CKelvoViewList& views)
+{
+    for (CKelvoView* view : views)
+        view->shown = box;
+    CurrentJournal().zoomed = true;
 }

@@ -4,6 +4,7 @@
 #include "console_host/runtime/large_pages.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
@@ -11,6 +12,12 @@
 #include <new>
 
 namespace {
+
+std::atomic<long>& Failures() noexcept
+{
+    static std::atomic<long> failures = 0;
+    return failures;
+}
 
 /// How many allocations are left until one is to fail, with that one; 0: none is.
 long& AllocationsToFailure() noexcept
@@ -80,6 +87,16 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
 }
 
 } // namespace
+
+void NoteAllocationFailure() noexcept
+{
+    ++Failures();
+}
+
+long AllocationFailures() noexcept
+{
+    return Failures();
+}
 
 void FailAllocation(long nth) noexcept
 {

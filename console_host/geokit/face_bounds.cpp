@@ -1,14 +1,16 @@
 #include "console_host/geokit/face_bounds.h"
 
-#include "console_host/geokit/curve_use.h"
 #include "console_host/geokit/face_holes.h"
 #include "console_host/geokit/loop_shape.h"
+#include "console_host/geokit/nurbs_evaluation.h"
 #include "console_host/geokit/seam_strip.h"
 #include "console_host/geokit/stray_seams.h"
 #include "console_host/geokit/text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <unordered_map>
 
 namespace {
 
@@ -18,6 +20,43 @@ bool StaysOnPole(const std::vector<LoopPiece>& pieces, const ParameterPlane& pla
         return plane.CommonPole(piece.Start(), piece.End()).has_value();
     });
 }
+
+/// Counts how often the loops of a face run along each curve. What lies in a plane has two sides,
+/// so a curve bounds a face at most twice; a file can name one a thousand times in a few bytes.
+class CurveUse
+{
+public:
+    /// Adds the pieces of a loop. False, and nothing added, when with them a curve would be run
+    /// along more than twice.
+    bool Add(const std::vector<LoopPiece>& pieces)
+    {
+        bool good = true;
+        std::size_t added = 0;
+        for (; good && added < pieces.size(); ++added) {
+            std::int64_t& spans = Spans(pieces[added]);
+            spans += SpansOf(pieces[added]);
+            good = spans <= 2 * std::int64_t{pieces[added].curve->controlPointCount};
+        }
+        for (std::size_t i = 0; !good && i < added; ++i)
+            Spans(pieces[i]) -= SpansOf(pieces[i]);
+        return good;
+    }
+
+private:
+    std::int64_t& Spans(const LoopPiece& piece)
+    {
+        return m_spans[piece.curve->controlPoints.Identity()];
+    }
+
+    // Within a piece; the ones that its ends share with what follows are no use of their own.
+    static std::int64_t SpansOf(const LoopPiece& piece)
+    {
+        return FindSpan(*piece.curve, piece.part[1]) - FindSpan(*piece.curve, piece.part[0]);
+    }
+
+    // By the storage that the copies of a curve share: the polynomial spans run through.
+    std::unordered_map<const void*, std::int64_t> m_spans;
+};
 
 class Bounder
 {

@@ -1,6 +1,6 @@
 #include "console_host/app/printable.h"
 #include "objimport/document_json.h"
-#include "objimport/json_text.h"
+#include "objimport/json_stream.h"
 #include "tests/objimport/sample_document.h"
 #include "tests/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "objimport/json_text.h"
+#include "objimport/json_stream.h"
 
 #include "console_host/app/printable.h"
 #include "console_host/runtime/utf8.h"
