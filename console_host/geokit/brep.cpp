@@ -1,6 +1,6 @@
 #include "host/geokit/brep.h"
 
-#include "console_host/geokit/iso_curve.h"
+#include "console_host/geokit/compact_curves.h"
 
 #include <algorithm>
 #include <vector>
@@ -113,7 +113,8 @@ GK_BrepEdge& GK_Brep::NewEdge(const GK_BrepVertex& start, const GK_BrepVertex& e
     // A pushed-up curve covers what its sub-domain has in common with the 2D curve's domain.
     const GK_Interval whole = edge.Domain();
     if (subdomain != nullptr && subdomain->Min() < whole[1] && subdomain->Max() > whole[0])
-        edge.SetDomain(std::max(subdomain->Min(), whole[0]), std::min(subdomain->Max(), whole[1]));
+        edge.SetDomain(
+            {std::max(subdomain->Min(), whole[0]), std::min(subdomain->Max(), whole[1])});
     return edge;
 }
 

@@ -1,7 +1,7 @@
 #include "console_host/geokit/brep_assembly.h"
 
+#include "console_host/geokit/compact_curves.h"
 #include "console_host/geokit/knots.h"
-#include "console_host/geokit/line_curve.h"
 
 #include <algorithm>
 #include <map>

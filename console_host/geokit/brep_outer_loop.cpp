@@ -1,4 +1,4 @@
-#include "console_host/geokit/line_curve.h"
+#include "console_host/geokit/compact_curves.h"
 #include "console_host/geokit/parameter_plane.h"
 
 #include "host/geokit/brep.h"

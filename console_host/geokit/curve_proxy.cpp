@@ -17,11 +17,6 @@ bool GK_Curve::IsClosed() const
     return start.DistanceTo(end) <= Rounding * size;
 }
 
-GK_CurveProxy::GK_CurveProxy(const GK_Curve* curve)
-{
-    SetProxyCurve(curve);
-}
-
 void GK_CurveProxy::SetProxyCurve(const GK_Curve* curve)
 {
     m_curve = curve;
@@ -43,20 +38,9 @@ void GK_CurveProxy::SetDomain(const GK_Interval& domain)
     m_domain = m_curve == nullptr ? domain : CutToDomain(domain, m_curve->Domain());
 }
 
-bool GK_CurveProxy::SetDomain(double t0, double t1)
-{
-    SetDomain(GK_Interval(t0, t1));
-    return true;
-}
-
 GK_CurvePoint GK_CurveProxy::Evaluate(double t) const
 {
     return m_curve == nullptr ? GK_CurvePoint() : m_curve->Evaluate(t);
-}
-
-void GK_CurveProxy::Reverse()
-{
-    m_domain = GK_Interval(m_domain[1], m_domain[0]);
 }
 
 bool GK_CurveProxy::IsValid(std::string* reason) const

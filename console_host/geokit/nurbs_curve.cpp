@@ -82,22 +82,12 @@ double GK_NurbsCurve::Weight(int index) const
                     : 1.0;
 }
 
-std::int64_t GK_NurbsCurve::KnotCount() const
-{
-    return std::int64_t{order} + controlPointCount - 2;
-}
-
 bool GK_NurbsCurve::SetKnot(int index, double value)
 {
     if (index < 0 || index >= knots.Count())
         return false;
     knots[index] = value;
     return true;
-}
-
-int GK_NurbsCurve::Degree() const
-{
-    return order - 1;
 }
 
 GK_Interval GK_NurbsCurve::Domain() const

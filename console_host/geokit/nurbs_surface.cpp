@@ -47,11 +47,6 @@ void GK_NurbsSurface::SetControlPointCount(int direction, int count)
     m_count[Index(direction)] = count;
 }
 
-int GK_NurbsSurface::ControlPointCapacity() const
-{
-    return m_controlPoints.Count() / ControlPointStride();
-}
-
 void GK_NurbsSurface::ReserveCVCapacity(int count)
 {
     const int before = m_controlPoints.Count();
@@ -94,20 +89,10 @@ double GK_NurbsSurface::Weight(int i, int j) const
     return m_rational ? ControlPointValues(i, j)[3] : 1.0;
 }
 
-std::int64_t GK_NurbsSurface::KnotCount(int direction) const
-{
-    return std::int64_t{Order(direction)} + ControlPointCount(direction) - 2;
-}
-
 void GK_NurbsSurface::SetKnots(int direction, GK_SimpleArray<double> knots)
 {
     KnotsChange(direction);
     m_knots[Index(direction)] = std::move(knots);
-}
-
-int GK_NurbsSurface::Degree(int direction) const
-{
-    return Order(direction) - 1;
 }
 
 GK_Interval GK_NurbsSurface::Domain(int direction) const

@@ -77,7 +77,6 @@ public:
     /// The surface must be valid and outlive the plane.
     ParameterPlane(const GK_NurbsSurface& surface, double tolerance);
 
-    [[nodiscard]] const GK_NurbsSurface& Surface() const { return m_surface; }
     [[nodiscard]] double Tolerance() const { return m_tolerance; }
 
     /// The surface's size in space.

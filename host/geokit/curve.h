@@ -45,16 +45,9 @@ public:
     /// run downwards. [0, 0] while the curve has no knots.
     [[nodiscard]] virtual GK_Interval Domain() const = 0;
 
-    /// Sets another domain, leaves the curve's shape and returns true. Returns false, with nothing
-    /// changed, when the curve cannot take it; a curve without knots never can.
-    virtual bool SetDomain(double t0, double t1) = 0;
-
     /// Returns the point and derivative at a parameter; outside the domain the first or last span
     /// goes on. The curve must be valid.
     [[nodiscard]] virtual GK_CurvePoint Evaluate(double t) const = 0;
-
-    /// Turns the curve's direction round; the domain keeps its lowest and highest value.
-    virtual void Reverse() = 0;
 
     /// Returns false when the curve is not sound; `reason`, unless null, then says why as a clause
     /// ("the curve has no knots").

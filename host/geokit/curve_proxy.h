@@ -7,9 +7,6 @@
 class GK_CurveProxy : public GK_Curve
 {
 public:
-    GK_CurveProxy() = default;
-    explicit GK_CurveProxy(const GK_Curve* curve);
-
     /// Returns the curve that this one is a part of, which must live as long as it is used; may be
     /// null.
     [[nodiscard]] const GK_Curve* ProxyCurve() const { return m_curve; }
@@ -26,13 +23,7 @@ public:
     [[nodiscard]] int Degree() const override;
     [[nodiscard]] GK_Interval Domain() const override { return m_domain; }
 
-    /// As SetDomain of the interval; always returns true.
-    bool SetDomain(double t0, double t1) override;
-
     [[nodiscard]] GK_CurvePoint Evaluate(double t) const override;
-
-    /// Exchanges the ends of the domain; the other curve stays as it is.
-    void Reverse() override;
 
     /// Returns true when the other curve is valid and the domain is not empty and within that
     /// curve's own.

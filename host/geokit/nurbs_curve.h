@@ -39,23 +39,21 @@ public:
     [[nodiscard]] GK_3dPoint ControlPoint(int index) const;
     [[nodiscard]] double Weight(int index) const;
 
-    /// Returns the number of knots that a complete curve has: order + count - 2, which may be
-    /// negative.
-    [[nodiscard]] std::int64_t KnotCount() const;
-
     /// Sets a knot. Returns false when the knot array is too short.
     bool SetKnot(int index, double value);
 
     [[nodiscard]] int Dimension() const override { return dimension; }
-    [[nodiscard]] int Degree() const override;
+    [[nodiscard]] int Degree() const override { return order - 1; }
     [[nodiscard]] GK_Interval Domain() const override;
 
-    /// Maps the knots linearly so that the domain becomes [t0, t1]. Returns false when there is no
-    /// domain or t0 is not below t1.
-    bool SetDomain(double t0, double t1) override;
+    /// Maps the knots linearly so that the domain becomes [t0, t1], and returns true. Returns
+    /// false, with nothing changed, when there is no domain or t0 is not below t1.
+    virtual bool SetDomain(double t0, double t1);
 
     [[nodiscard]] GK_CurvePoint Evaluate(double t) const override;
-    void Reverse() override;
+
+    /// Turns the curve's direction round; the domain keeps its lowest and highest value.
+    void Reverse();
 
     /// Returns false for: a dimension other than 2 and 3, an order below 2 or above GK_MOST_ORDER,
     /// fewer control points than the order, a wrong number of knots, a control point that was never

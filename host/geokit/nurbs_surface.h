@@ -33,7 +33,10 @@ public:
     void SetControlPointCount(int direction, int count);
 
     /// Returns the number of control points that there is room for.
-    [[nodiscard]] int ControlPointCapacity() const;
+    [[nodiscard]] int ControlPointCapacity() const
+    {
+        return m_controlPoints.Count() / ControlPointStride();
+    }
 
     /// Makes the control-point array at least `count` doubles long; new ones are GK_UNSET_VALUE.
     /// Throws std::bad_alloc when out of memory.
@@ -51,9 +54,6 @@ public:
     /// Returns the doubles of a control point, which there must be room for; the surface owns them.
     [[nodiscard]] const double* ControlPointValues(int i, int j) const;
 
-    /// Returns the number of knots that a complete surface has in the direction; may be negative.
-    [[nodiscard]] std::int64_t KnotCount(int direction) const;
-
     [[nodiscard]] const GK_SimpleArray<double>& Knots(int direction) const
     {
         return m_knots[Index(direction)];
@@ -62,12 +62,12 @@ public:
     /// Replaces the knots of a direction.
     void SetKnots(int direction, GK_SimpleArray<double> knots);
 
-    [[nodiscard]] int Degree(int direction) const override;
+    [[nodiscard]] int Degree(int direction) const override { return Order(direction) - 1; }
     [[nodiscard]] GK_Interval Domain(int direction) const override;
 
-    /// Maps the direction's knots linearly. Returns false when there is no domain or t0 is not
-    /// below t1.
-    bool SetDomain(int direction, double t0, double t1) override;
+    /// Maps the direction's knots linearly so that the domain becomes [t0, t1], and returns true.
+    /// Returns false, with nothing changed, when there is no domain or t0 is not below t1.
+    virtual bool SetDomain(int direction, double t0, double t1);
 
     [[nodiscard]] GK_SurfacePoint Evaluate(double u, double v) const override;
 

@@ -22,11 +22,6 @@ public:
     /// Returns where the surface is defined; [0, 0] while it has no knots in the direction.
     [[nodiscard]] virtual GK_Interval Domain(int direction) const = 0;
 
-    /// Sets another domain, leaves the surface's shape and returns true. Returns false, with
-    /// nothing changed, when the surface cannot take it; a surface without knots in the direction
-    /// never can.
-    virtual bool SetDomain(int direction, double t0, double t1) = 0;
-
     /// Returns the point and derivatives at a place of the parameter plane; outside the domain the
     /// first or last span goes on. The surface must be valid.
     [[nodiscard]] virtual GK_SurfacePoint Evaluate(double u, double v) const = 0;

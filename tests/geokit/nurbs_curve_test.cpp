@@ -195,7 +195,8 @@ TEST(NurbsCurve, ProxiesCutWhatRoundingPutsOutside)
         {{0.9997, 3}, {0.9997, 3}, false},
     };
     for (const auto& [asked, taken, valid] : cases) {
-        GK_CurveProxy proxy(&line);
+        GK_CurveProxy proxy;
+        proxy.SetProxyCurve(&line);
         proxy.SetDomain(asked);
         EXPECT_EQ(proxy.Domain(), taken);
         EXPECT_EQ(proxy.IsValid(), valid);

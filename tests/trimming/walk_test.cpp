@@ -1,4 +1,4 @@
-#include "console_host/geokit/line_curve.h"
+#include "console_host/geokit/compact_curves.h"
 #include "tests/geokit/brep_shapes.h"
 #include "tests/trimming/brep_walk.h"
 
@@ -87,7 +87,8 @@ TEST(BrepWalk, FindsEachFault)
          }},
         {"is not inside the outer loop",
          [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.TrimCurve(4)), 3, 30.0); }},
-        {"does not run along edge 4", [](GK_Brep& b) { b.EdgeCurve(4)->Reverse(); }},
+        {"does not run along edge 4",
+         [](GK_Brep& b) { GK_NurbsCurve::Cast(b.EdgeCurve(4))->Reverse(); }},
         {"from the surface along trim 4",
          [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.EdgeCurve(4)), 3, 0.1); }},
         {"trim 1 starts at (4, 0.5)",

@@ -90,7 +90,7 @@ TEST(Pushup, EqualCallsShareOneResult)
     EXPECT_NE(identity(changed, 1e-3, &part), first);
 
     // A result that is changed by whoever got it, and a surface that is.
-    hill->Pushup(circle, 1e-3, &part)->SetDomain(5, 6);
+    GK_NurbsCurve::Cast(hill->Pushup(circle, 1e-3, &part).get())->SetDomain(5, 6);
     EXPECT_EQ(identity(circle, 1e-3, &part), first);
     const VX_NurbsSurface before = *hill;
     const double point[] = {0, 0, 9};
