@@ -8,10 +8,8 @@
 std::unique_ptr<GK_Mesh> NewGroupMesh()
 {
     auto mesh = std::make_unique<GK_Mesh>();
-    for (const int direction : {0, 1}) {
-        mesh->SetSurfaceParameterDomain(direction, GK_Interval(0.0, 1.0));
-        mesh->SetPackedTextureDomain(direction, GK_Interval(0.0, 1.0));
-    }
+    mesh->surfaceParameterDomain.fill(GK_Interval(0.0, 1.0));
+    mesh->packedTextureDomain.fill(GK_Interval(0.0, 1.0));
     return mesh;
 }
 

@@ -56,26 +56,6 @@ GK_MeshNgonList* GK_Mesh::ModifyNgonList()
     return m_ngons.get();
 }
 
-void GK_Mesh::SetSurfaceParameterDomain(int direction, const GK_Interval& domain)
-{
-    m_surfaceParameterDomain.at(static_cast<std::size_t>(direction)) = domain;
-}
-
-void GK_Mesh::SetPackedTextureDomain(int direction, const GK_Interval& domain)
-{
-    m_packedTextureDomain.at(static_cast<std::size_t>(direction)) = domain;
-}
-
-const GK_Interval& GK_Mesh::SurfaceParameterDomain(int direction) const
-{
-    return m_surfaceParameterDomain.at(static_cast<std::size_t>(direction));
-}
-
-const GK_Interval& GK_Mesh::PackedTextureDomain(int direction) const
-{
-    return m_packedTextureDomain.at(static_cast<std::size_t>(direction));
-}
-
 const GK_MeshTopology& GK_Mesh::Topology() const
 {
     if (m_topology == nullptr)

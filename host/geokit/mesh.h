@@ -130,6 +130,10 @@ public:
     GK_SimpleArray<GK_Color> colors;
     GK_SimpleArray<GK_MeshFace> faces;
 
+    /// The domains of the surface parameters and of the packed textures, by direction.
+    std::array<GK_Interval, 2> surfaceParameterDomain;
+    std::array<GK_Interval, 2> packedTextureDomain;
+
     [[nodiscard]] int VertexCount() const { return vertices.Count(); }
     [[nodiscard]] int FaceCount() const { return faces.Count(); }
     [[nodiscard]] bool HasVertexNormals() const;
@@ -154,13 +158,6 @@ public:
 
     /// Returns the list of polygons, or null when the mesh never had one.
     [[nodiscard]] const GK_MeshNgonList* NgonList() const { return m_ngons.get(); }
-
-    /// Set and return the domains of the surface parameters and of the packed textures, direction 0
-    /// or 1.
-    void SetSurfaceParameterDomain(int direction, const GK_Interval& domain);
-    void SetPackedTextureDomain(int direction, const GK_Interval& domain);
-    [[nodiscard]] const GK_Interval& SurfaceParameterDomain(int direction) const;
-    [[nodiscard]] const GK_Interval& PackedTextureDomain(int direction) const;
 
     /// Removes faces that are not valid, polygons left without a face, and vertices that no face
     /// and no polygon names. The per-vertex lists stay in step; a colour list whose length differs
@@ -197,7 +194,5 @@ private:
     GK_SimpleArray<GK_3dPoint> m_dVertices;
     bool m_dVerticesValid = false;
     std::unique_ptr<GK_MeshNgonList> m_ngons;
-    std::array<GK_Interval, 2> m_surfaceParameterDomain;
-    std::array<GK_Interval, 2> m_packedTextureDomain;
     mutable std::unique_ptr<GK_MeshTopology> m_topology;
 };

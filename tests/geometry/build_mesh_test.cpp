@@ -60,9 +60,9 @@ protected:
         inconsistencies.Report();
         EXPECT_TRUE(m_mesh->DoublePrecisionVerticesAreValid());
         EXPECT_EQ(m_mesh->DoublePrecisionVertices().Count(), m_mesh->VertexCount());
-        for (const int direction : {0, 1}) {
-            EXPECT_EQ(m_mesh->SurfaceParameterDomain(direction), GK_Interval(0, 1));
-            EXPECT_EQ(m_mesh->PackedTextureDomain(direction), GK_Interval(0, 1));
+        for (const std::size_t direction : {0U, 1U}) {
+            EXPECT_EQ(m_mesh->surfaceParameterDomain[direction], GK_Interval(0, 1));
+            EXPECT_EQ(m_mesh->packedTextureDomain[direction], GK_Interval(0, 1));
         }
         return *m_mesh;
     }
