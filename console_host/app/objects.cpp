@@ -6,49 +6,11 @@
 
 #include <utility>
 
-CKelvoObject::CKelvoObject(GK_MdxObjectAttributes attributes) : m_attributes(std::move(attributes))
-{
-}
-
 CKelvoObject::~CKelvoObject() = default;
-
 CKelvoMeshObject::~CKelvoMeshObject() = default;
-
-void CKelvoMeshObject::SetMesh(std::unique_ptr<GK_Mesh> mesh)
-{
-    m_mesh = std::move(mesh);
-}
-
-CKelvoCurveObject::CKelvoCurveObject(const GK_MdxObjectAttributes& attributes)
-    : CKelvoObject(attributes)
-{
-}
-
 CKelvoCurveObject::~CKelvoCurveObject() = default;
-
-void CKelvoCurveObject::SetCurve(std::unique_ptr<GK_Curve> curve)
-{
-    m_curve = std::move(curve);
-}
-
 CKelvoPointCloudObject::~CKelvoPointCloudObject() = default;
-
-void CKelvoPointCloudObject::SetPointCloud(const GK_PointCloud& cloud)
-{
-    m_cloud = cloud;
-}
-
-CKelvoBrepObject::CKelvoBrepObject(const GK_MdxObjectAttributes& attributes)
-    : CKelvoObject(attributes)
-{
-}
-
 CKelvoBrepObject::~CKelvoBrepObject() = default;
-
-void CKelvoBrepObject::SetBrep(std::unique_ptr<GK_Brep> brep)
-{
-    m_brep = std::move(brep);
-}
 
 bool KelvoRepairBrep(GK_Brep& brep, double tolerance)
 {

@@ -178,11 +178,6 @@ void CWnd::EnableWindow(bool enable)
         m_window->SetEnabled(enable);
 }
 
-bool CWnd::IsWindowEnabled() const
-{
-    return m_window != nullptr && m_window->Enabled();
-}
-
 bool CButton::GetCheck() const
 {
     return Window() != nullptr && Window()->Checked();

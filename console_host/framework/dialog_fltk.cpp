@@ -87,14 +87,16 @@ public:
         if (IsButton(m_description->kind))
             static_cast<Fl_Button*>(m_widget)->value(checked ? 1 : 0);
     }
-    [[nodiscard]] bool Enabled() const override { return m_widget->active() != 0; }
     void SetEnabled(bool enabled) override
     {
         enabled ? m_widget->activate() : m_widget->deactivate();
     }
 
     /// Whether the keyboard can reach it at all.
-    [[nodiscard]] bool TakesFocus() const { return IsButton(m_description->kind) && Enabled(); }
+    [[nodiscard]] bool TakesFocus() const
+    {
+        return IsButton(m_description->kind) && m_widget->active() != 0;
+    }
 
     /// Whether the Tab key stops here.
     [[nodiscard]] bool IsTabStop() const

@@ -22,7 +22,6 @@ public:
     {
         SendMessageW(m_window, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
     }
-    [[nodiscard]] bool Enabled() const override { return IsWindowEnabled(m_window) != FALSE; }
     void SetEnabled(bool enabled) override { EnableWindow(m_window, enabled ? TRUE : FALSE); }
 
 private:

@@ -11,7 +11,6 @@ class CWnd::Native : public CObject
 public:
     [[nodiscard]] virtual bool Checked() const = 0;
     virtual void SetChecked(bool checked) = 0;
-    [[nodiscard]] virtual bool Enabled() const = 0;
     virtual void SetEnabled(bool enabled) = 0;
 };
 

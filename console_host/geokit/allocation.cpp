@@ -103,11 +103,6 @@ void FailAllocation(long nth) noexcept
     AllocationsToFailure() = nth;
 }
 
-void* GK_Allocate(std::size_t size)
-{
-    return GK_Reallocate(nullptr, size);
-}
-
 void* GK_Reallocate(void* block, std::size_t size)
 {
     long& left = AllocationsToFailure();

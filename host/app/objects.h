@@ -1,14 +1,13 @@
 #pragma once
 
+#include "host/geokit/brep.h"
 #include "host/geokit/mesh.h"
 #include "host/geokit/object.h"
 #include "host/geokit/object_attributes.h"
 #include "host/geokit/point_cloud.h"
 
 #include <memory>
-
-class GK_Brep;
-class GK_Curve;
+#include <utility>
 
 /// Something that stands in a document: attributes and geometry. A document object is made from its
 /// attributes, given its geometry and handed to CKelvoDoc::AddObject. Until then the maker owns it,
@@ -17,7 +16,9 @@ class GK_Curve;
 class CKelvoObject : public GK_Object
 {
 public:
-    explicit CKelvoObject(GK_MdxObjectAttributes attributes);
+    explicit CKelvoObject(GK_MdxObjectAttributes attributes) : m_attributes(std::move(attributes))
+    {
+    }
     CKelvoObject(const CKelvoObject&) = delete;
     CKelvoObject& operator=(const CKelvoObject&) = delete;
     ~CKelvoObject() override = 0;
@@ -35,7 +36,7 @@ public:
     ~CKelvoMeshObject() override;
 
     /// Takes the mesh over in place of the one before.
-    void SetMesh(std::unique_ptr<GK_Mesh> mesh);
+    void SetMesh(std::unique_ptr<GK_Mesh> mesh) { m_mesh = std::move(mesh); }
     [[nodiscard]] GK_Mesh* Mesh() { return m_mesh.get(); }
     [[nodiscard]] const GK_Mesh* Mesh() const { return m_mesh.get(); }
 
@@ -46,11 +47,11 @@ private:
 class CKelvoCurveObject : public CKelvoObject
 {
 public:
-    explicit CKelvoCurveObject(const GK_MdxObjectAttributes& attributes);
+    using CKelvoObject::CKelvoObject;
     ~CKelvoCurveObject() override;
 
     /// Takes the curve over in place of the one before.
-    void SetCurve(std::unique_ptr<GK_Curve> curve);
+    void SetCurve(std::unique_ptr<GK_Curve> curve) { m_curve = std::move(curve); }
     [[nodiscard]] const GK_Curve* Curve() const { return m_curve.get(); }
 
 private:
@@ -64,7 +65,7 @@ public:
     ~CKelvoPointCloudObject() override;
 
     /// Copies the cloud; the caller keeps its own.
-    void SetPointCloud(const GK_PointCloud& cloud);
+    void SetPointCloud(const GK_PointCloud& cloud) { m_cloud = cloud; }
     [[nodiscard]] const GK_PointCloud& PointCloud() const { return m_cloud; }
 
 private:
@@ -74,11 +75,11 @@ private:
 class CKelvoBrepObject : public CKelvoObject
 {
 public:
-    explicit CKelvoBrepObject(const GK_MdxObjectAttributes& attributes);
+    using CKelvoObject::CKelvoObject;
     ~CKelvoBrepObject() override;
 
     /// Takes the brep over in place of the one before.
-    void SetBrep(std::unique_ptr<GK_Brep> brep);
+    void SetBrep(std::unique_ptr<GK_Brep> brep) { m_brep = std::move(brep); }
     [[nodiscard]] const GK_Brep* Brep() const { return m_brep.get(); }
 
 private:

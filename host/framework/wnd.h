@@ -14,9 +14,6 @@ public:
     /// Lets the user operate the control, or not.
     void EnableWindow(bool enable);
 
-    /// Returns whether the user can operate the control; false also when no window is attached.
-    [[nodiscard]] bool IsWindowEnabled() const;
-
     /// For the host: which window this is from now on; null for none. The host owns it, and takes
     /// it back by null before it destroys it.
     void Attach(Native* window) { m_window = window; }
