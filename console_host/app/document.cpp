@@ -163,15 +163,6 @@ void ConsoleDoc::CheckAttributes(const char* call, const GK_MdxObjectAttributes&
         NoteGuestFault(call, "a group index that the document does not have");
 }
 
-std::string ConsoleDoc::WhyRefused(const AnyGeometry& geometry)
-{
-    if (m_addsToFailure > 0 && --m_addsToFailure == 0)
-        return "it was made to fail";
-    if (std::visit([](const auto* any) { return any == nullptr; }, geometry))
-        NoteGuestFault("AddObject", "an object without geometry");
-    return WhyUnsound(geometry);
-}
-
 bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
 {
     if (object == nullptr) {
@@ -182,7 +173,9 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
     const char* kind = KindOf(geometry);
     const int number = CountOffered(geometry);
     try {
-        if (const std::string reason = WhyRefused(geometry); !reason.empty())
+        if (std::visit([](const auto* any) { return any == nullptr; }, geometry))
+            NoteGuestFault("AddObject", "an object without geometry");
+        if (const std::string reason = WhyUnsound(geometry); !reason.empty())
             return Refuse(kind, reason, number);
         CheckAttributes("AddObject", object->Attributes());
         if (auto* mesh = dynamic_cast<CKelvoMeshObject*>(object.get()))

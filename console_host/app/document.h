@@ -44,9 +44,6 @@ public:
 
     [[nodiscard]] const CKelvoView& View() const { return m_view; }
 
-    /// For tests: the `nth` AddObject from now on fails (1: the next).
-    void FailAddObject(int nth) { m_addsToFailure = nth; }
-
 private:
     /// An object, or a point when there is no object; points that follow each other share equal
     /// attributes, since there may be very many of them.
@@ -57,7 +54,6 @@ private:
         GK_3dPoint point;
     };
 
-    std::string WhyRefused(const AnyGeometry& geometry);
     void CheckAttributes(const char* call, const GK_MdxObjectAttributes& attributes) const;
 
     double m_absoluteTolerance;
@@ -67,5 +63,4 @@ private:
     std::vector<Entry> m_entries;
     std::deque<GK_MdxObjectAttributes> m_pointAttributes;
     CKelvoView m_view;
-    int m_addsToFailure = 0;
 };

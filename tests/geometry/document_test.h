@@ -24,7 +24,6 @@ protected:
     {
         ConsoleApp::Instance().TakeJournal();
         doc = std::make_unique<ConsoleDoc>(tolerance);
-        doc->FailAddObject(failingAdd);
         StageTimes times;
         return DocumentObjects(text.file, text.choices, *doc, nullptr, times).Build();
     }
@@ -55,5 +54,4 @@ protected:
     }
 
     std::unique_ptr<ConsoleDoc> doc = std::make_unique<ConsoleDoc>(0.001);
-    int failingAdd = 0; ///< which object the document does not take; 0: none
 };

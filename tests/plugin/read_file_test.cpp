@@ -137,8 +137,7 @@ TEST_F(ReadFile, ZoomsWhenAskedWhateverTheResult)
     EXPECT_TRUE(Journal().zoomed && Journal().redrawn);
     EXPECT_EQ(doc.View().shown.max.x, 1.0);
 
-    doc.FailAddObject(1);
-    EXPECT_FALSE(Import(Triangle, {ReadModeAskOnCommandLine, ReadModeZoomExtents}));
+    EXPECT_FALSE(Import("v inf 0 0\n" + Triangle, {ReadModeAskOnCommandLine, ReadModeZoomExtents}));
     EXPECT_TRUE(Journal().zoomed && Journal().redrawn);
 }
 
