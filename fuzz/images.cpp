@@ -1,4 +1,4 @@
-#include "console_host/app/image_reader.h"
+#include "console_host/app/image_codecs.h"
 #include "tests/png_checksums.h"
 
 #include <algorithm>

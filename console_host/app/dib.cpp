@@ -1,6 +1,6 @@
 #include "host/app/dib.h"
 
-#include "console_host/app/dib_layout.h"
+#include "console_host/app/image_builder.h"
 
 #include <new>
 #include <utility>

@@ -1,5 +1,6 @@
-#include "console_host/app/image_reader.h"
+#include "console_host/app/image_codecs.h"
 #include "console_host/app/import_journal.h"
+#include "console_host/app/option_words.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
@@ -39,12 +40,7 @@ std::size_t SizeOf(std::FILE* file)
 
 bool IsPngName(const wchar_t* path)
 {
-    std::wstring extension(SplitPath(path).ext);
-    for (wchar_t& character : extension) {
-        if (character >= L'A' && character <= L'Z')
-            character += L'a' - L'A';
-    }
-    return extension == L".png";
+    return SameWord(SplitPath(path).ext, L".png");
 }
 
 /// Says which image was not read for its size. Every other that is not read is none at all.

@@ -2,7 +2,6 @@
 
 #include "console_host/app/printable.h"
 #include "console_host/framework/native_windows.h"
-#include "console_host/framework/work_note.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
@@ -55,7 +54,6 @@ std::string PlainHelpText(std::string_view page)
 
 bool ShowHelpTopic(int topicId)
 {
-    WorkNote::Instance().Hide();
     std::string text;
     try {
         text = ReadWholeFile(HelpFile(topicId));

@@ -7,6 +7,15 @@
 
 using ImageBytes = std::span<const unsigned char>;
 
+/// Returns whether the first bytes of a file look like a PNG, TGA, BMP or JPEG. Takes
+/// ImageSignatureSize bytes, or fewer when the file is shorter.
+bool HasImageSignature(ImageBytes start);
+constexpr std::size_t ImageSignatureSize = 32;
+
+/// Reads the bytes of a PNG, TGA, BMP or JPEG file. Returns false for anything else, for what
+/// ReadFromFile of the image class refuses, and out of memory.
+bool ReadImage(ImageBytes file, ImageBuilder& image);
+
 // Each of these reads a file of one kind, whose bytes begin as that kind does. They return false
 // for a file that is damaged, truncated or of an unsupported form, for a size that the builder
 // refuses, and out of memory.

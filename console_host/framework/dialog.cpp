@@ -1,7 +1,6 @@
 #include "host/framework/dialog.h"
 
 #include "console_host/app/import_journal.h"
-#include "console_host/framework/native_dialog.h"
 #include "console_host/framework/native_windows.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
 #include "console_host/framework/dialog_units.h"
-#include "console_host/framework/native_dialog.h"
 #include "console_host/framework/native_windows.h"
 
 #include "host/framework/dialog.h"

@@ -1,4 +1,3 @@
-#include "console_host/framework/native_dialog.h"
 #include "console_host/framework/native_windows.h"
 
 #include "host/framework/dialog.h"

@@ -1,4 +1,4 @@
-#include "console_host/vxkit/improve_triangles.h"
+#include "console_host/vxkit/triangulate_planar.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,6 @@
 #include "host/vxkit/triangulate.h"
 
-#include "console_host/vxkit/improve_triangles.h"
-#include "console_host/vxkit/triangulate_ears.h"
-#include "console_host/vxkit/triangulate_sweep.h"
+#include "console_host/vxkit/triangulate_planar.h"
 
 #include <algorithm>
 #include <vector>

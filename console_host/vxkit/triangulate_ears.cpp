@@ -1,4 +1,4 @@
-#include "console_host/vxkit/triangulate_ears.h"
+#include "console_host/vxkit/triangulate_planar.h"
 
 #include <algorithm>
 

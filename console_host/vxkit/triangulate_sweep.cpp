@@ -1,7 +1,6 @@
-#include "console_host/vxkit/triangulate_sweep.h"
-
 #include "console_host/vxkit/region_tree.h"
 #include "console_host/vxkit/sweep_polygon.h"
+#include "console_host/vxkit/triangulate_planar.h"
 
 #include <algorithm>
 

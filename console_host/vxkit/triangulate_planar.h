@@ -4,6 +4,16 @@
 
 #include <array>
 
+/// Cuts a polygon of any number of corners, which turns to the left, into triangles while a line
+/// sweeps over it, in some n log n steps. The polygon may touch itself. Returns false when its
+/// sides cross.
+bool TriangulateBySweep(std::span<const PlanarPoint> points, TriangleWriter& triangles);
+
+/// Exchanges diagonals of a polygon's triangles, none of which turns to the right, until hardly any
+/// angle can be made larger. Narrow triangles whose direction in space is chance go where there is
+/// any other choice. Takes some n log n steps.
+void ImproveTriangles(std::span<const PlanarPoint> points, std::span<int> triangles);
+
 /// Cuts a polygon of few corners into triangles by taking off one corner after the other, the one
 /// that makes the best triangle first. Allocates nothing; work grows with the square of the
 /// corners.
