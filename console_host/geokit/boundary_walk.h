@@ -44,6 +44,11 @@ struct BoundaryWalk
     std::string reason; ///< then: why, as a clause
 };
 
+/// Takes out of the loops of a face what a walk along the sides of the domain makes again: what
+/// runs along a pole, and along a seam what runs there in both directions. The pieces that follow
+/// are marked.
+void StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane);
+
 /// The loop does not go on from the piece to the next one, but from seam to seam, along a pole or
 /// along what was taken out.
 bool IsBreak(const DomainPiece& piece, const DomainPiece& next, const ParameterPlane& plane);

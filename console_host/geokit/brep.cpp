@@ -122,16 +122,11 @@ GK_BrepTrim& GK_Brep::NewTrim(GK_BrepEdge& edge, int reversedOnEdge, GK_BrepLoop
                               int curve2dIndex)
 {
     const std::size_t first = reversedOnEdge != 0 ? 1 : 0;
-    GK_BrepTrim& trim = m_trims.AppendNew();
-    trim.trimIndex = m_trims.Count() - 1;
-    trim.curveIndex = curve2dIndex;
+    GK_BrepTrim& trim = NewSingularTrim(Vertex(edge.vertexIndex[first]), loop, curve2dIndex);
     trim.edgeIndex = edge.edgeIndex;
-    trim.loopIndex = loop.loopIndex;
-    trim.vertexIndex = {edge.vertexIndex[first], edge.vertexIndex[1 - first]};
+    trim.vertexIndex[1] = edge.vertexIndex[1 - first];
     trim.reversed = reversedOnEdge != 0;
-    trim.SetProxyCurve(TrimCurve(curve2dIndex));
     edge.trimIndices.Append(trim.trimIndex);
-    loop.trimIndices.Append(trim.trimIndex);
     return trim;
 }
 

@@ -1,5 +1,4 @@
-#include "console_host/geokit/brep_join.h"
-
+#include "console_host/geokit/brep_assembly.h"
 #include "console_host/geokit/point_box.h"
 
 #include "host/geokit/nurbs_curve.h"

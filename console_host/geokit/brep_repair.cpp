@@ -1,7 +1,6 @@
 #include "console_host/geokit/brep_repair.h"
 
 #include "console_host/geokit/brep_assembly.h"
-#include "console_host/geokit/brep_join.h"
 #include "console_host/geokit/text.h"
 
 #include <algorithm>

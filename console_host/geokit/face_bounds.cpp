@@ -3,8 +3,6 @@
 #include "console_host/geokit/face_holes.h"
 #include "console_host/geokit/loop_shape.h"
 #include "console_host/geokit/nurbs_evaluation.h"
-#include "console_host/geokit/seam_strip.h"
-#include "console_host/geokit/stray_seams.h"
 #include "console_host/geokit/text.h"
 
 #include <algorithm>
@@ -271,8 +269,8 @@ bool Bounder::OrientRings()
 bool Bounder::FirstRingRises(const std::vector<LoopShape*>& rings) const
 {
     const bool inU = rings.front()->winding[0] != 0;
-    const bool lowPole = m_plane.IsPole(inU ? Side::South : Side::West);
-    const bool highPole = m_plane.IsPole(inU ? Side::North : Side::East);
+    const bool lowPole = m_plane.IsPole(SideAt(inU ? 1 : 0, false));
+    const bool highPole = m_plane.IsPole(SideAt(inU ? 1 : 0, true));
     if (rings.size() % 2 == 0)
         return inU;
     if (OnlyInner() || lowPole == highPole)

@@ -9,14 +9,9 @@ using Relation = LoopPolygon::Relation;
 void AppendPiece(const LoopPiece& piece, const ParameterPlane& plane, double sagitta, bool joined,
                  LoopPolygon& polygon)
 {
-    const PieceSamples samples = SamplesOf(piece, plane, sagitta);
-    const auto append = [&](const PieceSamples::Sample& sample) {
-        polygon.Append(plane.Normalized(sample.place), std::exchange(joined, true));
-    };
-    if (piece.backwards)
-        std::for_each(samples.samples.rbegin(), samples.samples.rend(), append);
-    else
-        std::for_each(samples.samples.begin(), samples.samples.end(), append);
+    ForEachPlace(SamplesOf(piece, plane, sagitta), piece.backwards, [&](const Uv& place) {
+        polygon.Append(plane.Normalized(place), std::exchange(joined, true));
+    });
 }
 
 void AppendSide(const SidePart& part, const ParameterPlane& plane, LoopPolygon& polygon)

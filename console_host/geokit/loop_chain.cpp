@@ -9,16 +9,7 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-struct Ends
-{
-    Uv start;
-    Uv end;
-};
-
-Ends Turned(const Ends& ends)
-{
-    return {ends.end, ends.start};
-}
+using Ends = std::array<Uv, 2>; // start and end
 
 std::vector<Ends> EndsOf(const std::vector<LoopPiece>& pieces)
 {
@@ -57,14 +48,10 @@ public:
     double Solve(bool firstTurned, std::vector<char>& turned);
 
 private:
-    [[nodiscard]] Ends At(std::size_t piece, std::size_t turned) const
-    {
-        return turned != 0 ? Turned(m_ends[piece]) : m_ends[piece];
-    }
     [[nodiscard]] double GapBetween(std::size_t piece, std::size_t turned, std::size_t next,
                                     std::size_t nextTurned) const
     {
-        return Gap(At(piece, turned).end, At(next, nextTurned).start, m_plane);
+        return Gap(m_ends[piece][1 - turned], m_ends[next][nextTurned], m_plane);
     }
 
     const std::vector<Ends>& m_ends;

@@ -36,15 +36,8 @@ std::string WhyOpen(const LoopShape& loop, std::ptrdiff_t gapAfter, const Parame
 template <class Visit>
 void ForEachPlace(const LoopShape& loop, const Visit& visit)
 {
-    for (std::size_t i = 0; i < loop.pieces.size(); ++i) {
-        const std::vector<PieceSamples::Sample>& samples = loop.samples[i].samples;
-        if (loop.pieces[i].backwards)
-            std::for_each(samples.rbegin(), samples.rend(),
-                          [&](const auto& sample) { visit(sample.place); });
-        else
-            std::for_each(samples.begin(), samples.end(),
-                          [&](const auto& sample) { visit(sample.place); });
-    }
+    for (std::size_t i = 0; i < loop.pieces.size(); ++i)
+        ForEachPlace(loop.samples[i], loop.pieces[i].backwards, visit);
 }
 
 // The mean of v along a loop that runs around in u, or of u along one that does so in v: loops that

@@ -6,23 +6,16 @@
 
 namespace {
 
-enum class Screening
-{
-    Open,
-    Unsound,
-    Undecided
-};
-
 /// When every edge belongs to two faces, the exclusive or over all sides of all faces, of a value
 /// that both sides of an edge have in common, is 0. Another result proves the mesh open without a
-/// table of edges. A face that names a vertex that is not there is not sound.
-Screening Screen(const GK_Mesh& mesh)
+/// table of edges. A mesh with a face that names a vertex that is not there is not closed either.
+bool MayBeClosed(const GK_Mesh& mesh)
 {
     std::uint64_t sum = 0;
     bool undecided = false;
     for (const GK_MeshFace& face : mesh.faces) {
         if (!IndicesInRange(face, mesh.VertexCount()))
-            return Screening::Unsound;
+            return false;
         const auto hash = [&](std::size_t i) { return PositionHash(mesh.vertices[face.vi[i]]); };
         const bool triangle = face.IsTriangle();
         const std::uint64_t a = hash(0);
@@ -33,7 +26,7 @@ Screening Screen(const GK_Mesh& mesh)
         undecided |= a == b || b == c || c == d || a == c || (!triangle && (d == a || d == b));
         sum ^= (a * b) ^ (b * c) ^ (c * d) ^ (triangle ? 0 : d * a);
     }
-    return sum != 0 && !undecided ? Screening::Open : Screening::Undecided;
+    return sum == 0 || undecided;
 }
 
 template <class Use>
@@ -121,5 +114,5 @@ bool EveryEdgeHasTwoFaces(const GK_Mesh& mesh)
 
 bool GK_Mesh::IsClosed() const
 {
-    return !faces.IsEmpty() && Screen(*this) == Screening::Undecided && EveryEdgeHasTwoFaces(*this);
+    return !faces.IsEmpty() && MayBeClosed(*this) && EveryEdgeHasTwoFaces(*this);
 }

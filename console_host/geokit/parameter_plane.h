@@ -63,6 +63,14 @@ constexpr bool IsHigh(Side side)
     return side == Side::East || side == Side::North;
 }
 
+/// The side on which a direction's parameter is lowest or highest.
+constexpr Side SideAt(std::size_t direction, bool high)
+{
+    if (direction == 0)
+        return high ? Side::East : Side::West;
+    return high ? Side::North : Side::South;
+}
+
 /// The side opposite.
 constexpr Side Opposite(Side side)
 {

@@ -90,7 +90,7 @@ void Sampler::Refine(const PieceSamples::Sample& from, const PieceSamples::Sampl
 
 PieceSamples::Sample Sampler::At(double t) const
 {
-    const GK_3dPoint place = EvaluateInSpan(m_curve, m_span, t).point;
+    const GK_3dPoint place = PointInSpan(m_curve, m_span, t);
     return {t, {place.x + m_piece.shift[0], place.y + m_piece.shift[1]}};
 }
 

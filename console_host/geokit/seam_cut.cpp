@@ -72,13 +72,8 @@ std::optional<long> Cutter::LineAt(double value) const
     const bool closed = m_plane.IsClosed(m_direction);
     const double line =
         std::round((value - m_plane.Low(m_direction)) / m_plane.Length(m_direction));
-    if (!closed) {
-        const bool isU = m_direction == 0;
-        const Side side =
-            line < 0.5 ? (isU ? Side::West : Side::South) : (isU ? Side::East : Side::North);
-        if (!m_plane.IsPole(side) || line < -0.5 || line > 1.5)
-            return std::nullopt;
-    }
+    if (!closed && (!m_plane.IsPole(SideAt(m_direction, line > 0.5)) || line < -0.5 || line > 1.5))
+        return std::nullopt;
     const auto number = static_cast<long>(line);
     if (std::abs(value - ValueOf(number)) > m_plane.Slack(m_direction))
         return std::nullopt;
@@ -159,13 +154,10 @@ void Cutter::EnterCell(long cell, double t)
 // The side on which a stretch along a line belongs.
 Side SideOf(const LoopPiece& piece, std::size_t direction, long line, const ParameterPlane& plane)
 {
-    const bool isU = direction == 0;
-    const Side low = isU ? Side::West : Side::South;
-    const Side high = isU ? Side::East : Side::North;
     if (!plane.IsClosed(direction))
-        return line == 0 ? low : high;
+        return SideAt(direction, line != 0);
     const bool rising = piece.Start()[1 - direction] < piece.End()[1 - direction];
-    return rising == isU ? high : low;
+    return SideAt(direction, rising == (direction == 0));
 }
 
 // The stretches of a piece in one direction, shifted into the domain.

@@ -1,4 +1,4 @@
-#include "console_host/geokit/seam_strip.h"
+#include "console_host/geokit/boundary_walk.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "console_host/geokit/stray_seams.h"
+#include "console_host/geokit/seam_cut.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,6 @@
 #include "console_host/vxkit/curve_restriction.h"
 
 #include "console_host/geokit/bspline_basis.h"
-#include "console_host/geokit/weighted_sum.h"
 
 #include <algorithm>
 #include <array>
