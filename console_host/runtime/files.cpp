@@ -15,11 +15,6 @@ std::string Reason(int error)
     return std::generic_category().message(error);
 }
 
-File Open(const std::filesystem::path& path, const char* mode)
-{
-    return File(OpenNative(path, mode));
-}
-
 } // namespace
 
 std::string WhyUnreadable(const std::filesystem::path& path)
@@ -35,7 +30,7 @@ std::string WhyUnreadable(const std::filesystem::path& path)
         break;
     }
     errno = 0;
-    if (Open(path, "rb") == nullptr)
+    if (File(OpenNative(path, "rb")) == nullptr)
         return Reason(errno);
     return {};
 }
@@ -45,7 +40,7 @@ std::string ReadWholeFile(const std::filesystem::path& path)
     constexpr std::size_t LargestSize = std::size_t{16} << 20;
     if (const std::string why = WhyUnreadable(path); !why.empty())
         throw std::runtime_error(why);
-    const File stream = Open(path, "rb");
+    const File stream(OpenNative(path, "rb"));
     if (stream == nullptr)
         throw std::runtime_error(Reason(errno));
     std::string contents;

@@ -11,7 +11,9 @@
 
 namespace {
 
-FileIdentity IdentityIn(const struct stat& status) noexcept
+using Status = struct stat;
+
+FileIdentity IdentityIn(const Status& status) noexcept
 {
     return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
 }
@@ -27,9 +29,7 @@ std::string WhyNotAllowed(const std::filesystem::path& path, int access)
 /// system's that has bytes but no size.
 bool IsPlain(int descriptor)
 {
-    struct stat status
-    {
-    };
+    Status status{};
     if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
         return false;
     char bytes[4096];
@@ -49,9 +49,7 @@ std::filesystem::path KeyOf(const std::filesystem::path& path)
 
 FileKind KindOfFile(const std::filesystem::path& path) noexcept
 {
-    struct stat status
-    {
-    };
+    Status status{};
     if (stat(path.c_str(), &status) != 0)
         return errno == ENOENT || errno == ENOTDIR ? FileKind::Missing : FileKind::Unknown;
     if (S_ISREG(status.st_mode))
@@ -61,9 +59,7 @@ FileKind KindOfFile(const std::filesystem::path& path) noexcept
 
 std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) noexcept
 {
-    struct stat status
-    {
-    };
+    Status status{};
     if (stat(path.c_str(), &status) != 0)
         return std::nullopt;
     return IdentityIn(status);
@@ -71,9 +67,7 @@ std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) noexce
 
 std::optional<FileIdentity> IdentityOf(std::FILE* stream) noexcept
 {
-    struct stat status
-    {
-    };
+    Status status{};
     if (fstat(fileno(stream), &status) != 0)
         return std::nullopt;
     return IdentityIn(status);

@@ -6,17 +6,14 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <sys/stat.h>
 #include <system_error>
 
 namespace {
 
 bool Exists(const std::string& path)
 {
-    struct stat status
-    {
-    };
-    return stat(path.c_str(), &status) == 0;
+    std::error_code error;
+    return std::filesystem::exists(path, error);
 }
 
 /// Finds a path part by part.
