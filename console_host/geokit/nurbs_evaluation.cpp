@@ -28,24 +28,6 @@ void SetSum(GK_NurbsCurve& curve, int i, const BasisValues& basis, int order, co
     curve.SetCV(i, GK::euclidean_rational, point);
 }
 
-template <bool Rational>
-WeightedSum SumOfNet(const GK_NurbsSurface& surface, const std::array<int, 2>& spans,
-                     const BasisValues& basisU, const BasisValues& basisV)
-{
-    constexpr int Stride = Rational ? 4 : 3;
-    const int orderU = surface.Order(0);
-    const int orderV = surface.Order(1);
-    WeightedSum point;
-    for (int j = 0; j < orderV; ++j) {
-        WeightedSum row;
-        const double* values = surface.ControlPointValues(spans[0], spans[1] + j);
-        for (int i = 0; i < orderU; ++i, values += Stride)
-            row.Add(basisU[i], values, 3, Rational);
-        point.Add(basisV[j], row);
-    }
-    return point;
-}
-
 } // namespace
 
 int FindSpan(const GK_NurbsCurve& curve, double t)
@@ -120,8 +102,16 @@ GK_3dPoint PointInSpans(const GK_NurbsSurface& surface, const std::array<int, 2>
 {
     const BasisValues basisU(surface.Knots(0).Array() + spans[0], surface.Degree(0), u);
     const BasisValues basisV(surface.Knots(1).Array() + spans[1], surface.Degree(1), v);
-    return surface.IsRational() ? SumOfNet<true>(surface, spans, basisU, basisV).Point()
-                                : GK_origin + SumOfNet<false>(surface, spans, basisU, basisV).sum;
+    const bool rational = surface.IsRational();
+    WeightedSum point;
+    for (int j = 0; j < surface.Order(1); ++j) {
+        WeightedSum row;
+        const double* values = surface.ControlPointValues(spans[0], spans[1] + j);
+        for (int i = 0; i < surface.Order(0); ++i, values += surface.ControlPointStride())
+            row.Add(basisU[i], values, 3, rational);
+        point.Add(basisV[j], row);
+    }
+    return rational ? point.Point() : GK_origin + point.sum;
 }
 
 std::unique_ptr<GK_NurbsCurve> IsoCurveOver(const GK_NurbsSurface& surface, int direction,
