@@ -12,12 +12,7 @@ CKelvoUiDib::CKelvoUiDib(CKelvoUiDib&& other) noexcept
 
 CKelvoUiDib& CKelvoUiDib::operator=(CKelvoUiDib&& other) noexcept
 {
-    if (this == &other)
-        return *this;
-    m_width = std::exchange(other.m_width, 0);
-    m_height = std::exchange(other.m_height, 0);
-    m_depth = std::exchange(other.m_depth, 0);
-    m_storageSize = std::exchange(other.m_storageSize, 0);
+    m_layout = std::exchange(other.m_layout, {});
     m_bits = std::move(other.m_bits);
     return *this;
 }
@@ -39,20 +34,14 @@ bool CKelvoUiDib::CreateDib(int width, int height, int depth, bool withPixels,
         m_bits.reset(new (std::nothrow) unsigned char[size]);
         if (m_bits == nullptr)
             return false;
-        m_storageSize = size;
     }
-    m_width = width;
-    m_height = height;
-    m_depth = depth;
+    m_layout = {width, height, depth, withPixels ? size : 0};
     return true;
 }
 
 void CKelvoUiDib::DestroyDib()
 {
-    m_width = 0;
-    m_height = 0;
-    m_depth = 0;
-    m_storageSize = 0;
+    m_layout = {};
     m_bits.reset();
 }
 

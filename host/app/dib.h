@@ -37,11 +37,11 @@ public:
     void DestroyDib();
 
     /// Bits in a pixel; 0 for an empty image.
-    [[nodiscard]] int GetDepth() const { return m_depth; }
+    [[nodiscard]] int GetDepth() const { return m_layout.depth; }
 
     /// Size in pixels; 0 for an empty image.
-    [[nodiscard]] int Width() const { return m_width; }
-    [[nodiscard]] int Height() const { return m_height; }
+    [[nodiscard]] int Width() const { return m_layout.width; }
+    [[nodiscard]] int Height() const { return m_layout.height; }
 
     /// Returns the pixel storage, which the image owns and which is valid until the image is
     /// changed or destroyed; null while there is none.
@@ -50,13 +50,18 @@ public:
 
     /// Returns the size of the pixel storage in bytes, with the padding of its rows; 0 without
     /// pixel storage.
-    [[nodiscard]] std::size_t GetStorageSize() const { return m_storageSize; }
+    [[nodiscard]] std::size_t GetStorageSize() const { return m_layout.storageSize; }
 
 private:
-    int m_width = 0;
-    int m_height = 0;
-    int m_depth = 0;
-    std::size_t m_storageSize = 0;
+    struct Layout
+    {
+        int width = 0;
+        int height = 0;
+        int depth = 0;
+        std::size_t storageSize = 0;
+    };
+
+    Layout m_layout;
     std::unique_ptr<unsigned char[]> m_bits;
 };
 
