@@ -131,7 +131,7 @@ private:
     void Enter();
     void Click(FltkControl& control);
     void Tell(WindowMessage message, int controlId) { m_owner.OnMessage(message, controlId); }
-    [[nodiscard]] int FocusedIndex() const;
+    [[nodiscard]] int IndexOf(const Fl_Widget* widget) const; ///< -1: none of them
 
     static void OnClick(Fl_Widget* widget, void* window);
     static void OnClose(Fl_Widget* widget, void* window);
@@ -194,12 +194,9 @@ FltkControl* DialogWindow::Find(int controlId)
 void DialogWindow::OnClick(Fl_Widget* widget, void* window)
 {
     auto* self = static_cast<DialogWindow*>(window);
-    for (const auto& control : self->m_controls) {
-        if (&control->Widget() == widget) {
-            self->Tell(WindowMessage::Click, control->Description().id);
-            return;
-        }
-    }
+    if (const int index = self->IndexOf(widget); index >= 0)
+        self->Tell(WindowMessage::Click,
+                   self->m_controls[static_cast<std::size_t>(index)]->Description().id);
 }
 
 void DialogWindow::OnClose(Fl_Widget*, void* window)
@@ -207,13 +204,12 @@ void DialogWindow::OnClose(Fl_Widget*, void* window)
     static_cast<DialogWindow*>(window)->Tell(WindowMessage::Click, DialogCancel);
 }
 
-int DialogWindow::FocusedIndex() const
+int DialogWindow::IndexOf(const Fl_Widget* widget) const
 {
-    for (std::size_t index = 0; index < m_controls.size(); ++index) {
-        if (&m_controls[index]->Widget() == Fl::focus())
-            return static_cast<int>(index);
-    }
-    return -1;
+    const auto found = std::find_if(m_controls.begin(), m_controls.end(), [=](const auto& control) {
+        return &control->Widget() == widget;
+    });
+    return found != m_controls.end() ? static_cast<int>(found - m_controls.begin()) : -1;
 }
 
 int DialogWindow::handle(int event)
@@ -255,7 +251,7 @@ bool DialogWindow::HandleKey(int key)
 void DialogWindow::MoveToTabStop(int step)
 {
     const int count = static_cast<int>(m_controls.size());
-    const int from = FocusedIndex();
+    const int from = IndexOf(Fl::focus());
     for (int distance = 1; distance <= count; ++distance) {
         const int at = (from + step * distance + 2 * count) % count;
         FltkControl& control = *m_controls[static_cast<std::size_t>(at)];
@@ -269,7 +265,7 @@ void DialogWindow::MoveToTabStop(int step)
 void DialogWindow::MoveInGroup(int step)
 {
     const int count = static_cast<int>(m_controls.size());
-    const int from = FocusedIndex();
+    const int from = IndexOf(Fl::focus());
     if (from < 0)
         return;
     const auto startsGroup = [this](int index) {
@@ -296,7 +292,7 @@ void DialogWindow::MoveInGroup(int step)
 
 void DialogWindow::Enter()
 {
-    const int focused = FocusedIndex();
+    const int focused = IndexOf(Fl::focus());
     if (focused >= 0) {
         FltkControl& control = *m_controls[static_cast<std::size_t>(focused)];
         if (IsPushButton(control.Description().kind)) {

@@ -10,39 +10,45 @@
 
 namespace {
 
-std::string Reason(int error)
+std::runtime_error SystemError(int error)
 {
-    return std::generic_category().message(error);
+    return std::runtime_error(std::generic_category().message(error));
+}
+
+/// Opens a plain file; throws std::runtime_error, saying why it cannot be read.
+File OpenToRead(const std::filesystem::path& path)
+{
+    switch (KindOfFile(path)) {
+    case FileKind::Missing:
+        throw std::runtime_error("no such file");
+    case FileKind::Folder:
+        throw std::runtime_error("a folder, not a file");
+    case FileKind::Special:
+        throw std::runtime_error("not a plain file");
+    default:
+        break;
+    }
+    errno = 0;
+    File stream(OpenNative(path, "rb"));
+    if (stream == nullptr)
+        throw SystemError(errno);
+    return stream;
 }
 
 } // namespace
 
 std::string WhyUnreadable(const std::filesystem::path& path)
-{
-    switch (KindOfFile(path)) {
-    case FileKind::Missing:
-        return "no such file";
-    case FileKind::Folder:
-        return "a folder, not a file";
-    case FileKind::Special:
-        return "not a plain file";
-    default:
-        break;
-    }
-    errno = 0;
-    if (File(OpenNative(path, "rb")) == nullptr)
-        return Reason(errno);
+try {
+    OpenToRead(path);
     return {};
+} catch (const std::runtime_error& failure) {
+    return failure.what();
 }
 
 std::string ReadWholeFile(const std::filesystem::path& path)
 {
     constexpr std::size_t LargestSize = std::size_t{16} << 20;
-    if (const std::string why = WhyUnreadable(path); !why.empty())
-        throw std::runtime_error(why);
-    const File stream(OpenNative(path, "rb"));
-    if (stream == nullptr)
-        throw std::runtime_error(Reason(errno));
+    const File stream = OpenToRead(path);
     std::string contents;
     char block[8192];
     while (const std::size_t count = std::fread(block, 1, sizeof block, stream.get())) {
@@ -51,7 +57,7 @@ std::string ReadWholeFile(const std::filesystem::path& path)
             throw std::runtime_error("larger than 16 MiB");
     }
     if (std::ferror(stream.get()) != 0)
-        throw std::runtime_error(Reason(errno));
+        throw SystemError(errno);
     return contents;
 }
 

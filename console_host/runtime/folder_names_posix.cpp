@@ -8,43 +8,23 @@
 #include <dirent.h>
 #include <memory>
 #include <sys/stat.h>
+#include <type_traits>
 
 namespace {
 
-/// Case of letters beyond ASCII, whatever the process's locale is.
-class CaseFolding
-{
-public:
-    CaseFolding() : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {}
-    CaseFolding(const CaseFolding&) = delete;
-    CaseFolding& operator=(const CaseFolding&) = delete;
-    ~CaseFolding()
-    {
-        if (m_locale != nullptr)
-            freelocale(m_locale);
-    }
-
-    [[nodiscard]] std::wstring Fold(std::string_view utf8) const
-    {
-        std::wstring text(GK_wString(utf8).View());
-        for (wchar_t& character : text)
-            character = static_cast<wchar_t>(FoldOne(static_cast<wint_t>(character)));
-        return text;
-    }
-
-private:
-    [[nodiscard]] wint_t FoldOne(wint_t character) const
-    {
-        return m_locale != nullptr ? towlower_l(character, m_locale) : std::towlower(character);
-    }
-
-    locale_t m_locale;
-};
-
+/// The name without differences of case, letters beyond ASCII included, whatever the process's
+/// locale is.
 std::wstring Folded(std::string_view name)
 {
-    static const CaseFolding folding;
-    return folding.Fold(name);
+    using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&freelocale)>;
+    static const Locale locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr), freelocale);
+    std::wstring text(GK_wString(name).View());
+    for (wchar_t& character : text) {
+        const auto code = static_cast<wint_t>(character);
+        character =
+            static_cast<wchar_t>(locale ? towlower_l(code, locale.get()) : std::towlower(code));
+    }
+    return text;
 }
 
 /// The folder last changed so long ago that any further change shows in its time: some file systems
