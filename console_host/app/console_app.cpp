@@ -16,16 +16,6 @@
 #include <new>
 #include <utility>
 
-namespace {
-
-[[noreturn]] void NoteFailureAndThrow()
-{
-    NoteAllocationFailure();
-    throw std::bad_alloc();
-}
-
-} // namespace
-
 ConsoleApp& ConsoleApp::Instance()
 {
     static ConsoleApp app;
@@ -34,7 +24,7 @@ ConsoleApp& ConsoleApp::Instance()
 
 ConsoleApp::ConsoleApp() : m_profile(std::make_unique<ProfileStore>())
 {
-    std::set_new_handler(NoteFailureAndThrow);
+    std::set_new_handler(NoteAllocationFailureAndThrow);
 }
 
 ConsoleApp::~ConsoleApp()

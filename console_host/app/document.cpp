@@ -40,15 +40,9 @@ bool Refuse(const char* type, const std::string& reason, int number)
 }
 
 template <class Point>
-bool IsFiniteTriple(const Point& point)
-{
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-}
-
-template <class Point>
 bool AreFinite(const GK_SimpleArray<Point>& points)
 {
-    return std::all_of(points.begin(), points.end(), IsFiniteTriple<Point>);
+    return std::all_of(points.begin(), points.end(), IsFinite<Point>);
 }
 
 std::string WhyUnsound(const GK_Mesh& mesh)
@@ -71,7 +65,7 @@ std::string WhyUnsound(const GK_Curve& curve)
 
 std::string WhyUnsound(const GK_3dPoint& point)
 {
-    return IsFiniteTriple(point) ? "" : "the point is not finite";
+    return IsFinite(point) ? "" : "the point is not finite";
 }
 
 std::string WhyUnsound(const GK_PointCloud& cloud)
@@ -105,7 +99,7 @@ std::string WhyUnsound(const AnyGeometry& geometry)
 void ReplaceUnsoundDirections(GK_Mesh& mesh)
 {
     for (GK_3fVector& normal : mesh.normals)
-        if (!IsFiniteTriple(normal))
+        if (!IsFinite(normal))
             normal = {0.0F, 0.0F, 1.0F};
     for (GK_2fPoint& coordinates : mesh.textureCoordinates)
         if (!std::isfinite(coordinates.x) || !std::isfinite(coordinates.y))

@@ -25,15 +25,7 @@ public:
     }
 
 private:
-    struct ByText
-    {
-        bool operator()(const GK_wString& a, const GK_wString& b) const
-        {
-            return a.View() < b.View();
-        }
-    };
-
-    std::map<GK_wString, int, ByText> m_indices;
+    std::map<GK_wString, int> m_indices;
 };
 
 /// The layers of a document, in the order of adding; the layer "Default" is there from the start

@@ -1,15 +1,12 @@
 #include "console_host/app/option_words.h"
 
+#include "console_host/app/printable.h"
+
 #include <algorithm>
 
 namespace {
 
 constexpr std::size_t ShownLength = 40;
-
-bool IsControl(wchar_t character)
-{
-    return character < L' ' || (character >= 0x7F && character < 0xA0);
-}
 
 bool IsBlank(wchar_t character)
 {
@@ -99,7 +96,7 @@ bool SameWord(std::wstring_view a, std::wstring_view b)
 std::wstring ShownWord(std::wstring_view word)
 {
     std::wstring shown(word.substr(0, ShownLength));
-    std::replace_if(shown.begin(), shown.end(), IsControl, L'?');
+    std::replace_if(shown.begin(), shown.end(), IsSteering, L'?');
     if (word.size() > ShownLength)
         shown += L"...";
     return shown;

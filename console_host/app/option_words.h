@@ -25,7 +25,8 @@ WordMatch MatchWord(std::wstring_view word, const std::vector<CKelvoCommandOptio
 /// Whether the two are the same but for case.
 bool SameWord(std::wstring_view a, std::wstring_view b);
 
-/// A word as it can be shown back to its typist: shortened, and without control characters.
+/// A word as it can be shown back to its typist: shortened, and without what could steer a
+/// terminal.
 std::wstring ShownWord(std::wstring_view word);
 
 /// "a, b or c".

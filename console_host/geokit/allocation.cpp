@@ -80,17 +80,17 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
     return resized;
 }
 
-[[noreturn]] void Fail()
-{
-    NoteAllocationFailure();
-    throw std::bad_alloc();
-}
-
 } // namespace
 
 void NoteAllocationFailure() noexcept
 {
     ++Failures();
+}
+
+void NoteAllocationFailureAndThrow()
+{
+    NoteAllocationFailure();
+    throw std::bad_alloc();
 }
 
 long AllocationFailures() noexcept
@@ -107,10 +107,10 @@ void* GK_Reallocate(void* block, std::size_t size)
 {
     long& left = AllocationsToFailure();
     if ((left > 0 && --left == 0) || size > LargestBlock)
-        Fail();
+        NoteAllocationFailureAndThrow();
     BlockHeader* const header = Resize(HeaderOf(block), size + sizeof(BlockHeader));
     if (header == nullptr)
-        Fail();
+        NoteAllocationFailureAndThrow();
     return header + 1;
 }
 

@@ -2,19 +2,15 @@
 
 #include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_checks.h"
+#include "console_host/geokit/point_box.h"
 
 #include "host/geokit/nurbs_curve.h"
-
-#include <algorithm>
-#include <cmath>
 
 bool GK_Curve::IsClosed() const
 {
     constexpr double Rounding = 1e-12;
     const GK_3dPoint start = PointAtStart();
-    const GK_3dPoint end = PointAtEnd();
-    const double size = std::max({std::abs(start.x), std::abs(start.y), std::abs(start.z)});
-    return start.DistanceTo(end) <= Rounding * size;
+    return start.DistanceTo(PointAtEnd()) <= Rounding * LargestCoordinate(start);
 }
 
 void GK_CurveProxy::SetProxyCurve(const GK_Curve* curve)

@@ -3,11 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-void GK_Material::Default()
-{
-    *this = GK_Material();
-}
-
 const GK_Material::Contents& GK_Material::View() const
 {
     static const Contents fresh;
@@ -20,11 +15,6 @@ GK_Material::Contents& GK_Material::Change()
     if (m_contents == nullptr || m_contents.use_count() > 1)
         m_contents = std::make_shared<Contents>(View());
     return *m_contents;
-}
-
-double GK_Material::MaxShine()
-{
-    return 255.0;
 }
 
 void GK_Material::SetShine(double shine)

@@ -1,10 +1,5 @@
 #include "host/geokit/object_attributes.h"
 
-void GK_MdxObjectAttributes::Default()
-{
-    *this = GK_MdxObjectAttributes();
-}
-
 void GK_MdxObjectAttributes::AddToGroup(int groupIndex)
 {
     MakeGroupsChangeable();

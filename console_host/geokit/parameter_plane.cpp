@@ -1,5 +1,7 @@
 #include "console_host/geokit/parameter_plane.h"
 
+#include "console_host/geokit/point_box.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,8 +12,7 @@ namespace {
 double Rounding(const GK_3dPoint& point)
 {
     constexpr double Units = 64.0;
-    const double size = std::max({std::abs(point.x), std::abs(point.y), std::abs(point.z)});
-    return Units * std::numeric_limits<double>::epsilon() * size;
+    return Units * std::numeric_limits<double>::epsilon() * LargestCoordinate(point);
 }
 
 // What two numbers that are meant to be equal may differ by when files print them with six digits:

@@ -3,7 +3,20 @@
 #include "host/geokit/point.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
+
+/// Returns the largest coordinate, its sign aside.
+inline double LargestCoordinate(const GK_3dPoint& point)
+{
+    return std::max({std::abs(point.x), std::abs(point.y), std::abs(point.z)});
+}
+
+template <class Point>
+bool IsFinite(const Point& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
 
 /// The box around points.
 struct PointBox

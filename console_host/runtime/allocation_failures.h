@@ -4,6 +4,9 @@
 /// where it happened.
 void NoteAllocationFailure() noexcept;
 
+/// Does so and throws std::bad_alloc.
+[[noreturn]] void NoteAllocationFailureAndThrow();
+
 /// Returns how many failed since the program began.
 [[nodiscard]] long AllocationFailures() noexcept;
 

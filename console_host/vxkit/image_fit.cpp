@@ -8,11 +8,6 @@
 
 namespace {
 
-bool IsFinite(const GK_3dPoint& point)
-{
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-}
-
 // A part of the interval, and how the image leaves its start and comes to its end.
 struct Part
 {

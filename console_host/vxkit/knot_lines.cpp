@@ -25,18 +25,13 @@ double KnotLines::Periods(double parameter) const
 double KnotLines::NextAbove(double parameter) const
 {
     constexpr double Infinity = std::numeric_limits<double>::infinity();
-    if (m_period == 0.0) {
-        const double* knot = std::upper_bound(m_first, m_last, parameter);
-        if (knot != m_last)
-            return *knot;
+    const bool closed = m_period != 0.0;
+    const double way = closed ? std::floor((parameter - m_domain[0]) / m_period) * m_period : 0.0;
+    const double* knot = std::upper_bound(m_first, m_last, parameter - way);
+    if (knot == m_last && !closed)
         return Infinity;
-    }
-    const double periods = std::floor((parameter - m_domain[0]) / m_period);
-    const double* knot = std::upper_bound(m_first, m_last, parameter - periods * m_period);
-    const double line = (knot == m_last ? m_domain[1] : *knot) + periods * m_period;
-    if (line > parameter)
-        return line;
-    return Infinity; // far outside, rounding swallows the period
+    const double line = (knot == m_last ? m_domain[1] : *knot) + way;
+    return line > parameter ? line : Infinity; // far outside, rounding swallows the period
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #include "console_host/vxkit/surface_image.h"
 
 #include "console_host/geokit/nurbs_evaluation.h"
+#include "console_host/geokit/point_box.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,11 +13,6 @@ namespace {
 bool IsInside(const double* span, double t)
 {
     return span[0] <= t && t < span[1];
-}
-
-double LargestCoordinate(const GK_3dPoint& point)
-{
-    return std::max({std::abs(point.x), std::abs(point.y), std::abs(point.z)});
 }
 
 } // namespace

@@ -16,7 +16,7 @@ class GK_Material
 public:
     /// Back to a fresh material: no name, ambient black, diffuse 128, 128, 128, specular and
     /// transparent white, no shine, no transparency, no textures.
-    void Default();
+    void Default() { *this = GK_Material(); }
 
     void SetName(GK_wString name) { Change().name = std::move(name); }
     [[nodiscard]] const GK_wString& Name() const { return View().name; }
@@ -32,7 +32,7 @@ public:
     GK_Color transparent{255, 255, 255};
 
     /// Returns the largest shine; above 0 and always the same.
-    [[nodiscard]] static double MaxShine();
+    [[nodiscard]] static double MaxShine() { return 255.0; }
 
     /// Sets the shine, kept within 0 to MaxShine(); what is not a number changes nothing.
     void SetShine(double shine);

@@ -29,7 +29,7 @@ public:
     GK_wString name; ///< empty: no name
 
     /// Back to the defaults: layer 0, no name, no groups, no material of its own.
-    void Default();
+    void Default() { *this = GK_MdxObjectAttributes(); }
 
     void RemoveFromAllGroups() { m_groups.reset(); }
 

@@ -95,6 +95,11 @@ public:
         return a.m_text == b.m_text || a.View() == b.View();
     }
 
+    friend std::strong_ordering operator<=>(const GK_wString& a, const GK_wString& b)
+    {
+        return a.View() <=> b.View();
+    }
+
 private:
     std::wstring& TextOfItsOwn();
 
