@@ -2,6 +2,7 @@
 
 #include "console_host/framework/work_note.h"
 #include "console_host/runtime/terminal.h"
+#include "console_host/runtime/text.h"
 #include "console_host/runtime/utf8.h"
 
 #include <cstdint>
@@ -20,13 +21,9 @@ bool IsDisguise(char32_t code)
            (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
-std::string Escape(char32_t code)
+std::string Escape(std::uint32_t code)
 {
-    constexpr std::string_view Digits = "0123456789ABCDEF";
-    std::string text = code <= 0xFF ? "\\x" : "\\u";
-    for (unsigned int bits = code <= 0xFF ? 8 : 16; bits > 0; bits -= 4)
-        text += Digits[code >> (bits - 4) & 0xFU];
-    return text;
+    return FormatText(code <= 0xFF ? "\\x%02X" : "\\u%04X", code);
 }
 
 bool IsLineEndOrTab(std::string_view text)

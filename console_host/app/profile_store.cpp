@@ -4,6 +4,7 @@
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
+#include "console_host/runtime/text.h"
 
 #include "host/geokit/string.h"
 
@@ -25,20 +26,16 @@ std::string_view Trimmed(std::string_view text)
 
 std::string Escaped(std::string_view name)
 {
-    constexpr const char* Digits = "0123456789ABCDEF";
     constexpr std::string_view Special = "%[]=;#";
     std::string text;
     for (std::size_t i = 0; i < name.size(); ++i) {
         const char character = name[i];
         const auto code = static_cast<unsigned char>(character);
         const bool endBlank = character == ' ' && (i == 0 || i + 1 == name.size());
-        if (code >= 0x20 && Special.find(character) == std::string_view::npos && !endBlank) {
+        if (code >= 0x20 && Special.find(character) == std::string_view::npos && !endBlank)
             text += character;
-            continue;
-        }
-        text += '%';
-        text += Digits[code >> 4];
-        text += Digits[code & 0xF];
+        else
+            text += FormatText("%%%02X", code);
     }
     return text;
 }
@@ -62,21 +59,12 @@ bool IsRemark(std::string_view line)
     return line.empty() || line.front() == ';' || line.front() == '#';
 }
 
-/// Whether a file may be replaced by settings: one with nothing in it, or a text that begins, after
-/// its remarks, with a section.
-bool LooksLikeSettings(std::string_view contents)
+/// Returns the name that a line puts between brackets; none for another line.
+std::optional<std::string> SectionOf(std::string_view line)
 {
-    if (contents.find('\0') != std::string_view::npos)
-        return false;
-    bool isEmpty = true;
-    std::optional<bool> beginsWithSection;
-    ForEachLine(contents, [&](std::string_view line) {
-        line = Trimmed(line);
-        isEmpty = isEmpty && line.empty();
-        if (!beginsWithSection && !IsRemark(line))
-            beginsWithSection = line.size() > 1 && line.front() == '[' && line.back() == ']';
-    });
-    return beginsWithSection.value_or(isEmpty);
+    if (line.size() < 2 || line.front() != '[' || line.back() != ']')
+        return std::nullopt;
+    return Unescaped(line.substr(1, line.size() - 2));
 }
 
 void Report(const char* what, const std::filesystem::path& path, const std::string& reason)
@@ -98,27 +86,35 @@ ProfileStore::ProfileStore(std::filesystem::path path) : m_path(std::move(path))
     }
 }
 
+/// Only a file with nothing in it, and a text that begins, after its remarks, with a section, may
+/// be replaced by settings.
 void ProfileStore::Load()
 {
+    const std::runtime_error isOther("it is no settings file");
     const std::string contents = ReadWholeFile(m_path);
-    if (!LooksLikeSettings(contents))
-        throw std::runtime_error("it is no settings file");
+    if (contents.find('\0') != std::string::npos)
+        throw isOther;
+    bool isEmpty = true;
+    std::map<std::string, Section> sections;
     Section* section = nullptr;
     ForEachLine(contents, [&](std::string_view line) {
         line = Trimmed(line);
+        isEmpty = isEmpty && line.empty();
         if (IsRemark(line))
             return;
-        if (line.front() == '[') {
-            const bool whole = line.size() > 1 && line.back() == ']';
-            section = whole ? &m_sections[Unescaped(line.substr(1, line.size() - 2))] : nullptr;
-            return;
-        }
-        const std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos || section == nullptr)
-            return;
-        (*section)[Unescaped(Trimmed(line.substr(0, equals)))] =
-            std::string(Trimmed(line.substr(equals + 1)));
+        if (const std::optional<std::string> name = SectionOf(line))
+            section = &sections[*name];
+        else if (sections.empty())
+            throw isOther;
+        else if (const std::size_t equals = line.find('='); line.front() == '[')
+            section = nullptr;
+        else if (equals != std::string_view::npos && section != nullptr)
+            (*section)[Unescaped(Trimmed(line.substr(0, equals)))] =
+                std::string(Trimmed(line.substr(equals + 1)));
     });
+    if (sections.empty() && !isEmpty)
+        throw isOther;
+    m_sections = std::move(sections);
 }
 
 std::optional<std::string> ProfileStore::Find(const wchar_t* section, const wchar_t* entry) const

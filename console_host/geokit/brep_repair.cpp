@@ -1,7 +1,7 @@
 #include "console_host/geokit/brep_repair.h"
 
 #include "console_host/geokit/brep_assembly.h"
-#include "console_host/geokit/text.h"
+#include "console_host/runtime/text.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "console_host/geokit/face_holes.h"
 #include "console_host/geokit/loop_shape.h"
 #include "console_host/geokit/nurbs_evaluation.h"
-#include "console_host/geokit/text.h"
+#include "console_host/runtime/text.h"
 
 #include <algorithm>
 #include <cstdint>

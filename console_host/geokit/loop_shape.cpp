@@ -1,6 +1,6 @@
 #include "console_host/geokit/loop_shape.h"
 
-#include "console_host/geokit/text.h"
+#include "console_host/runtime/text.h"
 
 #include <algorithm>
 #include <cmath>

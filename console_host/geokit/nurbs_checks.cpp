@@ -1,6 +1,6 @@
 #include "console_host/geokit/nurbs_checks.h"
 
-#include "console_host/geokit/text.h"
+#include "console_host/runtime/text.h"
 
 #include "host/geokit/curve.h"
 

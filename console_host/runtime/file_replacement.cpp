@@ -1,6 +1,7 @@
 #include "console_host/runtime/file_replacement.h"
 
 #include "console_host/runtime/file_steps.h"
+#include "console_host/runtime/text.h"
 
 #include <array>
 #include <atomic>
@@ -38,19 +39,14 @@ void Remove(const NativeChar* path) noexcept
 #endif
 }
 
-constexpr std::size_t RandomWords = 4;
-
 /// A name that nobody can guess, for a file beside `target`.
 std::filesystem::path FreshName(const std::filesystem::path& target)
 {
-    constexpr std::string_view Digits = "0123456789abcdef";
+    constexpr int RandomWords = 4;
     std::random_device device;
     std::string name = ".kelvo-";
-    for (std::size_t word = 0; word < RandomWords; ++word) {
-        unsigned int bits = device();
-        for (int digit = 0; digit < 8; ++digit, bits >>= 4U)
-            name += Digits[bits & 0xFU];
-    }
+    for (int word = 0; word < RandomWords; ++word)
+        name += FormatText("%08x", device());
     return FolderOf(target) / (name + ".tmp");
 }
 

@@ -1,6 +1,6 @@
 #include "console_host/geokit/knots.h"
 #include "console_host/geokit/nurbs_evaluation.h"
-#include "console_host/geokit/text.h"
+#include "console_host/runtime/text.h"
 #include "console_host/vxkit/curve_restriction.h"
 #include "console_host/vxkit/image_fit.h"
 #include "console_host/vxkit/pushup_allowance.h"
