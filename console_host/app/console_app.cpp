@@ -54,11 +54,6 @@ bool ConsoleApp::DoHelp(int topicId)
     return ShowHelpTopic(topicId);
 }
 
-void ConsoleApp::SetProfile(std::unique_ptr<ProfileStore> profile)
-{
-    m_profile = std::move(profile);
-}
-
 ImportJournal ConsoleApp::TakeJournal()
 {
     PushupAllowance::Current().Restart();

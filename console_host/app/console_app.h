@@ -30,7 +30,7 @@ public:
     void SetPrintStream(std::FILE* stream) { m_printStream = stream; }
 
     /// The settings store; without one set, settings live as long as the program.
-    void SetProfile(std::unique_ptr<ProfileStore> profile);
+    void SetProfile(std::unique_ptr<ProfileStore> profile) { m_profile = std::move(profile); }
     ProfileStore& Profile() { return *m_profile; }
 
     /// The files that imports have read, but for the imported ones.

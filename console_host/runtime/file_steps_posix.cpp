@@ -12,6 +12,8 @@
 
 namespace {
 
+using Status = struct stat;
+
 constexpr mode_t ReadAndWrite = 0666;
 constexpr mode_t Permissions = 0777;
 
@@ -68,9 +70,7 @@ void SyncFolder(const std::filesystem::path& folder)
 
 std::FILE* CreateFresh(const std::filesystem::path& fresh, const std::filesystem::path& target)
 {
-    struct stat old
-    {
-    };
+    Status old{};
     const bool replaces = lstat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode);
     if (replaces && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
         ThrowError();

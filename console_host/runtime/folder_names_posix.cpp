@@ -12,6 +12,8 @@
 
 namespace {
 
+using Status = struct stat;
+
 /// The name without differences of case, letters beyond ASCII included, whatever the process's
 /// locale is.
 std::wstring Folded(std::string_view name)
@@ -60,9 +62,7 @@ std::string FolderNames::Find(const std::string& folder, std::string_view name)
 const FolderNames::Names& FolderNames::NamesIn(const std::string& folder)
 {
     static const Names none;
-    struct stat status
-    {
-    };
+    Status status{};
     if (stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
         return none;
     const std::pair key(status.st_dev, status.st_ino);

@@ -15,10 +15,10 @@ struct Part
     double t1;
     GK_CurvePoint start;
     GK_CurvePoint end;
-    double error; // at a quarter, a half and three quarters of the way
     double rounding;
-    int depth;    // how often it was divided
-    bool regular; // the error goes as that of a short piece does
+    double error = 0.0;   // at a quarter, a half and three quarters of the way
+    int depth = 0;        // how often it was divided
+    bool regular = false; // the error goes as that of a short piece does
 
     [[nodiscard]] HermitePiece Piece(double tolerance) const
     {
@@ -115,14 +115,8 @@ ImageFit::Outcome Fit::Begin(const std::vector<double>& breaks)
         const double t0 = breaks[i];
         const double t1 = breaks[i + 1];
         const double near = Inside * (t1 - t0);
-        Part part{t0,
-                  t1,
-                  m_image.Evaluate(t0, t0 + near),
-                  m_image.Evaluate(t1, t1 - near),
-                  0.0,
-                  m_image.Rounding(0.5 * (t0 + t1)),
-                  0,
-                  false};
+        Part part{t0, t1, m_image.Evaluate(t0, t0 + near), m_image.Evaluate(t1, t1 - near),
+                  m_image.Rounding(0.5 * (t0 + t1))};
         Count(PointsOfPart - PointsToMeasure);
         m_box.Add(part.start.point);
         Measure(part);

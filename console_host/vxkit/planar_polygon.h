@@ -11,6 +11,11 @@ struct PlanarPoint
     friend bool operator==(const PlanarPoint&, const PlanarPoint&) = default;
 };
 
+inline double SquaredDistance(const PlanarPoint& a, const PlanarPoint& b)
+{
+    return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
+}
+
 /// Twice the signed area of the triangle a, b, c: positive when it turns to the left. The sign is
 /// exact.
 double Orientation(const PlanarPoint& a, const PlanarPoint& b, const PlanarPoint& c);

@@ -19,8 +19,7 @@ bool IsClearlyConvex(std::span<const PlanarPoint> points, double tolerance)
     bool wasUp = goesUp(a, b);
     for (const PlanarPoint& c : points) {
         const double area = (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
-        const double chord = (c.x - a.x) * (c.x - a.x) + (c.y - a.y) * (c.y - a.y);
-        if (!(area > 0.0 && area * area > tolerance * tolerance * chord))
+        if (!(area > 0.0 && area * area > tolerance * tolerance * SquaredDistance(a, c)))
             return false;
         const bool isUp = goesUp(b, c);
         reversals += isUp != wasUp ? 1 : 0;
@@ -54,9 +53,6 @@ enum class Outcome
 /// Wrong when a triangle turns to the right; narrow when the height of one is within the tolerance.
 Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<const int> triangles)
 {
-    const auto squaredDistance = [](const PlanarPoint& a, const PlanarPoint& b) {
-        return (b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y);
-    };
     Outcome outcome = Outcome::Good;
     for (std::size_t i = 0; i < triangles.size(); i += 3) {
         const PlanarPoint& a = points[static_cast<std::size_t>(triangles[i])];
@@ -66,7 +62,7 @@ Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<c
         if (area < 0.0)
             return Outcome::Wrong;
         const double longest =
-            std::max({squaredDistance(a, b), squaredDistance(b, c), squaredDistance(c, a)});
+            std::max({SquaredDistance(a, b), SquaredDistance(b, c), SquaredDistance(c, a)});
         if (area * area <= tolerance * tolerance * longest)
             outcome = Outcome::Narrow;
     }

@@ -2,15 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-double SquaredDistance(const PlanarPoint& a, const PlanarPoint& b)
-{
-    return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
-}
-
-} // namespace
-
 EarClipper::EarClipper(std::span<const PlanarPoint> points, double tolerance)
     : m_points(points), m_tolerance(tolerance), m_count(static_cast<int>(points.size()))
 {
