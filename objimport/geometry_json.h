@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console_host/app/document_object.h"
+#include "console_host/app/document.h"
 #include "objimport/json_stream.h"
 
 /// Writes the members that hold an object's geometry.

@@ -1,12 +1,29 @@
 #pragma once
 
-#include "console_host/app/document_object.h"
 #include "console_host/app/document_tables.h"
 
 #include "host/app/doc.h"
 
 #include <deque>
+#include <variant>
 #include <vector>
+
+/// The geometry of something in a document, by its kind; null when there is none.
+using AnyGeometry = std::variant<const GK_Mesh*, const GK_Curve*, const GK_3dPoint*,
+                                 const GK_PointCloud*, const GK_Brep*>;
+
+/// A view of something in a document; good until the document changes.
+struct DocumentObject
+{
+    const GK_MdxObjectAttributes* attributes;
+    AnyGeometry geometry;
+};
+
+/// Returns the geometry of an object, null while it has none.
+AnyGeometry GeometryOf(const CKelvoObject& object);
+
+/// Returns the kind of geometry in one word: "mesh", "curve", "point", "point_cloud", "brep".
+const char* KindOf(const AnyGeometry& geometry);
 
 /// A view of a document; the console shows none, so it only knows what it would show.
 class CKelvoView

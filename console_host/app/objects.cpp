@@ -1,6 +1,6 @@
 #include "host/app/objects.h"
 
-#include "console_host/app/document_object.h"
+#include "console_host/app/document.h"
 #include "console_host/app/import_journal.h"
 #include "console_host/geokit/brep_repair.h"
 

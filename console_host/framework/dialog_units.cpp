@@ -50,11 +50,9 @@ void DialogUnits::MakeRoomFor(const DialogControl& control)
 
 DialogRect DialogUnits::Pixels(const DialogRect& rect) const
 {
-    const auto across = [this](int units) {
-        return static_cast<int>(std::lround(units * m_unitWidth));
+    const auto pixels = [](int units, double unit) {
+        return static_cast<int>(std::lround(units * unit));
     };
-    const auto down = [this](int units) {
-        return static_cast<int>(std::lround(units * m_unitHeight));
-    };
-    return {across(rect.x), down(rect.y), across(rect.width), down(rect.height)};
+    return {pixels(rect.x, m_unitWidth), pixels(rect.y, m_unitHeight),
+            pixels(rect.width, m_unitWidth), pixels(rect.height, m_unitHeight)};
 }

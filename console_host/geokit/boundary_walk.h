@@ -22,8 +22,7 @@ using SeamPlaces = std::array<std::vector<double>, 2>;
 struct DomainLoop
 {
     std::vector<DomainPiece> pieces;
-    SeamPlaces seamEnds; ///< where pieces along seams that were taken out begin and end
-    int number = 0;      ///< of the loop in the brep, from 1
+    int number = 0; ///< of the loop in the brep, from 1
     GK_BrepLoop::TYPE type = GK_BrepLoop::unknown;
 };
 
@@ -46,8 +45,8 @@ struct BoundaryWalk
 
 /// Takes out of the loops of a face what a walk along the sides of the domain makes again: what
 /// runs along a pole, and along a seam what runs there in both directions. The pieces that follow
-/// are marked.
-void StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane);
+/// are marked. Returns where the pieces along seams that were taken out begin and end.
+SeamPlaces StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane);
 
 /// The loop does not go on from the piece to the next one, but from seam to seam, along a pole or
 /// along what was taken out.

@@ -91,15 +91,6 @@ private:
     bool m_natural = false; // the sides of the domain bound the face
 };
 
-SeamPlaces SeamEndsOf(const std::vector<DomainLoop>& loops)
-{
-    SeamPlaces ends;
-    for (const DomainLoop& loop : loops)
-        for (const std::size_t d : {0U, 1U})
-            ends[d].insert(ends[d].end(), loop.seamEnds[d].begin(), loop.seamEnds[d].end());
-    return ends;
-}
-
 // The loop has places where it goes on elsewhere on the sides of the domain.
 bool HasBreak(const DomainLoop& loop, const ParameterPlane& plane)
 {
@@ -115,9 +106,8 @@ BoundedFaces Bounder::Run()
     if (!Shape() || !Orient())
         return {};
     std::vector<DomainLoop> loops = Cut();
-    StripSeams(loops, m_plane);
     BoundedFaces bounded;
-    bounded.seamBreaks = SeamEndsOf(loops);
+    bounded.seamBreaks = StripSeams(loops, m_plane);
     DropEmptyInner(loops);
     DropCrossingAtSeams(loops);
     std::vector<WalkedLoop> walked;
@@ -289,8 +279,7 @@ std::vector<DomainLoop> Bounder::Cut() const
     std::vector<DomainLoop> loops;
     loops.reserve(m_loops.size());
     for (const LoopShape& loop : m_loops)
-        loops.push_back(
-            {CutAtSeams(loop.pieces, loop.samples, m_plane), {}, loop.number, loop.type});
+        loops.push_back({CutAtSeams(loop.pieces, loop.samples, m_plane), loop.number, loop.type});
     return loops;
 }
 

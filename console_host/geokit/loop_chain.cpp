@@ -9,17 +9,6 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-using Ends = std::array<Uv, 2>; // start and end
-
-std::vector<Ends> EndsOf(const std::vector<LoopPiece>& pieces)
-{
-    std::vector<Ends> ends;
-    ends.reserve(pieces.size());
-    for (const LoopPiece& piece : pieces)
-        ends.push_back({piece.Start(), piece.End()});
-    return ends;
-}
-
 // How badly a piece that starts at `to` follows one that ends at `from`. What needs no step across
 // a seam or along a pole comes first.
 double Gap(const Uv& from, const Uv& to, const ParameterPlane& plane)
@@ -39,9 +28,12 @@ double Gap(const Uv& from, const Uv& to, const ParameterPlane& plane)
 class Directions
 {
 public:
-    Directions(const std::vector<Ends>& ends, const ParameterPlane& plane)
-        : m_ends(ends), m_plane(plane), m_from(ends.size())
+    Directions(const std::vector<LoopPiece>& pieces, const ParameterPlane& plane)
+        : m_plane(plane), m_from(pieces.size())
     {
+        m_ends.reserve(pieces.size());
+        for (const LoopPiece& piece : pieces)
+            m_ends.push_back({piece.Start(), piece.End()});
     }
 
     // Returns the sum of gaps.
@@ -54,7 +46,7 @@ private:
         return Gap(m_ends[piece][1 - turned], m_ends[next][nextTurned], m_plane);
     }
 
-    const std::vector<Ends>& m_ends;
+    std::vector<std::array<Uv, 2>> m_ends; // start and end of each piece
     const ParameterPlane& m_plane;
     std::vector<std::array<char, 2>> m_from; // the direction of the piece before that costs less
 };
@@ -88,8 +80,7 @@ void ChooseDirections(std::vector<LoopPiece>& pieces, const ParameterPlane& plan
     if (pieces.size() == 1)
         return;
     constexpr double Noise = 1e-9;
-    const std::vector<Ends> ends = EndsOf(pieces);
-    Directions directions(ends, plane);
+    Directions directions(pieces, plane);
     std::vector<char> asGiven;
     std::vector<char> firstTurned;
     const double costAsGiven = directions.Solve(false, asGiven);

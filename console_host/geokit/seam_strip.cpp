@@ -55,7 +55,7 @@ class Stripper
 public:
     Stripper(const std::vector<DomainLoop>& loops, const ParameterPlane& plane);
 
-    void Strip(DomainLoop& loop) const;
+    void Strip(DomainLoop& loop, SeamPlaces& seamEnds) const;
 
 private:
     [[nodiscard]] const Coverage& Across(Side side) const
@@ -90,7 +90,7 @@ bool Stripper::IsDouble(const DomainPiece& piece) const
     return Across(*piece.side).Holds(0.5 * (piece.piece.Start()[along] + piece.piece.End()[along]));
 }
 
-void Stripper::Strip(DomainLoop& loop) const
+void Stripper::Strip(DomainLoop& loop, SeamPlaces& seamEnds) const
 {
     std::vector<DomainPiece> kept;
     bool stripped = false;
@@ -112,7 +112,7 @@ void Stripper::Strip(DomainLoop& loop) const
                 stripped = true;
                 const std::size_t across = ::Across(*part.side);
                 for (const Uv& end : {part.piece.Start(), part.piece.End()})
-                    loop.seamEnds[across].push_back(end[1 - across]);
+                    seamEnds[across].push_back(end[1 - across]);
             }
         }
     }
@@ -123,9 +123,11 @@ void Stripper::Strip(DomainLoop& loop) const
 
 } // namespace
 
-void StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane)
+SeamPlaces StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane)
 {
+    SeamPlaces seamEnds;
     const Stripper stripper(loops, plane);
     for (DomainLoop& loop : loops)
-        stripper.Strip(loop);
+        stripper.Strip(loop, seamEnds);
+    return seamEnds;
 }

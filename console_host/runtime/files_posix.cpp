@@ -36,15 +36,6 @@ bool IsPlain(int descriptor)
     return status.st_size > 0 || pread(descriptor, bytes, sizeof bytes, 0) <= 0;
 }
 
-/// The folder's own path, then the name as it stands in it.
-std::filesystem::path KeyOf(const std::filesystem::path& path)
-{
-    std::error_code error;
-    const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
-    const std::filesystem::path canonical = std::filesystem::canonical(folder, error);
-    return error ? path.lexically_normal() : canonical / path.filename();
-}
-
 } // namespace
 
 FileKind KindOfFile(const std::filesystem::path& path) noexcept
@@ -134,10 +125,14 @@ bool IsPlainFile(std::FILE* stream)
 
 std::filesystem::path FileKey(const wchar_t* name)
 {
-    return KeyOf(NativePath(name));
+    return FileKey(NativePath(name).c_str());
 }
 
+/// The folder's own path, then the name as it stands in it.
 std::filesystem::path FileKey(const char* name)
 {
-    return KeyOf(name);
+    std::error_code error;
+    const std::filesystem::path path = name;
+    const std::filesystem::path folder = std::filesystem::canonical(FolderOf(path), error);
+    return error ? path.lexically_normal() : folder / path.filename();
 }
