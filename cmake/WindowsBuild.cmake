@@ -5,7 +5,7 @@
 # see; so only those packages are linked into a folder of the build.
 set(windows_headers ${PROJECT_BINARY_DIR}/include)
 file(MAKE_DIRECTORY ${windows_headers})
-foreach(package CLI nlohmann)
+foreach(package CLI nlohmann tiny_gltf.h)
     if(NOT EXISTS /usr/include/${package})
         message(FATAL_ERROR "/usr/include/${package} is missing; run scripts/install-packages")
     endif()

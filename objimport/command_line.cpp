@@ -1,11 +1,13 @@
 #include "objimport/command_line.h"
 
 #include "objimport/program_error.h"
+#include "objimport/saved_forms.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <tuple>
 
 CommandLine::CommandLine()
     : m_app(std::make_unique<CLI::App>(
@@ -71,11 +73,48 @@ void CommandLine::AddProgramOptions()
         m_app->add_option(name, path, description)->option_text("PATH");
     };
     addPath("--json", json, "Write the document as JSON; -: to standard output");
+    AddSaveOptions();
     addPath("--settings", settings, "The settings file to use");
     addPath("--strings", strings, "A table of texts in the user's language");
     addPath("--module", module, "The plug-in's module (default: beside this program)");
     m_app->add_flag("--about", about, "Show what the module says of itself and end");
     m_app->add_flag("-q,--quiet", quiet, "Show neither messages nor summary");
+}
+
+void CommandLine::AddSaveOptions()
+{
+    m_app
+        ->add_option("--save", saves,
+                     "Write the document as the ending says, .glb, .step, .stp or .png; may be "
+                     "given again")
+        ->option_text("PATH")
+        ->expected(1)
+        ->take_all();
+    m_app
+        ->add_option_function<std::string>(
+            "--view",
+            [this](const std::string& name) {
+                const std::optional<ExchangeView> view = ViewOfName(name);
+                if (!view)
+                    throw ProgramError("--view takes iso, top, front or right, not " + name);
+                picture.view = *view;
+            },
+            "Where the picture is seen from (iso)")
+        ->option_text("iso|top|front|right");
+    m_app
+        ->add_option_function<std::string>(
+            "--size",
+            [this](const std::string& text) {
+                const auto size = SizeOfText(text);
+                if (!size)
+                    throw ProgramError("--size takes two numbers of pixels from " +
+                                       std::to_string(ExchangePicture::LeastSide) + " to " +
+                                       std::to_string(ExchangePicture::MostSide) +
+                                       ", such as 1200x900, not " + text);
+                std::tie(picture.width, picture.height) = *size;
+            },
+            "Size of the picture in pixels (1200x900)")
+        ->option_text("WxH");
 }
 
 void CommandLine::CheckWhatIsAsked() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "objimport/exchange/exchange.h"
 #include "objimport/option_switches.h"
 
 #include <memory>
@@ -31,6 +32,8 @@ struct CommandLine
     double tolerance = 0.001;
     std::string run; ///< the command to run; empty: none
     std::string json;
+    std::vector<std::string> saves; ///< files to write, in forms that their endings name
+    ExchangePicture picture;
     std::string settings;
     std::string strings;
     std::string module;
@@ -48,6 +51,7 @@ private:
     void AddOptionSwitches();
     void AddImportOptions();
     void AddProgramOptions();
+    void AddSaveOptions();
     void CheckWhatIsAsked() const;
 
     std::unique_ptr<CLI::App> m_app;

@@ -1,13 +1,12 @@
 #include "objimport/json_file.h"
 
-#include "console_host/app/console_app.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/document_json.h"
+#include "objimport/file_uses.h"
 #include "objimport/program_error.h"
 
-#include <algorithm>
 #include <new>
 
 namespace {
@@ -16,34 +15,6 @@ namespace {
 {
     const std::string target = name == "-" ? "to standard output" : name;
     throw ProgramError("cannot write " + target + ": " + why);
-}
-
-bool IsTextureOf(const GK_Material& material, const FileIdentity& file)
-{
-    const auto& textures = material.Textures();
-    return std::any_of(textures.begin(), textures.end(), [&](const GK_Texture& texture) {
-        return IdentityOf(NativePath(texture.filename.View())) == file;
-    });
-}
-
-/// What the file is to the document, when it is to be kept: "a texture"; null otherwise.
-const char* UseOf(const FileIdentity& file, const ConsoleDoc& doc)
-{
-    if (ConsoleApp::Instance().FilesRead().contains(file))
-        return "a file that the import has read";
-    for (int i = 0; i < doc.Materials().Count(); ++i)
-        if (IsTextureOf(doc.Materials()[i], file))
-            return "a texture of the document";
-    return nullptr;
-}
-
-void CheckUse(const std::filesystem::path& path, const ConsoleDoc& doc)
-{
-    if (KindOfFile(path) != FileKind::Plain)
-        return;
-    const std::optional<FileIdentity> identity = IdentityOf(path);
-    if (const char* use = identity ? UseOf(*identity, doc) : nullptr)
-        throw ProgramError("the JSON would replace " + Utf8Path(path) + ", " + use);
 }
 
 void WriteTo(std::FILE* stream, std::span<const ImportRecord> imports, const ConsoleDoc& doc)
@@ -70,7 +41,7 @@ try {
     if (name == "-")
         return WriteTo(stdout, imports, doc);
     const std::filesystem::path path = PathFromUtf8(name);
-    CheckUse(path, doc);
+    CheckIsNotUsed(path, doc, "the JSON");
     FileReplacement file(path, FileReplacement::Links::Follow);
     WriteTo(file.Stream(), imports, doc);
     file.Commit();

@@ -4,6 +4,15 @@
 
 #include <algorithm>
 
+namespace {
+
+GK_wString SectionOf(const GK_UUID& plugInId)
+{
+    return GK_wString(std::string_view("Plug-Ins\\" + GK_UuidToString(plugInId) + "\\Settings"));
+}
+
+} // namespace
+
 OptionSwitches::OptionSwitches()
     : switches{
           {"object-names",
@@ -37,8 +46,7 @@ bool OptionSwitches::AnyGiven() const
 
 void OptionSwitches::WriteTo(CKelvoProfileContext& profile, const GK_UUID& plugInId) const
 {
-    const GK_wString section(
-        std::string_view("Plug-Ins\\" + GK_UuidToString(plugInId) + "\\Settings"));
+    const GK_wString section = SectionOf(plugInId);
     const std::vector<std::string>& choices = GroupChoices();
     if (groups) {
         const auto choice = std::find(choices.begin(), choices.end(), *groups) - choices.begin();
@@ -47,4 +55,11 @@ void OptionSwitches::WriteTo(CKelvoProfileContext& profile, const GK_UUID& plugI
     for (const OptionSwitch& one : switches)
         if (one.value)
             profile.WriteBool(section.Array(), one.entry, *one.value);
+}
+
+bool OptionSwitches::IsOn(CKelvoProfileContext& profile, const GK_UUID& plugInId,
+                          const wchar_t* entry)
+{
+    bool isOn = false;
+    return profile.ReadBool(SectionOf(plugInId).Array(), entry, isOn) && isOn;
 }

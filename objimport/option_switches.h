@@ -33,4 +33,7 @@ struct OptionSwitches
 
     /// Writes the given ones into the plug-in's section of a settings store.
     void WriteTo(CKelvoProfileContext& profile, const GK_UUID& plugInId) const;
+
+    /// Returns whether an entry of the plug-in's section is there and is on.
+    static bool IsOn(CKelvoProfileContext& profile, const GK_UUID& plugInId, const wchar_t* entry);
 };

@@ -31,8 +31,9 @@ class Library
 public:
     using Function = void (*)();
 
-    /// Throws ProgramError, which names the file and the reason, when it cannot be loaded.
-    explicit Library(const std::filesystem::path& path);
+    /// Throws ProgramError, which names the file, `what` it is and the reason, when it cannot be
+    /// loaded.
+    explicit Library(const std::filesystem::path& path, const std::string& what = "module");
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
     ~Library();

@@ -49,14 +49,15 @@ StandardStreams::StandardStreams()
 
 StandardStreams::~StandardStreams() = default;
 
-Library::Library(const std::filesystem::path& path) : m_handle(dlopen(path.c_str(), RTLD_NOW))
+Library::Library(const std::filesystem::path& path, const std::string& what)
+    : m_handle(dlopen(path.c_str(), RTLD_NOW))
 {
     if (m_handle != nullptr)
         return;
     std::string reason = dlerror();
     if (const std::string start = path.native() + ": "; reason.rfind(start, 0) == 0)
         reason.erase(0, start.size());
-    throw ProgramError("cannot load the module " + path.native() + ": " + reason);
+    throw ProgramError("cannot load the " + what + " " + path.native() + ": " + reason);
 }
 
 Library::~Library()

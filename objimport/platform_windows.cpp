@@ -50,7 +50,7 @@ StandardStreams::~StandardStreams()
         SetConsoleOutputCP(m_before);
 }
 
-Library::Library(const std::filesystem::path& path)
+Library::Library(const std::filesystem::path& path, const std::string& what)
 {
     // No box of the system's own for a file that is no module.
     const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS);
@@ -58,7 +58,7 @@ Library::Library(const std::filesystem::path& path)
     const auto error = static_cast<int>(GetLastError());
     SetErrorMode(before);
     if (m_handle == nullptr)
-        throw ProgramError("cannot load the module " + Utf8Path(path) + ": " +
+        throw ProgramError("cannot load the " + what + " " + Utf8Path(path) + ": " +
                            std::system_category().message(error));
 }
 

@@ -11,6 +11,7 @@
 #include "objimport/import_session.h"
 #include "objimport/json_file.h"
 #include "objimport/program_error.h"
+#include "objimport/saved_forms.h"
 #include "objimport/summary.h"
 
 #include "host/app/command.h"
@@ -53,13 +54,15 @@ void CheckReplacements(const CommandLine& commandLine)
     std::vector<Use> uses = {
         {"the JSON", commandLine.json == "-" ? std::string() : commandLine.json},
         {"the settings",
-         commandLine.settings.empty() ? Utf8Path(UserSettings()) : commandLine.settings},
-        {"the string table", commandLine.strings},
-        {"the module", commandLine.module}};
+         commandLine.settings.empty() ? Utf8Path(UserSettings()) : commandLine.settings}};
+    for (const std::string& file : commandLine.saves)
+        uses.push_back({"the saved document", file});
+    const std::size_t written = uses.size();
+    uses.push_back({"the string table", commandLine.strings});
+    uses.push_back({"the module", commandLine.module});
     for (const std::string& file : commandLine.files)
         uses.push_back({"the input " + file, file});
-    constexpr std::size_t Written = 2;
-    for (std::size_t i = 0; i < Written; ++i)
+    for (std::size_t i = 0; i < written; ++i)
         for (std::size_t j = i + 1; j < uses.size(); ++j)
             if (!uses[i].file.empty() && !uses[j].file.empty() &&
                 IsSameFile(PathFromUtf8(uses[i].file), PathFromUtf8(uses[j].file)))
@@ -202,8 +205,19 @@ int RunPlugInCommand(const CommandLine& commandLine, PlugInModule& module)
     return result == CommandSuccess ? 0 : ImportFailed;
 }
 
+/// Writes the document in the forms that --save asks for; what was written is told the user.
+void SaveForms(const CommandLine& commandLine, const SavedForms& forms, const ConsoleDoc& doc,
+               const DocumentOrigin& origin, std::FILE* user)
+{
+    if (commandLine.quiet)
+        return forms.Write(commandLine.saves, doc, origin, nullptr);
+    WriteForUser(user,
+                 [&](TextOutput& output) { forms.Write(commandLine.saves, doc, origin, &output); });
+}
+
 int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
 {
+    const SavedForms forms(commandLine.saves, commandLine.picture);
     // All that the messages and the summary are written to.
     std::FILE* user = commandLine.json == "-" ? stderr : stdout;
     PrepareHost(commandLine, module, user);
@@ -217,7 +231,9 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     options.SetMode(ReadModeAskOnCommandLine, commandLine.asking != Asking::Dialog);
     options.SetMode(ReadModeZoomExtents, commandLine.zoom);
     ImportSession session(module.PlugIn(), doc, options);
+    DocumentOrigin origin;
     for (const std::string& file : commandLine.files) {
+        origin.sources.push_back({file, static_cast<std::size_t>(doc.ObjectCount())});
         session.Import(file);
         CheckDialogsWereShown();
     }
@@ -228,6 +244,9 @@ int ImportFiles(const CommandLine& commandLine, PlugInModule& module)
     if (!commandLine.quiet)
         WriteForUser(user,
                      [&](TextOutput& output) { WriteSummary(output, session.Imports(), doc); });
+    origin.isZUp =
+        OptionSwitches::IsOn(ConsoleApp::Instance().Profile(), module.PlugIn().PlugInId(), L"ZUp");
+    SaveForms(commandLine, forms, doc, origin, user);
     return session.AllSucceeded() ? 0 : ImportFailed;
 }
 
