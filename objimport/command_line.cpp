@@ -88,7 +88,7 @@ void CommandLine::AddSaveOptions()
                      "Write the document as the ending says, .glb, .step, .stp or .png; may be "
                      "given again")
         ->option_text("PATH")
-        ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     m_app
         ->add_option_function<std::string>(

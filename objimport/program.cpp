@@ -56,7 +56,7 @@ void CheckReplacements(const CommandLine& commandLine)
         {"the settings",
          commandLine.settings.empty() ? Utf8Path(UserSettings()) : commandLine.settings}};
     for (const std::string& file : commandLine.saves)
-        uses.push_back({"the saved document", file});
+        uses.push_back({"the saved file " + file, file});
     const std::size_t written = uses.size();
     uses.push_back({"the string table", commandLine.strings});
     uses.push_back({"the module", commandLine.module});

@@ -136,7 +136,7 @@ ExchangeOutcome SavedForms::WriteFile(const std::string& path, const ConsoleDoc&
                                       const ExchangeDocument& view) const
 try {
     const std::filesystem::path native = PathFromUtf8(path);
-    CheckIsNotUsed(native, doc, "the saved document");
+    CheckIsNotUsed(native, doc, "the saved form");
     FileReplacement file(native, FileReplacement::Links::Follow);
     const ExchangeRequest request{*FormOfEnding(path), &view, m_picture, file.Stream()};
     ExchangeOutcome outcome = m_library->Write(request);
