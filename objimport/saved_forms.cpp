@@ -158,6 +158,8 @@ void SavedForms::Write(std::span<const std::string> paths, const ConsoleDoc& doc
     if (paths.empty())
         return;
     const ExchangeDocument view = ViewOf(doc, origin);
+    if (output != nullptr)
+        output->Write('\n');
     for (const std::string& path : paths) {
         const ExchangeOutcome outcome = WriteFile(path, doc, view);
         if (output != nullptr)

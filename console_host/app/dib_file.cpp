@@ -79,7 +79,10 @@ try {
         return 0;
     // The name was made from what stands in a file, so a link there is not followed.
     FileReplacement file(NativePath(path), FileReplacement::Links::Replace);
-    if (!WritePng(*this, file.Stream()))
+    const auto write = [&](ImageBytes bytes) {
+        return std::fwrite(bytes.data(), 1, bytes.size(), file.Stream()) == bytes.size();
+    };
+    if (!WritePng(*this, write))
         return 0;
     file.Commit();
     return 1;
@@ -87,4 +90,22 @@ try {
     return 0;
 } catch (const std::bad_alloc&) {
     return 0;
+}
+
+std::vector<unsigned char> CKelvoDib::PngBytes() const
+try {
+    std::vector<unsigned char> file;
+    const auto append = [&](ImageBytes bytes) {
+        try {
+            file.insert(file.end(), bytes.begin(), bytes.end());
+            return true;
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+    };
+    if (FindDIBBits() == nullptr || !WritePng(*this, append))
+        file.clear();
+    return file;
+} catch (const std::bad_alloc&) {
+    return {};
 }

@@ -164,7 +164,7 @@ bool ReadJpeg(ImageBytes file, ImageBuilder& image)
     return ReadFile(GUID_ContainerFormatJpeg, file, 24, image);
 }
 
-bool WritePng(const CKelvoUiDib& image, std::FILE* stream)
+bool WritePng(const CKelvoUiDib& image, const PutImageBytes& put)
 try {
     const ComUse com;
     // A stream that grows would be copied with each few bytes more; no PNG is larger than this.
@@ -173,7 +173,7 @@ try {
     Encode(image, {reinterpret_cast<unsigned char*>(bytes.data()), bytes.size()});
     // Only zeros follow the end mark and its checksum.
     const std::size_t used = bytes.rfind("IEND") + 8;
-    return std::fwrite(bytes.data(), 1, used, stream) == used;
+    return put({reinterpret_cast<const unsigned char*>(bytes.data()), used});
 } catch (const Failed&) {
     return false;
 }

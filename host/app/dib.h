@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 class CKelvoPalette;
 
@@ -88,4 +89,8 @@ public:
     /// success; otherwise an older file is unchanged. Fails for other extensions, without pixels
     /// and when out of memory.
     [[nodiscard]] int WriteToFile(const wchar_t* path) const;
+
+    /// Returns the image as the bytes of a PNG file; none without pixels, when the image cannot be
+    /// written as such, and when out of memory.
+    [[nodiscard]] std::vector<unsigned char> PngBytes() const;
 };

@@ -65,6 +65,8 @@ TEST(Dib, WrittenImagesReadBackTheSame)
             const fs::path path = folder / PathFromUtf8("\xE6\x9C\xA8 \xC3\xA9.PnG");
             ASSERT_TRUE(WriteDib(image, path));
             EXPECT_EQ(FileCount(folder), 1);
+            const std::vector<unsigned char> bytes = image.PngBytes();
+            EXPECT_EQ(std::string(bytes.begin(), bytes.end()), ReadBytes(path));
             CKelvoDib back;
             ASSERT_TRUE(ReadDib(back, path));
             EXPECT_EQ(back.GetDepth(), depth);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "host/app/dib.h"
+#include "host/geokit/string.h"
+
+#include <string>
+#include <vector>
+
+/// An image as it can stand in another file.
+struct EmbeddedImage
+{
+    std::vector<unsigned char> file; ///< a PNG or JPEG
+    bool isJpeg = false;
+    bool isTransparent = false; ///< some of it is not opaque
+};
+
+/// What became of a texture's file.
+enum class TextureState
+{
+    Read,
+    Missing, ///< there is none of that name
+    Broken   ///< it is no PNG, JPEG, TGA or BMP, is damaged, or is too large
+};
+
+/// Reads a texture's file, found as the host finds it. A PNG or JPEG stays as it is, what else the
+/// host reads becomes a PNG. Throws std::bad_alloc when out of memory.
+TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image);
+
+/// Reads an image and another one, whose alpha channel, or brightness when it has none, says how
+/// opaque the first is, and makes one PNG of both. An empty name of the first stands for white. The
+/// state is that of the first of the two that could not be read. Throws std::bad_alloc when out of
+/// memory.
+TextureState ReadTextureWithAlpha(const GK_wString& colors, const GK_wString& alpha,
+                                  EmbeddedImage& image);
