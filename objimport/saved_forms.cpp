@@ -61,23 +61,6 @@ std::span<const Record> RecordsOf(const GK_ClassArray<Record>& table)
     return {table.Array(), static_cast<std::size_t>(table.Count())};
 }
 
-ExchangeDocument ViewOf(const ConsoleDoc& doc, const DocumentOrigin& origin)
-{
-    ExchangeDocument view;
-    view.layers = RecordsOf(doc.Layers());
-    view.groups = RecordsOf(doc.Groups());
-    view.materials = RecordsOf(doc.Materials());
-    view.objects.reserve(static_cast<std::size_t>(doc.ObjectCount()));
-    for (int i = 0; i < doc.ObjectCount(); ++i) {
-        const DocumentObject object = doc.Object(i);
-        view.objects.push_back({object.attributes, object.geometry});
-    }
-    view.sources = origin.sources;
-    view.tolerance = doc.AbsoluteTolerance();
-    view.isZUp = origin.isZUp;
-    return view;
-}
-
 void WriteOutcome(TextOutput& output, const std::string& path, const ExchangeOutcome& outcome)
 {
     output.Write(PrintableLine(path) + ": " + PrintableLine(outcome.contents) + "\n");
@@ -119,6 +102,23 @@ std::optional<std::pair<int, int>> SizeOfText(const std::string& text)
     return size;
 }
 
+ExchangeDocument ViewForExchange(const ConsoleDoc& doc, const DocumentOrigin& origin)
+{
+    ExchangeDocument view;
+    view.layers = RecordsOf(doc.Layers());
+    view.groups = RecordsOf(doc.Groups());
+    view.materials = RecordsOf(doc.Materials());
+    view.objects.reserve(static_cast<std::size_t>(doc.ObjectCount()));
+    for (int i = 0; i < doc.ObjectCount(); ++i) {
+        const DocumentObject object = doc.Object(i);
+        view.objects.push_back({object.attributes, object.geometry});
+    }
+    view.sources = origin.sources;
+    view.tolerance = doc.AbsoluteTolerance();
+    view.isZUp = origin.isZUp;
+    return view;
+}
+
 SavedForms::SavedForms(std::span<const std::string> paths, const ExchangePicture& picture)
     : m_picture(picture)
 {
@@ -157,7 +157,7 @@ void SavedForms::Write(std::span<const std::string> paths, const ConsoleDoc& doc
 {
     if (paths.empty())
         return;
-    const ExchangeDocument view = ViewOf(doc, origin);
+    const ExchangeDocument view = ViewForExchange(doc, origin);
     if (output != nullptr)
         output->Write('\n');
     for (const std::string& path : paths) {

@@ -26,6 +26,9 @@ struct DocumentOrigin
     bool isZUp = false;
 };
 
+/// Returns a view of the document, which must not change as long as that is used.
+ExchangeDocument ViewForExchange(const ConsoleDoc& doc, const DocumentOrigin& origin);
+
 /// Writes documents in the forms that --save asks for. The library that writes them is loaded when
 /// there are any.
 class SavedForms

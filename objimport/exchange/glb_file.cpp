@@ -203,6 +203,13 @@ std::vector<std::string> GlbMaker::Losses() const
 
 void WriteGlb(const ExchangeRequest& request, ExchangeOutcome& outcome)
 {
+    // The description of an object takes several KB of memory while it is put together.
+    constexpr std::size_t MostObjects = 1'000'000;
+    if (request.document->objects.size() > MostObjects) {
+        outcome.error = "the document has " + NumberText(request.document->objects.size()) +
+                        " objects; a GLB is written of up to " + NumberText(MostObjects);
+        return;
+    }
     GlbMaker maker(*request.document);
     maker.AddObjects();
     maker.Finish();
