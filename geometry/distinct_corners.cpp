@@ -59,7 +59,7 @@ DistinctCorners::Positions DistinctCorners::PositionsOf(const FaceRun& run, int 
 }
 
 void DistinctCorners::Find(std::span<const FaceRun> runs, int vertexCount, bool withEmptyCorner,
-                           ThreadTeam* team)
+                           KelvoWorkSharing* team)
 {
     FindPositions(runs, vertexCount, team);
     if (withEmptyCorner)
@@ -76,11 +76,11 @@ void DistinctCorners::Find(std::span<const FaceRun> runs, int vertexCount, bool 
 }
 
 void DistinctCorners::FindPositions(std::span<const FaceRun> runs, int vertexCount,
-                                    ThreadTeam* team)
+                                    KelvoWorkSharing* team)
 {
     m_positions = Positions();
     std::mutex mutex;
-    ForEachIndex(team, runs.size(), [&](std::size_t i) {
+    KelvoForEachIndex(team, runs.size(), [&](std::size_t i) {
         const Positions positions = PositionsOf(runs[i], vertexCount);
         const std::lock_guard lock(mutex);
         m_positions.Add(positions);
@@ -88,7 +88,7 @@ void DistinctCorners::FindPositions(std::span<const FaceRun> runs, int vertexCou
     m_withoutPosition = std::move(m_positions.without);
 }
 
-void DistinctCorners::FillSlots(std::span<const FaceRun> runs, ThreadTeam* team)
+void DistinctCorners::FillSlots(std::span<const FaceRun> runs, KelvoWorkSharing* team)
 {
     m_slots.Empty();
     const int slotCount = m_positions.most - m_positions.least + 1;
@@ -97,7 +97,7 @@ void DistinctCorners::FillSlots(std::span<const FaceRun> runs, ThreadTeam* team)
 
     std::mutex mutex;
     const bool sharedByThreads = team != nullptr && runs.size() > 1;
-    ForEachIndex(team, runs.size(), [&](std::size_t i) {
+    KelvoForEachIndex(team, runs.size(), [&](std::size_t i) {
         std::vector<V_TN_IDX> others;
         if (sharedByThreads)
             FillSlotsOf<true>(runs[i], others);
@@ -172,7 +172,7 @@ void DistinctCorners::SortAll(std::span<const FaceRun> runs)
     SortDistinct(m_shared);
 }
 
-void DistinctCorners::DivideIntoParts(ThreadTeam* team)
+void DistinctCorners::DivideIntoParts(KelvoWorkSharing* team)
 {
     m_parts.clear();
     if (!m_isDense) {
@@ -181,10 +181,10 @@ void DistinctCorners::DivideIntoParts(ThreadTeam* team)
         return;
     }
     const auto slotCount = static_cast<std::size_t>(m_slots.Count());
-    const std::size_t partCount = team == nullptr ? 1 : team->Count() * PartsPerThread;
+    const std::size_t partCount = team == nullptr ? 1 : team->ThreadCount() * PartsPerThread;
     for (std::size_t i = 0; i < partCount; ++i)
         m_parts.push_back({slotCount * i / partCount, slotCount * (i + 1) / partCount, 0, 0});
-    ForEachIndex(team, partCount, [this](std::size_t i) {
+    KelvoForEachIndex(team, partCount, [this](std::size_t i) {
         const auto ofPosition = [](const V_TN_IDX& corner, int vi) { return corner.vi < vi; };
         Part& part = m_parts[i];
         const int vi = m_positions.least + static_cast<int>(part.begin);

@@ -2,9 +2,9 @@
 
 #include "geometry/corner_order.h"
 #include "objreader/face_run.h"
-#include "objreader/work_sharing.h"
 
 #include "host/geokit/simple_array.h"
+#include "host/runtime/work_sharing.h"
 
 #include <bit>
 #include <cstdint>
@@ -23,7 +23,7 @@ public:
     /// Finds the distinct corners of faces, and one without any index when `withEmptyCorner`;
     /// positions are those below `vertexCount`. `team` may be null.
     void Find(std::span<const FaceRun> runs, int vertexCount, bool withEmptyCorner,
-              ThreadTeam* team);
+              KelvoWorkSharing* team);
 
     /// How many were found, not counting those without a position.
     [[nodiscard]] int Count() const { return m_count; }
@@ -74,13 +74,13 @@ private:
     };
 
     static Positions PositionsOf(const FaceRun& run, int vertexCount);
-    void FindPositions(std::span<const FaceRun> runs, int vertexCount, ThreadTeam* team);
-    void FillSlots(std::span<const FaceRun> runs, ThreadTeam* team);
+    void FindPositions(std::span<const FaceRun> runs, int vertexCount, KelvoWorkSharing* team);
+    void FillSlots(std::span<const FaceRun> runs, KelvoWorkSharing* team);
     template <bool SharedByThreads>
     void FillSlotsOf(const FaceRun& run, std::vector<V_TN_IDX>& others);
     void AddFirstCorners();
     void SortAll(std::span<const FaceRun> runs);
-    void DivideIntoParts(ThreadTeam* team);
+    void DivideIntoParts(KelvoWorkSharing* team);
     [[nodiscard]] int CountOf(const Part& part) const;
     [[nodiscard]] int NumberAmong(const std::vector<V_TN_IDX>& corners, std::size_t first,
                                   const V_TN_IDX& corner) const;

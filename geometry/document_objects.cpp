@@ -38,6 +38,10 @@ bool AddObjectOf(std::type_identity_t<Taken> geometry, void (Object::*setGeometr
     return MakeOrSayWhy(add, attributes);
 }
 
+// The records of files that have many are timed by samples.
+constexpr int MostTimedRecords = 500;
+constexpr int SamplingInterval = 31;
+
 /// Bounds the first face by the edge of its surface.
 void AddNaturalOuterLoop(GK_Brep& brep)
 {
@@ -50,10 +54,11 @@ void AddNaturalOuterLoop(GK_Brep& brep)
 } // namespace
 
 DocumentObjects::DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc,
-                                 ThreadTeam* team, StageTimes& times)
+                                 const ThreadUse& threads, ThreadTeam* team, StageTimes& times)
     : m_file(file), m_doc(doc), m_tolerance(doc.AbsoluteTolerance()),
-      m_objectAttributes(file, choices, doc), m_meshes(file, choices, team, times),
-      m_breps(file.lists, file.trimCurves, m_tolerance)
+      m_objectAttributes(file, choices, doc), m_meshes(file, choices, threads, team, times),
+      m_breps(file.lists, file.trimCurves, m_tolerance), m_times(times),
+      m_sampling(file.groupObjects.Count() > MostTimedRecords ? SamplingInterval : 1)
 {
 }
 
@@ -72,6 +77,7 @@ bool DocumentObjects::Build()
 /// Adds the objects of one record: mesh, curves, points, point clouds, breps.
 void DocumentObjects::BuildRecord(Group_Object& record)
 {
+    StageLaps laps(m_times, m_sampling.NextWeight());
     m_attributes.Default();
     m_objectAttributes.MakeAttributes(record, m_attributes);
     const int material = m_doc.MaterialTable().FindMaterial(GK_wString(*record.materialName), true);
@@ -79,15 +85,18 @@ void DocumentObjects::BuildRecord(Group_Object& record)
         m_attributes.materialIndex = material;
         m_attributes.SetMaterialSource(GK::material_from_object);
     }
-    AddMesh();
+    laps.Lap(ImportStage::Attributes);
+    AddMesh(laps);
     AddCurves(*record.geometry);
     AddPoints(*record.geometry);
     AddBreps(*record.geometry);
+    laps.Lap(ImportStage::HandOver);
 }
 
-void DocumentObjects::AddMesh()
+void DocumentObjects::AddMesh(StageLaps& laps)
 {
     RecordMesh made = m_meshes.TakeNext();
+    laps.Restart();
     made.inconsistencies.Report();
     switch (made.outcome) {
     case RecordMesh::Outcome::Nothing:

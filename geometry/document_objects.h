@@ -10,10 +10,10 @@
 class DocumentObjects
 {
 public:
-    /// All must outlive the object. The file's geometry is moved out of it as it is added. The team
-    /// may be null.
-    DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc, ThreadTeam* team,
-                    StageTimes& times);
+    /// All must outlive the object. The file's geometry is moved out of it as it is added. Without
+    /// a team one thread does everything.
+    DocumentObjects(ObjFile& file, const ImportChoices& choices, CKelvoDoc& doc,
+                    const ThreadUse& threads, ThreadTeam* team, StageTimes& times);
 
     /// Adds everything, record by record in the order of their names. Returns the outcome of the
     /// last object attempted: true when it was added, or when there was none.
@@ -21,7 +21,7 @@ public:
 
 private:
     void BuildRecord(Group_Object& record);
-    void AddMesh();
+    void AddMesh(StageLaps& laps);
     void AddCurves(Geometry& geometry);
     void AddPoints(const Geometry& geometry);
     void AddBreps(Geometry& geometry);
@@ -34,6 +34,8 @@ private:
     ObjectAttributes m_objectAttributes;
     RecordMeshes m_meshes;
     BrepBuilder m_breps;
+    StageTimes& m_times;
+    StageSampling m_sampling;
     GK_MdxObjectAttributes m_attributes; ///< of the current record's objects
     bool m_result = true;                ///< of the last object attempted
 };

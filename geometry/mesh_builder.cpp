@@ -13,18 +13,18 @@ std::unique_ptr<GK_Mesh> NewGroupMesh()
     return mesh;
 }
 
-std::unique_ptr<GK_Mesh> MeshBuilder::BuildMesh(Geometry& geometry,
+std::unique_ptr<GK_Mesh> MeshBuilder::BuildMesh(Geometry& geometry, KelvoWorkSharing* threads,
                                                 Inconsistencies& inconsistencies, StageLaps& laps)
 {
     if (!geometry.HasCorners())
         return nullptr;
     const std::vector<FaceRun> runs = std::move(geometry.faces);
     std::unique_ptr<GK_Mesh> mesh = NewGroupMesh();
-    m_corners.Find(runs, m_lists.vertices.Count(), geometry.hasEmptyCorner, m_team);
-    MakeMeshVertices(m_corners, m_lists, m_team, *mesh, inconsistencies);
+    m_corners.Find(runs, m_lists.vertices.Count(), geometry.hasEmptyCorner, threads);
+    MakeMeshVertices(m_corners, m_lists, threads, *mesh, inconsistencies);
     laps.Lap(ImportStage::MeshVertices);
 
-    MeshFaces faces(m_corners, runs, m_team, *mesh);
+    MeshFaces faces(m_corners, runs, threads, *mesh);
     if (!faces.Place())
         return nullptr;
     faces.Fill();

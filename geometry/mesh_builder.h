@@ -14,17 +14,17 @@
 class MeshBuilder
 {
 public:
-    /// The lists and the team, which may be null, must outlive the builder.
-    MeshBuilder(const VertexLists& lists, ThreadTeam* team) : m_lists(lists), m_team(team) {}
+    /// The lists must outlive the builder.
+    explicit MeshBuilder(const VertexLists& lists) : m_lists(lists) {}
 
     /// Returns the mesh of a record's faces, or null when there is nothing to make one of. Takes
     /// the faces out of the record. What does not fit together is added to `inconsistencies`.
-    std::unique_ptr<GK_Mesh> BuildMesh(Geometry& geometry, Inconsistencies& inconsistencies,
-                                       StageLaps& laps);
+    /// `threads` may be null.
+    std::unique_ptr<GK_Mesh> BuildMesh(Geometry& geometry, KelvoWorkSharing* threads,
+                                       Inconsistencies& inconsistencies, StageLaps& laps);
 
 private:
     const VertexLists& m_lists;
-    ThreadTeam* m_team;
     DistinctCorners m_corners;
 };
 

@@ -72,7 +72,7 @@ void FillNgon(const GK_MeshNgon& ngon, std::span<const int> s, std::span<const i
 } // namespace
 
 MeshFaces::MeshFaces(const DistinctCorners& corners, std::span<const FaceRun> runs,
-                     ThreadTeam* team, GK_Mesh& mesh)
+                     KelvoWorkSharing* team, GK_Mesh& mesh)
     : m_corners(corners), m_runs(runs), m_team(team), m_mesh(mesh)
 {
 }
@@ -133,7 +133,7 @@ bool MeshFaces::PlaceRun(const FaceRun& run, RunPlace& next)
 
 void MeshFaces::Fill() const
 {
-    ForEachIndex(m_team, m_runs.size(), [this](std::size_t i) {
+    KelvoForEachIndex(m_team, m_runs.size(), [this](std::size_t i) {
         FillRun(m_runs[i], m_places[i]);
         ReleaseFaces(m_runs[i]);
     });

@@ -15,7 +15,7 @@ class MeshFaces
 public:
     /// The corners must have been found and numbered for these faces, as the vertices of the mesh.
     /// `team` may be null. All must outlive the object.
-    MeshFaces(const DistinctCorners& corners, std::span<const FaceRun> runs, ThreadTeam* team,
+    MeshFaces(const DistinctCorners& corners, std::span<const FaceRun> runs, KelvoWorkSharing* team,
               GK_Mesh& mesh);
 
     /// Makes room for all faces and n-gons. False when the mesh takes no n-gons.
@@ -40,7 +40,7 @@ private:
 
     const DistinctCorners& m_corners;
     std::span<const FaceRun> m_runs;
-    ThreadTeam* m_team;
+    KelvoWorkSharing* m_team;
     GK_Mesh& m_mesh;
     GK_MeshNgonList* m_ngons = nullptr;
     std::vector<RunPlace> m_places; ///< of each run

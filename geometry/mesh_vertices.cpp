@@ -99,13 +99,13 @@ int CountBefore(const std::vector<V_TN_IDX>& corners, int position)
 
 } // namespace
 
-void MakeMeshVertices(DistinctCorners& corners, const VertexLists& lists, ThreadTeam* team,
+void MakeMeshVertices(DistinctCorners& corners, const VertexLists& lists, KelvoWorkSharing* team,
                       GK_Mesh& mesh, Inconsistencies& inconsistencies)
 {
     // Every part has a filler of its own, a copy of the first, which has made the lists.
     std::vector<VertexFiller> parts(corners.PartCount(),
                                     VertexFiller(lists, mesh, corners.Count()));
-    ForEachIndex(team, parts.size(), [&](std::size_t i) {
+    KelvoForEachIndex(team, parts.size(), [&](std::size_t i) {
         corners.NumberPart(i, [filler = &parts[i]](const V_TN_IDX& corner, int vertex) {
             filler->Fill(corner, vertex);
         });

@@ -11,9 +11,6 @@ namespace {
 /// (x, y, z) becomes (x, -z, y).
 constexpr GK_Xform ObjYToZ{{{1, 0, 0, 0}, {0, 0, -1, 0}, {0, 1, 0, 0}, {0, 0, 0, 1}}};
 
-/// A record of so many corners is made by all threads together.
-constexpr std::int64_t ManyCorners = std::int64_t{1} << 17;
-
 /// So many corners are enough work for each thread of a batch.
 constexpr std::int64_t BatchCornersPerThread = std::int64_t{1} << 16;
 constexpr std::size_t MostOfBatchPerThread = 512;
@@ -35,24 +32,24 @@ std::int64_t CornerCountOf(const Geometry& geometry)
 /// What one thread needs to make meshes, used again from record to record.
 struct RecordMeshes::Worker
 {
-    Worker(const VertexLists& lists, ThreadTeam* team) : meshes(lists, team) {}
+    explicit Worker(const VertexLists& lists) : meshes(lists) {}
 
     MeshBuilder meshes;
     StageTimes times;
     StageSampling sampling{SamplingInterval};
 };
 
-RecordMeshes::RecordMeshes(ObjFile& file, const ImportChoices& choices, ThreadTeam* team,
-                           StageTimes& times)
-    : m_choices(choices), m_team(team), m_times(times),
-      m_together(std::make_unique<Worker>(file.lists, team))
+RecordMeshes::RecordMeshes(ObjFile& file, const ImportChoices& choices, const ThreadUse& threads,
+                           ThreadTeam* team, StageTimes& times)
+    : m_choices(choices), m_team(team), m_manyCorners(threads.manyCorners), m_times(times),
+      m_together(std::make_unique<Worker>(file.lists))
 {
     for (const std::unique_ptr<Group_Object>& record : file.groupObjects)
         if (record->geometry)
             m_records.push_back(record->geometry.get());
     if (team != nullptr && m_records.size() > 1)
-        for (unsigned i = 0; i < team->Count(); ++i)
-            m_workers.push_back(std::make_unique<Worker>(file.lists, nullptr));
+        for (unsigned i = 0; i < team->ThreadCount(); ++i)
+            m_workers.push_back(std::make_unique<Worker>(file.lists));
 }
 
 RecordMeshes::~RecordMeshes() = default;
@@ -77,7 +74,7 @@ void RecordMeshes::MakeBatch()
         std::int64_t corners = 0;
         for (count = 0; count < most && corners < threads * BatchCornersPerThread; ++count) {
             const std::int64_t ofRecord = CornerCountOf(*m_records[m_next + count]);
-            if (ofRecord >= ManyCorners)
+            if (ofRecord >= m_manyCorners)
                 break;
             corners += ofRecord;
         }
@@ -103,14 +100,15 @@ void RecordMeshes::MakeSideBySide(std::size_t first, std::size_t count)
 /// A mesh that cannot be made, out of memory, costs only itself.
 void RecordMeshes::MakeWith(Worker& worker, Geometry& geometry, RecordMesh& result) const
 try {
-    const bool isTimed = CornerCountOf(geometry) >= TimedCorners;
+    const std::int64_t cornerCount = CornerCountOf(geometry);
+    KelvoWorkSharing* const threads = cornerCount >= m_manyCorners ? m_team : nullptr;
     StageLaps laps(&worker == m_together.get() ? m_times : worker.times,
-                   isTimed ? 1 : worker.sampling.NextWeight());
-    result.mesh = worker.meshes.BuildMesh(geometry, result.inconsistencies, laps);
+                   cornerCount >= TimedCorners ? 1 : worker.sampling.NextWeight());
+    result.mesh = worker.meshes.BuildMesh(geometry, threads, result.inconsistencies, laps);
     if (result.mesh == nullptr)
         return;
     result.outcome = RecordMesh::Outcome::Unfit;
-    if (!FinishMesh(result.mesh.get(), m_choices.ImportAsMorphTarget, laps))
+    if (!FinishMesh(result.mesh.get(), m_choices.ImportAsMorphTarget, threads, laps))
         return;
     if (m_choices.ZUp)
         result.mesh->Transform(ObjYToZ);

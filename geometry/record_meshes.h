@@ -3,6 +3,7 @@
 #include "geometry/mesh_builder.h"
 #include "objreader/import_choices.h"
 #include "objreader/obj_file.h"
+#include "objreader/thread_use.h"
 
 #include <cstddef>
 #include <memory>
@@ -30,8 +31,9 @@ struct RecordMesh
 class RecordMeshes
 {
 public:
-    /// All must outlive the object. The team may be null.
-    RecordMeshes(ObjFile& file, const ImportChoices& choices, ThreadTeam* team, StageTimes& times);
+    /// All must outlive the object. Without a team one thread does everything.
+    RecordMeshes(ObjFile& file, const ImportChoices& choices, const ThreadUse& threads,
+                 ThreadTeam* team, StageTimes& times);
 
     RecordMeshes(const RecordMeshes&) = delete;
     RecordMeshes& operator=(const RecordMeshes&) = delete;
@@ -50,6 +52,7 @@ private:
 
     const ImportChoices& m_choices;
     ThreadTeam* m_team;
+    std::int64_t m_manyCorners;
     StageTimes& m_times;
     std::vector<Geometry*> m_records;               ///< those with geometry, in order
     std::vector<RecordMesh> m_made;                 ///< the current batch

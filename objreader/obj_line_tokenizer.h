@@ -41,6 +41,9 @@ public:
     /// file is still to be handled; after it nothing changes any more.
     bool ReadLine();
 
+    /// The next line is in the next segment.
+    [[nodiscard]] bool AtSegmentEnd() const { return m_cursor == m_completeEnd; }
+
     /// Has the next physical line stand whole at the cursor. False when there is none.
     bool FetchLine();
 

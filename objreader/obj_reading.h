@@ -4,7 +4,7 @@
 #include "objreader/obj_file.h"
 #include "objreader/obj_line_tokenizer.h"
 #include "objreader/reading_events.h"
-#include "objreader/thread_team.h"
+#include "objreader/thread_use.h"
 
 #include <string>
 
@@ -30,6 +30,8 @@ struct ObjReading
 
     FreeformAttributes freeform;
 
+    StageTimes times; ///< what the stages of reading have taken
+
     std::string joinedName; ///< scratch
 };
 
@@ -37,14 +39,6 @@ struct ObjReading
 /// the result is false. False also when there is no file, or when it cannot be read to its end.
 /// What was read before is kept.
 bool ParseStatements(ObjReading& reading);
-
-/// How a file is read with several threads.
-struct ThreadUse
-{
-    ThreadTeam& team;
-    std::size_t startAfter = std::size_t{1} << 20; ///< bytes that one thread reads before that
-    std::size_t blockSize = std::size_t{1} << 19;  ///< bytes read at a time by each thread
-};
 
 /// The same, to the same result, with all threads of a team. Events come on the calling thread.
 bool ParseStatements(ObjReading& reading, const ThreadUse& threads);

@@ -5,6 +5,7 @@
 #include "objreader/statements.h"
 
 #include <array>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -101,16 +102,16 @@ struct StopAtEnd
 };
 
 /// Counts relative indices, which are counted from the beginning of a segment's lists, from the
-/// beginning of the file.
-void MakeAbsolute(const FaceRun& faces, const VertexLists& lists)
+/// beginning of the file. `before` says how many elements that is.
+void MakeAbsolute(const FaceRun& faces, const ListCounts& before)
 {
     int* const values = faces.block->values.Array();
     for (int row = faces.firstValue; row < faces.EndValue(); row += faces.form.stride) {
-        values[row] += lists.vertices.Count();
+        values[row] += before.vertices;
         if (faces.form.textureAt != 0)
-            values[row + faces.form.textureAt] += lists.texCoords.Count();
+            values[row + faces.form.textureAt] += before.texCoords;
         if (faces.form.normalAt != 0)
-            values[row + faces.form.normalAt] += lists.normals.Count();
+            values[row + faces.form.normalAt] += before.normals;
     }
 }
 
@@ -130,16 +131,19 @@ bool TakeLinesReadAhead(ObjReading& reading)
 {
     CObjLineTokenizer& tokenizer = reading.tokenizer;
     const PlainRun* const run = tokenizer.RunAtCursor();
-    VertexLists& lists = reading.file.lists;
-    if (run == nullptr || !run->needs.AreMetBy(lists.vertices.Count(), lists.texCoords.Count(),
-                                               lists.normals.Count()))
+    if (run == nullptr)
         return false;
     Segment& segment = tokenizer.CurrentSegment();
+    VertexLists& lists = reading.file.lists;
+    const ListCounts first = segment.ListsBefore(*run);
+    const ListCounts before = CountsOf(lists) - first;
+    if (!run->needs.AreMetBy(before.vertices, before.texCoords, before.normals))
+        return false;
     if (segment.faces)
         reading.file.faceBlocks.Add(std::move(segment.faces));
     if (run->needs.relative)
-        MakeAbsolute(run->faces, lists);
-    AppendLists(lists, segment.lists, segment.ListsBefore(*run), run->listEnds);
+        MakeAbsolute(run->faces, before);
+    AppendLists(lists, segment.lists, first, run->listEnds);
     AddFaces(reading, run->faces);
     tokenizer.SkipTo(run->end);
     return true;
@@ -150,10 +154,6 @@ bool TakeLinesReadAhead(ObjReading& reading)
 bool ReadPlainStatements(ObjReading& reading)
 {
     CObjLineTokenizer& tokenizer = reading.tokenizer;
-    if (!tokenizer.FetchLine())
-        return false;
-    if (TakeLinesReadAhead(reading))
-        return true;
     const PlainTarget target{reading.file.lists, reading.file.faceBlocks.BlockToFill(), true};
     const PlainRun run =
         ReadPlainLines(tokenizer.Front(), tokenizer.Cursor(), tokenizer.NextRunOrEnd(), target);
@@ -162,20 +162,65 @@ bool ReadPlainStatements(ObjReading& reading)
     return !run.IsEmpty();
 }
 
+/// Times the stages of reading in some of the segments, which stand for all.
+class ReadingLaps
+{
+public:
+    explicit ReadingLaps(ObjReading& reading) : m_reading(reading) {}
+
+    /// Begins with the current segment.
+    void BeginSegment()
+    {
+        m_reading.times.Add(m_reading.tokenizer.CurrentSegment().times);
+        m_laps.emplace(m_reading.times, m_sampling.NextWeight());
+    }
+
+    void Lap(ImportStage stage)
+    {
+        if (m_laps)
+            m_laps->Lap(stage);
+    }
+
+private:
+    static constexpr int SamplingInterval = 7;
+
+    ObjReading& m_reading;
+    StageSampling m_sampling{SamplingInterval};
+    std::optional<StageLaps> m_laps;
+};
+
+/// Reads one statement, or many that are plain lines. False when reading ends with it.
+bool ReadStatements(ObjReading& reading, ReadingLaps& laps)
+{
+    if (TakeLinesReadAhead(reading)) {
+        laps.Lap(ImportStage::JoinBlocks);
+        return true;
+    }
+    const bool isPlain = ReadPlainStatements(reading);
+    laps.Lap(ImportStage::PlainLines);
+    if (isPlain)
+        return true;
+    reading.tokenizer.ReadLine();
+    const bool result = reading.tokenizer.TokenCount() == 0 || HandleStatement(reading);
+    laps.Lap(ImportStage::OtherLines);
+    return result;
+}
+
 /// Reads until the end of the file, until `mayGoOn` says no, or until a statement ends the parse,
 /// which is false.
 template <class MayGoOn>
 bool ParseLines(ObjReading& reading, const MayGoOn& mayGoOn)
 {
     CObjLineTokenizer& tokenizer = reading.tokenizer;
+    ReadingLaps laps(reading);
     bool result = true;
     while (result && !tokenizer.AtEnd() && mayGoOn()) {
-        if (ReadPlainStatements(reading))
-            continue;
-        if (!tokenizer.ReadLine())
+        const bool newSegment = tokenizer.AtSegmentEnd();
+        if (!tokenizer.FetchLine())
             return false;
-        if (tokenizer.TokenCount() > 0)
-            result = HandleStatement(reading);
+        if (newSegment)
+            laps.BeginSegment();
+        result = ReadStatements(reading, laps);
     }
     return result;
 }
@@ -186,7 +231,8 @@ bool ParseWithTeam(ObjReading& reading, const ThreadUse& threads)
 {
     SegmentSource& source = reading.tokenizer.Source();
     constexpr std::size_t SegmentsPerThread = 2;
-    ReadAhead ahead(source.Reader(), threads.blockSize, SegmentsPerThread * threads.team.Count());
+    ReadAhead ahead(source.Reader(), threads.blockSize,
+                    SegmentsPerThread * threads.team.ThreadCount());
     source.SetAhead(&ahead);
     bool result = false;
     threads.team.Run([&](unsigned thread) {
@@ -216,7 +262,7 @@ bool ParseStatements(ObjReading& reading)
 
 bool ParseStatements(ObjReading& reading, const ThreadUse& threads)
 {
-    if (threads.team.Count() < 2)
+    if (threads.team.ThreadCount() < 2)
         return ParseStatements(reading);
     SegmentReader& reader = reading.tokenizer.Source().Reader();
     const auto isSmall = [&] { return reader.BytesRead() < threads.startAfter; };

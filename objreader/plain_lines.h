@@ -11,6 +11,12 @@ struct ListCounts
     int vertexColors = 0;
     int texCoords = 0;
     int normals = 0;
+
+    friend ListCounts operator-(const ListCounts& a, const ListCounts& b)
+    {
+        return {a.vertices - b.vertices, a.vertexColors - b.vertexColors,
+                a.texCoords - b.texCoords, a.normals - b.normals};
+    }
 };
 
 /// Plain lines that follow each other, as they were read.

@@ -20,6 +20,7 @@ void TextBuffer::Reserve(std::size_t newSize)
 
 void Segment::ReadPlain()
 {
+    StageLaps laps(times);
     try {
         ReadRuns();
     } catch (const std::bad_alloc&) {
@@ -28,6 +29,7 @@ void Segment::ReadPlain()
         faces.reset();
         runs.clear();
     }
+    laps.Lap(ImportStage::PlainLines);
 }
 
 void Segment::ReadRuns()
@@ -53,8 +55,11 @@ void SegmentReader::Read(Segment& segment, std::size_t blockSize)
 {
     segment.runs.clear();
     segment.text.size = 0;
+    segment.times = StageTimes();
+    StageLaps laps(segment.times);
     try {
         FillBuffer(segment, blockSize);
+        laps.Lap(ImportStage::ReadBytes);
     } catch (const std::bad_alloc&) {
         if (segment.text.size > 0)
             std::swap(segment.text, m_rest);

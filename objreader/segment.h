@@ -1,6 +1,7 @@
 #pragma once
 
 #include "objreader/plain_lines.h"
+#include "objreader/stage_times.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -34,6 +35,7 @@ struct Segment
     TextBuffer text;
     bool isLast = false;
     bool readFailed = false; ///< it is the last because the stream could not be read any further
+    StageTimes times;        ///< what reading it has taken
 
     // Its plain lines, when they have been read ahead.
     VertexLists lists;

@@ -19,8 +19,7 @@ enum class ImportStage
     CleanUp,       ///< useless faces and vertices
     Normals,
     Closedness, ///< and which side of a closed mesh is the inside
-    HandOver,   ///< to the document
-    Release     ///< of memory
+    HandOver    ///< to the document
 };
 
 struct ImportStageInfo
@@ -30,7 +29,7 @@ struct ImportStageInfo
 };
 
 /// By ImportStage.
-inline constexpr std::array<ImportStageInfo, 13> ImportStages{{
+inline constexpr std::array<ImportStageInfo, 12> ImportStages{{
     {"read bytes", true},
     {"plain lines", false},
     {"other lines", true},
@@ -43,7 +42,6 @@ inline constexpr std::array<ImportStageInfo, 13> ImportStages{{
     {"normals", false},
     {"closedness", false},
     {"hand over", true},
-    {"release", true},
 }};
 
 /// The time that each stage of an import has taken.
@@ -80,6 +78,12 @@ public:
     /// The times must outlive the object. Each lap counts `weight` times; 0 measures nothing and
     /// costs nothing.
     explicit StageLaps(StageTimes& times, int weight = 1) : m_times(times), m_weight(weight)
+    {
+        Restart();
+    }
+
+    /// Begins the next lap now: what came before is left out.
+    void Restart()
     {
         if (m_weight != 0)
             m_start = StageTimes::Clock::now();

@@ -20,15 +20,15 @@ bool CReadOBJ::Parse()
 {
     const CWaitCursor waitCursor;
     const bool result = ParseStatements(m_reading, m_threads);
+    m_times.Add(m_reading.times);
     m_libraries.FinishTextures();
     return result;
 }
 
 bool CReadOBJ::Build()
 {
-    const bool isSmall = m_tokenizer.Source().Reader().BytesRead() < m_threads.startAfter;
-    ThreadTeam* const team = isSmall || m_team.Count() < 2 ? nullptr : &m_team;
-    return DocumentObjects(m_file, choices, doc, team, m_times).Build();
+    ThreadTeam* const team = m_threads.TeamAfter(m_tokenizer.Source().Reader().BytesRead());
+    return DocumentObjects(m_file, choices, doc, m_threads, team, m_times).Build();
 }
 
 void CReadOBJ::OnBogusFace()

@@ -51,6 +51,9 @@ public:
     /// each core. The result is the same. To be called before Parse.
     void SetThreadCount(unsigned count) { m_team.SetCount(count); }
 
+    /// Returns how threads are used; to be changed, if at all, before Parse.
+    [[nodiscard]] ThreadUse& Threads() { return m_threads; }
+
     /// Returns what the stages have taken so far.
     [[nodiscard]] const StageTimes& Times() const { return m_times; }
 

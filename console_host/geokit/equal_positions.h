@@ -2,16 +2,18 @@
 
 #include "host/geokit/point.h"
 #include "host/geokit/simple_array.h"
+#include "host/runtime/work_sharing.h"
 
 #include <array>
 #include <bit>
 #include <cstdint>
 #include <span>
 
-/// For each position, the lowest index of one that equals it; its own when there is none before it.
-/// A position with a coordinate that is not a number equals none. Work stays near n log n whatever
-/// the positions are.
-GK_SimpleArray<int> FirstEqualPositions(std::span<const GK_3fPoint> positions);
+/// Returns for each position the lowest index of one that equals it: its own when there is none
+/// before it. Empty when no two are equal. A position with a coordinate that is not a number equals
+/// none. Work stays near n log n whatever the positions are. `threads` may be null.
+GK_SimpleArray<int> FirstEqualPositions(std::span<const GK_3fPoint> positions,
+                                        KelvoWorkSharing* threads);
 
 /// The bits of a position, the same for -0 and 0.
 inline std::array<std::uint32_t, 3> PositionKey(const GK_3fPoint& position)

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <numeric>
+#include <vector>
 
 bool GK_MeshFace::Repair(int vertexCount, const GK_3fPoint* vertices)
 {
@@ -75,9 +77,42 @@ void GK_MeshNgonList::Reverse()
     }
 }
 
-GK_MeshTopology::GK_MeshTopology(std::span<const GK_3fPoint> vertices)
-    : m_vertexMap(FirstEqualPositions(vertices))
+namespace {
+
+/// Returns six times the volume that faces span with a point.
+double SixfoldVolume(const GK_Mesh& mesh, std::span<const GK_MeshFace> faces,
+                     const GK_3dPoint& basePoint)
 {
+    // Taken from a corner of each face, the products stay small far from the base point.
+    const auto sixfold = [&](const GK_3dPoint& a, const GK_3dPoint& b, const GK_3dPoint& c) {
+        return GK_DotProduct(a - basePoint, GK_CrossProduct(b - a, c - a));
+    };
+    return WithPositions(mesh, [&](const auto& position) {
+        double sum = 0.0;
+        for (const GK_MeshFace& face : faces) {
+            if (!IndicesInRange(face, mesh.VertexCount()))
+                continue;
+            const GK_3dPoint a = position(face.vi[0]);
+            const GK_3dPoint c = position(face.vi[2]);
+            sum += sixfold(a, position(face.vi[1]), c);
+            if (face.IsQuad())
+                sum += sixfold(a, c, position(face.vi[3]));
+        }
+        return sum;
+    });
+}
+
+} // namespace
+
+GK_MeshTopology::GK_MeshTopology(std::span<const GK_3fPoint> vertices)
+    : m_vertexMap(FirstEqualPositions(vertices, nullptr))
+{
+    if (m_vertexMap.IsEmpty()) {
+        m_count = static_cast<int>(vertices.size());
+        m_vertexMap.SetCount(m_count);
+        std::iota(m_vertexMap.begin(), m_vertexMap.end(), 0);
+        return;
+    }
     for (int i = 0; i < m_vertexMap.Count(); ++i) {
         const int first = m_vertexMap[i];
         m_vertexMap[i] = first == i ? m_count++ : m_vertexMap[first];
@@ -111,25 +146,19 @@ const GK_MeshTopology& GK_Mesh::Topology() const
     return *m_topology;
 }
 
-double GK_Mesh::Volume(const GK_3dPoint& basePoint, double* /*errorEstimate*/) const
+double GK_Mesh::Volume(const GK_3dPoint& basePoint, double* /*errorEstimate*/,
+                       KelvoWorkSharing* threads) const
 {
-    // Taken from a corner of each face, the products stay small far from the base point.
-    const auto sixfold = [&](const GK_3dPoint& a, const GK_3dPoint& b, const GK_3dPoint& c) {
-        return GK_DotProduct(a - basePoint, GK_CrossProduct(b - a, c - a));
-    };
-    return WithPositions(*this, [&](const auto& position) {
-        double sum = 0.0;
-        for (const GK_MeshFace& face : faces) {
-            if (!IndicesInRange(face, VertexCount()))
-                continue;
-            const GK_3dPoint a = position(face.vi[0]);
-            const GK_3dPoint c = position(face.vi[2]);
-            sum += sixfold(a, position(face.vi[1]), c);
-            if (face.IsQuad())
-                sum += sixfold(a, c, position(face.vi[3]));
-        }
-        return sum / 6.0;
+    // Parts of a fixed size have the same sum whatever the number of threads.
+    constexpr std::size_t PartSize = std::size_t{1} << 16;
+    const std::span all(faces.begin(), faces.end());
+    std::vector<double> sums(all.size() / PartSize + 1);
+    KelvoForEachIndex(threads, sums.size(), [&](std::size_t i) {
+        const std::size_t first = i * PartSize;
+        sums[i] = SixfoldVolume(*this, all.subspan(first, std::min(PartSize, all.size() - first)),
+                                basePoint);
     });
+    return std::accumulate(sums.begin(), sums.end(), 0.0) / 6.0;
 }
 
 void GK_Mesh::Flip()

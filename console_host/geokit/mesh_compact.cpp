@@ -8,30 +8,44 @@ using Marks = GK_SimpleArray<std::uint8_t>;
 
 constexpr int Removed = -1;
 
-/// Keeps the valid faces, marks their vertices, and gives the new index of each old face, or an
-/// empty list when all of them stay.
-GK_SimpleArray<int> RemoveInvalidFaces(GK_Mesh& mesh, Marks& used)
+/// Marks the vertices of all faces. False when a face is not valid; some may have been marked then.
+bool MarkVertices(const GK_Mesh& mesh, Marks& used, KelvoWorkSharing* threads)
 {
-    const int count = mesh.FaceCount();
+    std::atomic<bool> allValid = true;
+    const auto faceCount = static_cast<std::size_t>(mesh.FaceCount());
+    KelvoForEachRange(threads, faceCount, [&](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) {
+            const GK_MeshFace& face = mesh.faces[static_cast<int>(i)];
+            if (!face.IsValid(mesh.VertexCount(), mesh.vertices.Array())) {
+                allValid = false;
+                return;
+            }
+            for (const int vertex : face.vi)
+                std::atomic_ref(used[vertex]).store(1, std::memory_order_relaxed);
+        }
+    });
+    return allValid;
+}
+
+/// Keeps the valid faces, marks their vertices, and returns the new index of each old face, or an
+/// empty list when all of them stay.
+GK_SimpleArray<int> RemoveInvalidFaces(GK_Mesh& mesh, Marks& used, KelvoWorkSharing* threads)
+{
+    if (MarkVertices(mesh, used, threads))
+        return {};
+    std::fill(used.begin(), used.end(), std::uint8_t{0});
     GK_SimpleArray<int> newIndices;
+    newIndices.Reserve(mesh.FaceCount());
     int kept = 0;
-    for (int i = 0; i < count; ++i) {
-        const GK_MeshFace face = mesh.faces[i];
-        const bool valid = face.IsValid(mesh.VertexCount(), mesh.vertices.Array());
-        if (!valid && newIndices.IsEmpty()) {
-            newIndices.SetCount(count);
-            for (int j = 0; j < i; ++j)
-                newIndices[j] = j;
-        }
-        if (!newIndices.IsEmpty()) {
-            newIndices[i] = valid ? kept : Removed;
-            mesh.faces[kept] = face;
-        }
-        if (!valid)
+    for (const GK_MeshFace& face : mesh.faces) {
+        if (!face.IsValid(mesh.VertexCount(), mesh.vertices.Array())) {
+            newIndices.Append(Removed);
             continue;
+        }
         for (const int vertex : face.vi)
             used[vertex] = 1;
-        ++kept;
+        newIndices.Append(kept);
+        mesh.faces[kept++] = face;
     }
     mesh.faces.SetCount(kept);
     return newIndices;
@@ -84,11 +98,11 @@ GK_SimpleArray<int> NewVertexIndices(const Marks& used)
 
 } // namespace
 
-void GK_Mesh::Compact()
+void GK_Mesh::Compact(KelvoWorkSharing* threads)
 {
     Marks used;
     used.SetCount(VertexCount());
-    const GK_SimpleArray<int> newFaceIndices = RemoveInvalidFaces(*this, used);
+    const GK_SimpleArray<int> newFaceIndices = RemoveInvalidFaces(*this, used, threads);
     if (m_ngons != nullptr) {
         if (!newFaceIndices.IsEmpty())
             UpdateNgonFaces(*m_ngons, newFaceIndices);

@@ -41,13 +41,10 @@ GK_3dVector ScaledUnitVector(const GK_3dVector& vector)
     return std::isfinite(length) ? (1.0 / length) * scaled : GK_3dVector{};
 }
 
-/// The cross product of two edges of a triangle or of the diagonals of a quad; zero for a face that
-/// names a vertex that is not there.
+/// The cross product of two edges of a triangle or of the diagonals of a quad.
 template <class Position>
-GK_3dVector AreaVector(const GK_MeshFace& face, int vertexCount, const Position& position)
+GK_3dVector AreaVector(const GK_MeshFace& face, const Position& position)
 {
-    if (!IndicesInRange(face, vertexCount))
-        return {};
     const GK_3dPoint& a = position(face.vi[0]);
     const GK_3dPoint& b = position(face.vi[1]);
     const GK_3dPoint& c = position(face.vi[2]);
@@ -81,18 +78,34 @@ void Add(GK_3dVector& sum, const GK_3dVector& vector)
     sum.z += vector.z;
 }
 
-/// Adds a face's unit normal to each of its vertices once. A triangle that names a vertex twice has
-/// no area, so that nothing is added twice.
-void AddToVertices(const GK_MeshFace& face, const GK_3dVector& normal, GK_3dVector* sums)
+/// The vertices whose normals one thread computes, from all faces in their order.
+struct VertexRange
+{
+    int begin;
+    int end;
+
+    [[nodiscard]] bool Holds(int vertex) const { return vertex >= begin && vertex < end; }
+
+    [[nodiscard]] bool HoldsOneOf(const GK_MeshFace& face) const
+    {
+        return Holds(face.vi[0]) || Holds(face.vi[1]) || Holds(face.vi[2]) || Holds(face.vi[3]);
+    }
+};
+
+/// Adds a face's unit normal to each of its vertices in the range once. A triangle that names a
+/// vertex twice has no area, so that nothing is added twice.
+void AddToVertices(const GK_MeshFace& face, const GK_3dVector& normal, const VertexRange& range,
+                   GK_3dVector* sums)
 {
     const auto [a, b, c, d] = face.vi;
     const bool quad = face.IsQuad();
-    Add(sums[a], normal);
-    if (!quad || b != a)
+    if (range.Holds(a))
+        Add(sums[a], normal);
+    if (range.Holds(b) && (!quad || b != a))
         Add(sums[b], normal);
-    if (!quad || c != b)
+    if (range.Holds(c) && (!quad || c != b))
         Add(sums[c], normal);
-    if (quad && d != a)
+    if (range.Holds(d) && quad && d != a)
         Add(sums[d], normal);
 }
 
@@ -106,27 +119,52 @@ GK_3fVector NormalOfSum(const GK_3dVector& sum)
     return {static_cast<float>(unit.x), static_cast<float>(unit.y), static_cast<float>(unit.z)};
 }
 
+/// Sums up the unit normals of the faces at each vertex of a range.
+void SumNormals(const GK_Mesh& mesh, const VertexRange& range, GK_3dVector* sums)
+{
+    std::fill(sums + range.begin, sums + range.end, GK_3dVector());
+    WithPositions(mesh, [&](const auto& position) {
+        FaceVectors unitNormals;
+        std::array<const GK_MeshFace*, BlockSize> block{};
+        std::size_t count = 0;
+        const auto addBlock = [&] {
+            for (std::size_t i = 0; i < count; ++i)
+                unitNormals.Set(i, AreaVector(*block[i], position));
+            MakeUnit(unitNormals, count);
+            for (std::size_t i = 0; i < count; ++i)
+                AddToVertices(*block[i], unitNormals.Get(i), range, sums);
+            count = 0;
+        };
+        for (const GK_MeshFace& face : mesh.faces) {
+            if (!range.HoldsOneOf(face) || !IndicesInRange(face, mesh.VertexCount()))
+                continue;
+            block[count++] = &face;
+            if (count == BlockSize)
+                addBlock();
+        }
+        addBlock();
+    });
+}
+
 } // namespace
 
-void GK_Mesh::ComputeVertexNormals()
+void GK_Mesh::ComputeVertexNormals(KelvoWorkSharing* threads)
 {
     // A vertex may have a million faces, too many for sums in single precision.
     GK_SimpleArray<GK_3dVector> sums;
-    sums.SetCount(VertexCount());
-    WithPositions(*this, [&](const auto& position) {
-        FaceVectors unitNormals;
-        std::span<const GK_MeshFace> rest(faces.begin(), faces.end());
-        while (!rest.empty()) {
-            const auto block = rest.first(std::min<std::size_t>(BlockSize, rest.size()));
-            rest = rest.subspan(block.size());
-            for (std::size_t i = 0; i < block.size(); ++i)
-                unitNormals.Set(i, AreaVector(block[i], VertexCount(), position));
-            MakeUnit(unitNormals, block.size());
-            for (std::size_t i = 0; i < block.size(); ++i)
-                if (IndicesInRange(block[i], VertexCount()))
-                    AddToVertices(block[i], unitNormals.Get(i), sums.Array());
-        }
+    sums.AppendUnset(VertexCount());
+    normals.Empty();
+    normals.AppendUnset(VertexCount());
+    // Each thread takes vertices, not faces, so that sums are made in the order of the faces.
+    const std::int64_t rangeCount = threads == nullptr ? 1 : threads->ThreadCount();
+    KelvoForEachIndex(threads, static_cast<std::size_t>(rangeCount), [&](std::size_t i) {
+        const auto place = [&](std::int64_t range) {
+            return static_cast<int>(VertexCount() * range / rangeCount);
+        };
+        const auto index = static_cast<std::int64_t>(i);
+        const VertexRange range{place(index), place(index + 1)};
+        SumNormals(*this, range, sums.Array());
+        std::transform(sums.begin() + range.begin, sums.begin() + range.end,
+                       normals.begin() + range.begin, NormalOfSum);
     });
-    normals.SetCount(VertexCount());
-    std::transform(sums.begin(), sums.end(), normals.begin(), NormalOfSum);
 }

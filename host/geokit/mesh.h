@@ -6,6 +6,7 @@
 #include "host/geokit/point.h"
 #include "host/geokit/simple_array.h"
 #include "host/geokit/xform.h"
+#include "host/runtime/work_sharing.h"
 
 #include <array>
 #include <memory>
@@ -120,6 +121,8 @@ private:
 /// they may be shorter. It owns all its lists. Operations on all vertices or faces throw
 /// std::bad_alloc when out of memory; the mesh can then only be destroyed. Any thread may use a
 /// mesh, one thread at a time: also IsClosed, Volume and Topology may keep what they find out.
+/// Operations that take threads may share their work among them; the result does not depend on how
+/// many there are.
 class GK_Mesh : public GK_Geometry
 {
 public:
@@ -162,7 +165,7 @@ public:
     /// Removes faces that are not valid, polygons left without a face, and vertices that no face
     /// and no polygon names. The per-vertex lists stay in step; a colour list whose length differs
     /// from the vertex count is dropped.
-    void Compact();
+    void Compact(KelvoWorkSharing* threads = nullptr);
 
     /// Returns the topology of the vertices as they are now. The mesh owns it and keeps it until a
     /// member operation changes the vertices.
@@ -171,16 +174,17 @@ public:
     /// Sets as every vertex's normal the sum, made unit, of the unit normals of the faces that use
     /// it; (0, 0, 1) where that is zero. The normal of a quad is the cross product of its
     /// diagonals. A face without area, or whose area is not finite, adds nothing.
-    void ComputeVertexNormals();
+    void ComputeVertexNormals(KelvoWorkSharing* threads = nullptr);
 
     /// Returns true when there is at least one face and every edge between topological vertices
     /// belongs to two faces exactly; false when a face names a vertex that is not there.
-    [[nodiscard]] bool IsClosed() const;
+    [[nodiscard]] bool IsClosed(KelvoWorkSharing* threads = nullptr) const;
 
     /// Returns the sum of the signed tetrahedra that the faces span with a point, a quad (a, b, c,
     /// d) taken as (a, b, c) and (a, c, d): positive when a closed mesh faces outward. No estimate
     /// of the error is made, so the second argument must be null.
-    [[nodiscard]] double Volume(const GK_3dPoint& basePoint, double* errorEstimate) const;
+    [[nodiscard]] double Volume(const GK_3dPoint& basePoint, double* errorEstimate,
+                                KelvoWorkSharing* threads = nullptr) const;
 
     /// Reverses every face and polygon, whose first corners stay the first, and negates the
     /// normals.

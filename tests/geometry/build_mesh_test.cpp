@@ -55,8 +55,8 @@ protected:
         StageTimes times;
         StageLaps laps(times);
         Inconsistencies inconsistencies;
-        m_mesh = MeshBuilder(text.file.lists, nullptr)
-                     .BuildMesh(text.CurrentGeometry(), inconsistencies, laps);
+        m_mesh = MeshBuilder(text.file.lists)
+                     .BuildMesh(text.CurrentGeometry(), nullptr, inconsistencies, laps);
         inconsistencies.Report();
         EXPECT_TRUE(m_mesh->DoublePrecisionVerticesAreValid());
         EXPECT_EQ(m_mesh->DoublePrecisionVertices().Count(), m_mesh->VertexCount());

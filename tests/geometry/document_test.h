@@ -25,7 +25,8 @@ protected:
         ConsoleApp::Instance().TakeJournal();
         doc = std::make_unique<ConsoleDoc>(tolerance);
         StageTimes times;
-        return DocumentObjects(text.file, text.choices, *doc, nullptr, times).Build();
+        ThreadTeam team(1);
+        return DocumentObjects(text.file, text.choices, *doc, {team}, nullptr, times).Build();
     }
 
     /// The same of a text.

@@ -13,7 +13,7 @@ bool Finish(GK_Mesh* mesh, bool isMorphTarget)
 {
     StageTimes times;
     StageLaps laps(times);
-    return FinishMesh(mesh, isMorphTarget, laps);
+    return FinishMesh(mesh, isMorphTarget, nullptr, laps);
 }
 
 using testing::IsEmpty;

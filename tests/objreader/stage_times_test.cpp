@@ -10,21 +10,21 @@ TEST(StageTimes, AddsTheTimesOfThreadsStageByStage)
 {
     StageTimes first;
     first.Add(ImportStage::ReadBytes, 5ns);
-    first.Add(ImportStage::Release, 7ns);
+    first.Add(ImportStage::HandOver, 7ns);
     StageTimes second;
-    second.Add(ImportStage::Release, 30ns);
+    second.Add(ImportStage::HandOver, 30ns);
     second.Add(ImportStage::Normals, 1ns);
     first.Add(second);
 
     EXPECT_EQ(first.Of(ImportStage::ReadBytes), 5ns);
-    EXPECT_EQ(first.Of(ImportStage::Release), 37ns);
+    EXPECT_EQ(first.Of(ImportStage::HandOver), 37ns);
     EXPECT_EQ(first.Of(ImportStage::Normals), 1ns);
     EXPECT_EQ(first.Of(ImportStage::PlainLines), 0ns);
 }
 
 TEST(StageTimes, NamesEachStageOnce)
 {
-    EXPECT_EQ(static_cast<std::size_t>(ImportStage::Release) + 1, ImportStages.size());
+    EXPECT_EQ(static_cast<std::size_t>(ImportStage::HandOver) + 1, ImportStages.size());
     for (std::size_t i = 0; i < ImportStages.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
             EXPECT_NE(ImportStages[i].name, ImportStages[j].name);
