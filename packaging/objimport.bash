@@ -11,7 +11,7 @@ _objimport_values() {
 }
 
 _objimport() {
-    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} candidates
+    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} candidates=
     if [[ $word == -* ]]; then
         candidates=$(_objimport_options "$1")
     elif [[ $previous == --* ]]; then
@@ -21,7 +21,7 @@ _objimport() {
         mapfile -t COMPREPLY < <(compgen -W "$candidates" -- "$word")
         return
     fi
-    compopt -o filenames -o plusdirs 2>/dev/null
+    compopt -o filenames -o plusdirs 2>/dev/null || true
     case $previous in
     --json | --settings | --strings | --module | --save | --sarif)
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
