@@ -4,7 +4,9 @@
 
 #include <exception>
 
-int main(int count, char** arguments)
+namespace {
+
+int RunAndTellErrors(int count, char** arguments)
 {
     try {
         const StandardStreams streams;
@@ -14,4 +16,13 @@ int main(int count, char** arguments)
         TellError(failure.what());
         return 2;
     }
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    const int status = RunAndTellErrors(count, arguments);
+    WaitInOwnWindow();
+    return status;
 }

@@ -25,6 +25,10 @@ private:
     [[maybe_unused]] unsigned int m_before = 0;
 };
 
+/// Waits for Enter when a console window was opened for this program alone, as for one that was
+/// started by mouse: the window closes with the program. There is none off Windows.
+void WaitInOwnWindow();
+
 /// A shared library loaded at run time, unloaded when the object goes.
 class Library
 {

@@ -49,6 +49,8 @@ StandardStreams::StandardStreams()
 
 StandardStreams::~StandardStreams() = default;
 
+void WaitInOwnWindow() {}
+
 Library::Library(const std::filesystem::path& path, const std::string& what)
     : m_handle(dlopen(path.c_str(), RTLD_NOW))
 {

@@ -5,6 +5,7 @@
 
 #include "host/geokit/string.h"
 
+#include <cstdio>
 #include <fcntl.h>
 #include <io.h>
 #include <system_error>
@@ -48,6 +49,21 @@ StandardStreams::~StandardStreams()
 {
     if (m_before != 0)
         SetConsoleOutputCP(m_before);
+}
+
+void WaitInOwnWindow()
+{
+    DWORD processes[2];
+    DWORD mode = 0;
+    const bool alone = GetConsoleProcessList(processes, 2) == 1;
+    if (!alone || GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) == 0 ||
+        GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) == 0)
+        return;
+    std::fputs("\nPress Enter to close this window.", stdout);
+    std::fflush(stdout);
+    int typed = 0;
+    while (typed != '\n' && typed != EOF)
+        typed = std::getchar();
 }
 
 Library::Library(const std::filesystem::path& path, const std::string& what)
