@@ -14,23 +14,6 @@ std::wstring Wide(const std::string& path)
     return {path.begin(), path.end()};
 }
 
-/// Makes the reader use so many threads, where readers can be told.
-template <typename ObjReader>
-void UseThreads(ObjReader& reader, unsigned threadCount)
-{
-    if constexpr (requires { reader.SetThreadCount(threadCount); })
-        reader.SetThreadCount(threadCount);
-}
-
-template <typename ObjReader>
-constexpr bool TakesThreads()
-{
-    return requires(ObjReader & reader)
-    {
-        reader.SetThreadCount(1U);
-    };
-}
-
 class ParseOnly : public Reader
 {
 public:
@@ -39,7 +22,7 @@ public:
         m_path = Wide(path);
         m_doc.emplace(Tolerance);
         m_reader.emplace(m_path.c_str(), *m_doc, m_options);
-        UseThreads(*m_reader, 1);
+        m_reader->SetThreadCount(1);
         if (!m_reader->Parse())
             throw std::runtime_error("the parse failed: " + path);
     }
@@ -70,7 +53,7 @@ public:
         m_doc.emplace(Tolerance);
         const std::wstring widePath = Wide(path);
         CReadOBJ reader(widePath.c_str(), *m_doc, m_options);
-        UseThreads(reader, m_threadCount);
+        reader.SetThreadCount(m_threadCount);
         if (!reader.Parse() || !reader.Build())
             throw std::runtime_error("the import failed: " + path);
         m_stages = reader.Times();
@@ -97,9 +80,4 @@ std::unique_ptr<Reader> MakeParseReader()
 std::unique_ptr<Reader> MakeImportReader(unsigned threadCount)
 {
     return std::make_unique<WholeImport>(threadCount);
-}
-
-bool ImportTakesThreads()
-{
-    return TakesThreads<CReadOBJ>();
 }

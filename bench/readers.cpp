@@ -8,7 +8,7 @@ std::vector<NamedReader> Readers(unsigned threadCount)
         {ParseReader, ReaderKind::Own, MakeParseReader},
         {ImportReader, ReaderKind::Own, [] { return MakeImportReader(1); }},
     };
-    if (threadCount > 1 && ImportTakesThreads())
+    if (threadCount > 1)
         readers.push_back({ThreadedImportReader, ReaderKind::Own,
                            [threadCount] { return MakeImportReader(threadCount); }});
 #ifdef BENCH_TINYOBJLOADER

@@ -66,6 +66,3 @@ std::unique_ptr<Reader> MakeParseReader();
 std::unique_ptr<Reader> MakeImportReader(unsigned threadCount);
 std::unique_ptr<Reader> MakeTinyObjLoaderReader();
 std::unique_ptr<Reader> MakeAssimpReader();
-
-/// Whether imports can be given a number of threads.
-[[nodiscard]] bool ImportTakesThreads();
