@@ -15,7 +15,7 @@ inline std::string Utf8(const std::filesystem::path& path)
     return {text.begin(), text.end()};
 }
 
-/// What stands in a file; a test that asks for one that cannot be read fails.
+/// Returns the contents of a file; a test that asks for one that cannot be read fails.
 inline std::string ReadBytes(const std::filesystem::path& path)
 {
     std::ifstream stream(path, std::ios::binary);
@@ -52,7 +52,7 @@ public:
         return m_path / name;
     }
 
-    /// Writes a file of the folder, with folders on the way, and gives its path.
+    /// Writes a file of the folder, with folders on the way, and returns its path.
     // NOLINTNEXTLINE(modernize-use-nodiscard): what is wanted is often only the file
     std::filesystem::path Write(const std::filesystem::path& name, std::string_view contents) const
     {
@@ -62,7 +62,7 @@ public:
         return path;
     }
 
-    /// What stands in a file of the folder; empty when there is none.
+    /// Returns the contents of a file of the folder; empty when there is none.
     [[nodiscard]] std::string Read(const std::filesystem::path& name) const
     {
         std::ifstream stream(m_path / name, std::ios::binary);

@@ -41,7 +41,7 @@ inline void SetColor(CKelvoUiDib& image, int x, int y, const Rgba& color)
         pixel[3] = static_cast<unsigned char>(color.alpha);
 }
 
-/// An image with the colour that `colorAt` gives for each x and y.
+/// Returns an image with the colour that `colorAt` returns for each x and y.
 template <class GiveColor>
 CKelvoDib MakeImage(int width, int height, int depth, GiveColor colorAt)
 {

@@ -11,7 +11,7 @@ template <class Call>
 double WorkOf(Call call)
 {
     constexpr int Runs = 3;
-    constexpr double LeastTime = 0.05; // which clocks with coarse steps can tell from nothing
+    constexpr double LeastTime = 0.05; // which coarse clocks can still measure
     double least = std::numeric_limits<double>::infinity();
     for (int i = 0; i < Runs; ++i) {
         const std::clock_t start = std::clock();

@@ -16,7 +16,7 @@ public:
     AnswerSource& operator=(const AnswerSource&) = delete;
     virtual ~AnswerSource() = default;
 
-    /// Puts the question and gives the line that answers it, without its line end; nothing when
+    /// Asks the question and returns the line that answers it, without its line end; nothing when
     /// there is no further answer. `nothingIsAnAnswer`: an empty line answers the question.
     virtual std::optional<std::wstring> Answer(const std::wstring& question,
                                                bool nothingIsAnAnswer) = 0;
@@ -25,7 +25,7 @@ public:
     virtual void Note(const std::wstring& text) = 0;
 };
 
-/// Answers every question by Enter at once, and has no answer where Enter is none.
+/// Answers every question with Enter at once, and has no answer where Enter is none.
 class EnterAtOnce : public AnswerSource
 {
 public:
@@ -70,5 +70,5 @@ std::unique_ptr<AnswerSource> MakeStandardInputAnswers();
 /// Chooses where answers come from, from now on; until the first call it is EnterAtOnce.
 void SetAnswerSource(std::unique_ptr<AnswerSource> source);
 
-/// The source in use.
+/// Returns the source in use.
 AnswerSource& CurrentAnswers();

@@ -26,28 +26,28 @@ public:
     CWnd* MainWnd() override { return nullptr; }
     bool DoHelp(int topicId) override;
 
-    /// Where Print goes; null: only to the journal. Standard output at first.
+    /// Sets where Print writes to, standard output at first; null: only to the journal.
     void SetPrintStream(std::FILE* stream) { m_printStream = stream; }
 
-    /// The settings store; without one set, settings live as long as the program.
+    /// Sets the settings store; without one, settings live as long as the program.
     void SetProfile(std::unique_ptr<ProfileStore> profile) { m_profile = std::move(profile); }
     ProfileStore& Profile() { return *m_profile; }
 
-    /// The files that imports have read, but for the imported ones.
+    /// Returns the files that imports have read, except the imported ones.
     std::set<FileIdentity>& FilesRead() { return m_filesRead; }
 
     void SetStrings(StringTable strings) { m_strings = std::move(strings); }
     StringTable& Strings() { return m_strings; }
 
-    /// A sentence that tells the user how to get back an import's options dialog that was switched
-    /// off, which only the program knows. Empty, as at first: the user is not told.
+    /// Sets the sentence that tells the user how to get back an import's options dialog that was
+    /// switched off, which only the program knows. Empty, as at first: the user is not told.
     void SetDialogHint(std::wstring hint) { m_dialogHint = std::move(hint); }
     [[nodiscard]] const std::wstring& DialogHint() const { return m_dialogHint; }
 
     ImportJournal& Journal() { return m_journal; }
 
-    /// Returns what was noted since the last call and starts afresh, also with what trims may take
-    /// in all: to be called between imports.
+    /// Returns what was noted since the last call and begins a new journal and a new allowance for
+    /// trims: to be called between imports.
     ImportJournal TakeJournal();
 
 private:

@@ -29,7 +29,7 @@ std::vector<unsigned char> ReadBytes(std::FILE* file, std::size_t size)
     return bytes;
 }
 
-/// The file's size, or 0 when it is not known or more than any decoder counts.
+/// Returns the file's size, or 0 when it is not known or more than any decoder can count.
 std::size_t SizeOf(std::FILE* file)
 {
     if (std::fseek(file, 0, SEEK_END) != 0)
@@ -43,7 +43,7 @@ bool IsPngName(const wchar_t* path)
     return SameWord(SplitPath(path).ext, L".png");
 }
 
-/// Says which image was not read for its size. Every other that is not read is none at all.
+/// Notes which image was refused for its size. Any other file that is not read is not an image.
 void NoteOutOfProportion(const wchar_t* path, const ImageBuilder& image, std::size_t fileSize)
 {
     NoteRefused("image", GK_wString(path).Utf8() + ": " + std::to_string(image.Width()) + " x " +

@@ -49,8 +49,8 @@ std::string WhyUnsound(const GK_Mesh& mesh)
 {
     if (mesh.FaceCount() == 0)
         return "the mesh has no faces";
-    // Where there are valid double-precision vertices, they are the positions; the others are their
-    // roundings, which for a large one may be infinite.
+    // Valid double-precision vertices are the positions; the others are those rounded, and infinite
+    // for large ones.
     const bool finite = mesh.DoublePrecisionVerticesAreValid()
                             ? AreFinite(mesh.DoublePrecisionVertices())
                             : AreFinite(mesh.vertices);
@@ -86,7 +86,7 @@ std::string WhyUnsound(const GK_Brep& brep)
     return {};
 }
 
-/// Why geometry cannot stand in a document ("the curve has no knots"); empty when it can.
+/// Returns why geometry cannot be in a document ("the curve has no knots"); empty when it can.
 std::string WhyUnsound(const AnyGeometry& geometry)
 {
     return std::visit(
@@ -94,8 +94,8 @@ std::string WhyUnsound(const AnyGeometry& geometry)
         geometry);
 }
 
-/// Puts (0, 0, 1) and (0, 0) in place of normals and texture coordinates that are not finite, which
-/// do not cost a mesh its place.
+/// Replaces normals and texture coordinates that are not finite, for which a mesh is not refused,
+/// by (0, 0, 1) and (0, 0).
 void ReplaceUnsoundDirections(GK_Mesh& mesh)
 {
     for (GK_3fVector& normal : mesh.normals)

@@ -12,7 +12,7 @@
 using AnyGeometry = std::variant<const GK_Mesh*, const GK_Curve*, const GK_3dPoint*,
                                  const GK_PointCloud*, const GK_Brep*>;
 
-/// A view of something in a document; good until the document changes.
+/// A view of something in a document; valid until the document changes.
 struct DocumentObject
 {
     const GK_MdxObjectAttributes* attributes;

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// An id that counts up: the form of a random one, all zero but for the number at its end.
+/// Returns an id of the form of a random one, all zero except for the number at its end.
 GK_UUID NumberedId(unsigned int number)
 {
     GK_UUID id;

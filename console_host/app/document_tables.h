@@ -8,16 +8,16 @@
 #include <cstdint>
 #include <map>
 
-/// Finds the lowest index of a name, compared exactly. The names are kept in their order: names
-/// come from files, which could hold such that collide in any hash that is known.
+/// Finds the lowest index of a name, compared exactly. The names are sorted: they come from files,
+/// which could choose names that collide in any known hash.
 class NameIndex
 {
 public:
-    /// Notes that a name has this index; a name that is noted already keeps its index, which is
-    /// lower when indices come ascending.
+    /// Adds a name with this index; a name that is there already keeps its index, which is lower
+    /// when indices are ascending.
     void Add(const GK_wString& name, int index) { m_indices.try_emplace(name, index); }
 
-    /// The index of the name, or -1.
+    /// Returns the index of the name, or -1.
     [[nodiscard]] int Find(const GK_wString& name) const
     {
         const auto found = m_indices.find(name);
@@ -39,8 +39,8 @@ public:
     [[nodiscard]] int FindLayer(const GK_UUID& parentId, const GK_wString& name,
                                 bool ignoreDeleted) const override;
 
-    /// A record with the nil id gets a fresh one. Fresh ids repeat from one document to the next,
-    /// so that the same import always gives the same document.
+    /// Adds a record; one with the nil id gets a new id. New ids repeat from one document to the
+    /// next, so that the same import always makes the same document.
     int AddLayer(const GK_Layer& layer, bool reference) override;
 
     [[nodiscard]] const GK_ClassArray<GK_Layer>& Layers() const { return m_layers; }

@@ -116,13 +116,13 @@ Directive TakeDirective(std::wstring_view& format)
     return directive;
 }
 
-/// An argument list that can be handed on by reference.
+/// An argument list that can be passed by reference.
 struct Arguments
 {
     std::va_list list;
 };
 
-/// How many bits an integer of a length has.
+/// Returns how many bits an integer of a length has.
 unsigned int BitsOf(std::wstring_view length)
 {
     if (length == L"hh")
@@ -185,7 +185,7 @@ std::wstring Padded(std::wstring text, const Directive& directive)
     return text;
 }
 
-/// A text that need not end when the precision comes first.
+/// Returns the text up to the precision, within which it need not end, or to its end.
 template <class Character>
 std::basic_string_view<Character> Within(const Character* text, int precision)
 {
@@ -221,7 +221,7 @@ std::wstring FormatCharacter(const Directive& directive, Arguments& arguments)
                   directive);
 }
 
-/// Takes the width and the precision that stand in the arguments.
+/// Takes the width and the precision from the arguments.
 void TakeFields(Directive& directive, Arguments& arguments)
 {
     if (directive.width == Directive::FromArgument) {

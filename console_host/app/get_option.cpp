@@ -35,8 +35,8 @@ public:
     int Ask();
 
 private:
-    /// The next word: the rest of the line typed before, or the answer to the question. Without one
-    /// gives false and sets what the getter ends with.
+    /// Takes the next word: from the rest of the line typed before, or from the answer to the
+    /// question. Returns false, and the result of the getter, when there is none.
     bool NextWord(const std::wstring& question, bool nothingIsAnAnswer, std::wstring& word,
                   int& result);
     int Take(const std::wstring& word);
@@ -49,7 +49,7 @@ private:
 
 using Item = OptionPrompt::Item;
 
-/// What people type for off and on besides a toggle's own values.
+/// What users type for off and on besides a toggle's own values.
 constexpr std::wstring_view OffWords[] = {L"no", L"off", L"false", L"0"};
 constexpr std::wstring_view OnWords[] = {L"yes", L"on", L"true", L"1"};
 
@@ -95,7 +95,7 @@ void NoteAmbiguous(std::wstring_view word, const WordMatch& match)
     CurrentAnswers().Note(Quoted(word) + L" could be " + ListOfNames(match.couldBe) + L".");
 }
 
-/// Position of the value that a word names; -1, and a note why, when it names none.
+/// Returns the position of the value that a word names; -1, after a note why, when it names none.
 int MatchValue(const Item& item, std::wstring_view word)
 {
     const WordMatch match = MatchWord(word, item.values);
@@ -108,7 +108,7 @@ int MatchValue(const Item& item, std::wstring_view word)
     if (match.couldBe.size() > 1)
         NoteAmbiguous(word, match);
     else
-        CurrentAnswers().Note(Quoted(word) + L" is no value of " + LocalName(item.name) +
+        CurrentAnswers().Note(Quoted(word) + L" is not a value of " + LocalName(item.name) +
                               L"; its values are " + NamesOf(item.values) + L".");
     return -1;
 }

@@ -22,7 +22,7 @@ std::filesystem::path HelpFile(int topicId)
     return WhyUnreadable(installed).empty() ? installed : program / "help" / name;
 }
 
-/// A heading stands in capitals, since a plain text has no other way.
+/// Appends a heading in capitals, as plain text has no other form for it.
 void AppendHeading(std::string& text, std::string_view line)
 {
     line.remove_prefix(std::min(line.find_first_not_of("# "), line.size()));

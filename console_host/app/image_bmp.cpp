@@ -87,7 +87,8 @@ void ReadColors(const BmpHeader& bmp, ImageBuilder& image)
     }
 }
 
-/// Without masks the fourth byte of a pixel is alpha only when it is not 0 in all of them.
+/// Makes an image opaque whose alpha is 0 in all pixels: without masks the fourth byte of a pixel
+/// is alpha only when it is used.
 void DropUnusedAlpha(const BmpHeader& bmp, ImageBuilder& image)
 {
     unsigned used = 0;

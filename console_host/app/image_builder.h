@@ -65,11 +65,11 @@ public:
 
     [[nodiscard]] CKelvoUiDib TakeImage() { return std::move(m_image); }
 
-    /// Size that the file claims, when it is within the limits of images.
+    /// Return the size that the file claims, when it is within the limits of images.
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }
 
-    /// The file was refused because it claims too many pixels for its bytes.
+    /// Returns whether the file was refused because it claims too many pixels for its bytes.
     [[nodiscard]] bool IsOutOfProportion() const { return m_isOutOfProportion; }
 
 private:

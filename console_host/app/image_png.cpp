@@ -73,8 +73,8 @@ void PutBytes(png_structp png, png_bytep from, std::size_t size)
         png_error(png, "");
 }
 
-/// Whatever the file holds becomes blue, green, red and, if it has that, alpha, of 8 bits each.
-/// Returns in how many passes the rows come.
+/// Asks for blue, green, red and, if the file has it, alpha, of 8 bits each, whatever the file
+/// holds. Returns in how many passes the rows come.
 int AskForColors(png_structp png, png_infop info)
 {
     png_set_expand(png);
@@ -92,7 +92,7 @@ bool Decode(png_structp png, png_infop info, ImageBytes& file, ImageBuilder& ima
         return false;
     png_set_read_fn(png, &file, TakeBytes);
     png_set_user_limits(png, CKelvoUiDib::MaxSide, CKelvoUiDib::MaxSide);
-    // What has no effect on the pixels is skipped.
+    // Chunks that have no effect on the pixels are skipped.
     png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
     png_read_info(png, info);
     const int passes = AskForColors(png, info);
@@ -112,7 +112,7 @@ bool Encode(png_structp png, png_infop info, const CKelvoUiDib& image, const Put
     if (setjmp(png_jmpbuf(png)) != 0)
         return false;
     png_set_write_fn(png, const_cast<PutImageBytes*>(&put), PutBytes, nullptr);
-    // A higher level takes up to four times as long for a few bytes less in a hundred.
+    // A higher level takes up to four times as long and saves a few percent.
     png_set_compression_level(png, 1);
     png_set_IHDR(png, info, static_cast<png_uint_32>(image.Width()),
                  static_cast<png_uint_32>(image.Height()), 8,

@@ -116,7 +116,7 @@ ComPtr<IWICBitmapFrameEncode> MakeFrame(IWICBitmapEncoder* encoder)
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
     Check(encoder->CreateNewFrame(&frame, &options));
-    // To try all filters on each row takes half as long again, for a few bytes less in a hundred.
+    // Trying all filters on each row takes 50% longer and saves a few percent.
     PROPBAG2 name{};
     name.pstrName = const_cast<wchar_t*>(L"FilterOption");
     VARIANT filter{};

@@ -40,13 +40,13 @@ struct ImportJournal
     bool redrawn = false;
 };
 
-/// The journal that is written now: that of the running import, or of what happens outside one.
+/// Returns the current journal: that of the running import, or of what happens outside one.
 ImportJournal& CurrentJournal();
 
-/// Notes geometry, or an image, that is not taken, and why.
-/// `number` says which of its type it is, 0 that this is not known.
+/// Notes geometry, or an image, that is refused, and why. `number` says which of its type it is; 0:
+/// not known.
 void NoteRefused(std::string_view type, std::string reason, int number = 0);
 
-/// Notes that a plug-in does not keep to what is agreed: the call at which it showed, and what is
-/// wrong. Goes to standard error and to the kernel errors, with the source "host".
+/// Notes that a plug-in does not keep to the contract: the call at which this was noticed, and what
+/// is wrong. Goes to standard error and to the kernel errors, with the source "host".
 void NoteGuestFault(std::string_view call, std::string_view fault);

@@ -13,7 +13,7 @@ bool IsBlank(wchar_t character)
     return character == L' ' || (character >= L'\t' && character <= L'\r') || character == 0xA0;
 }
 
-/// Without the process's locale, which knows ASCII only when nobody set it.
+/// Returns the lower case of a letter, whatever the process's locale is.
 wchar_t LowerCase(wchar_t character)
 {
     const bool ascii = character >= L'A' && character <= L'Z';

@@ -86,8 +86,8 @@ ProfileStore::ProfileStore(std::filesystem::path path) : m_path(std::move(path))
     }
 }
 
-/// Only a file with nothing in it, and a text that begins, after its remarks, with a section, may
-/// be replaced by settings.
+/// Loads the file, which must be empty or begin, after remarks, with a section: nothing else may be
+/// replaced by settings.
 void ProfileStore::Load()
 {
     const std::runtime_error isOther("it is no settings file");

@@ -10,15 +10,15 @@
 /// Settings as text in sections, in memory or kept in a file from one run to the next.
 ///
 /// The file is UTF-8: a line "[section]", then lines "entry=value"; lines that begin with ';' or
-/// '#' are remarks, which the next saving drops. In names a character that would be read as
-/// something else stands as '%' and two hexadecimal digits.
+/// '#' are remarks, which are lost when the settings are saved. In names a character with a meaning
+/// of its own is written as '%' and two hexadecimal digits.
 class ProfileStore final : public CKelvoProfileContext
 {
 public:
-    /// Settings in memory only.
+    /// Makes settings in memory only.
     ProfileStore() = default;
 
-    /// Settings of a file, loaded at once. A file that does not exist yet holds none; so does one
+    /// Loads the settings of a file. A file that does not exist yet holds none; neither does one
     /// that cannot be read or that is no settings file, which is never replaced.
     explicit ProfileStore(std::filesystem::path path);
 
@@ -27,11 +27,11 @@ public:
     void WriteInt(const wchar_t* section, const wchar_t* entry, int value) override;
     void WriteBool(const wchar_t* section, const wchar_t* entry, bool value) override;
 
-    /// Writes the file when anything was changed since it was loaded. A failure is reported on
-    /// standard error and gives false; the file is then as it was.
+    /// Writes the file when anything was changed since it was loaded. Returns false, after a report
+    /// on standard error, when it cannot; the file is then as it was.
     bool Save();
 
-    /// Why the file, which is there, could not be taken for settings; empty when it could.
+    /// Returns why the file, which exists, could not be used as settings; empty when it could.
     [[nodiscard]] const std::string& WhyUnreadable() const { return m_whyUnreadable; }
 
 private:

@@ -6,21 +6,21 @@
 #include <string>
 
 /// Texts by id, in place of the plug-ins' English ones. A file of them holds lines of an id, a tab
-/// and a text, in UTF-8; in the text "\n", "\t" and "\\" stand for a line end, a tab and '\'.
+/// and a text, in UTF-8; in the text "\n", "\t" and "\\" mean a line end, a tab and '\'.
 class StringTable
 {
 public:
-    /// The table of a file. Lines that hold no id and tab are noted on standard error and passed
-    /// over, but for empty ones. Throws std::runtime_error, saying why, when the file cannot be
-    /// read.
+    /// Returns the table of a file. Lines without an id and a tab are reported on standard error,
+    /// except empty ones, and ignored. Throws std::runtime_error, saying why, when the file cannot
+    /// be read.
     static StringTable Load(const std::filesystem::path& path);
 
     /// Sets the text of an id.
     void Set(int id, std::wstring text);
 
-    /// The table's text for the id, or `text` where the table has none. A table text whose
+    /// Returns the table's text for the id, or `text` when the table has none. A table text whose
     /// placeholders are not those of `text` would take other arguments than there are: it is not
-    /// used, which is noted on standard error once.
+    /// used, which is reported on standard error once.
     const wchar_t* Localize(const wchar_t* text, int id);
 
 private:

@@ -26,7 +26,7 @@ bool IsPushButton(DialogControlKind kind)
     return kind == DialogControlKind::PushButton || kind == DialogControlKind::DefaultPushButton;
 }
 
-/// A label's '@' would start a picture.
+/// Returns a label in which each '@', which would begin a symbol, is doubled.
 std::string LabelText(std::string_view text)
 {
     std::string label;
@@ -91,13 +91,13 @@ public:
         enabled ? m_widget->activate() : m_widget->deactivate();
     }
 
-    /// Whether the keyboard can reach it at all.
+    /// Returns whether the keyboard can reach it at all.
     [[nodiscard]] bool TakesFocus() const
     {
         return IsButton(m_description->kind) && m_widget->active() != 0;
     }
 
-    /// Whether the Tab key stops here.
+    /// Returns whether the Tab key stops here.
     [[nodiscard]] bool IsTabStop() const
     {
         const bool isRadio = m_description->kind == DialogControlKind::RadioButton;

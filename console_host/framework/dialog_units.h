@@ -6,8 +6,8 @@
 class DialogUnits
 {
 public:
-    /// Takes the measures of the font that stands for the template's. A display must be open. Where
-    /// the font is so wide that a text would not fit its control, the units grow until it does.
+    /// Measures the font that is used in place of the template's. A display must be open. Where the
+    /// font is so wide that a text would not fit its control, the units grow until it does.
     explicit DialogUnits(const DialogTemplate& dialog);
 
     [[nodiscard]] DialogRect Pixels(const DialogRect& rect) const;

@@ -49,7 +49,7 @@ int TextWidth(HWND control)
     return size.cx;
 }
 
-/// Widens a check box or radio button, and its dialog, where the system's font stands for the
+/// Widens a check box or radio button, and its dialog, where the system's font replaces the
 /// template's and is so wide that the text would be cut.
 BOOL CALLBACK MakeRoom(HWND control, LPARAM dialogHandle)
 {

@@ -8,13 +8,13 @@
 
 // Windows of the host's own, each shown until the user closes it.
 
-/// Whether a window can be shown at all: false off Windows without a display.
+/// Returns whether a window can be shown at all: off Windows, whether there is a display.
 bool CanShowWindows();
 
-/// A message with an OK button. `flags` are those of KelvoMessageBox.
+/// Shows a message with an OK button. `flags` are those of KelvoMessageBox.
 void ShowMessageWindow(std::wstring_view text, std::wstring_view caption, unsigned int flags);
 
-/// A longer text that can be scrolled.
+/// Shows a longer text that can be scrolled.
 void ShowTextWindow(std::wstring_view text, std::wstring_view caption);
 
 /// What the host knows of the dialogs of its run.
@@ -25,7 +25,7 @@ struct DialogState
     int notShown = 0; ///< dialogs that could not be shown
 };
 
-/// The one record of this process.
+/// Returns the one record of this process.
 DialogState& Dialogs();
 
 // Dialogs of modules.
@@ -41,11 +41,11 @@ public:
 
 using NativeControl = CWnd::Native;
 
-/// Whoever hears of what happens in a native dialog.
+/// Receives what happens in a native dialog.
 class NativeDialogOwner : public CObject
 {
 public:
-    /// The controls are there, the dialog is not yet visible.
+    /// Called when the controls exist and the dialog is not yet visible.
     virtual void OnOpen() = 0;
     virtual void OnMessage(WindowMessage message, int controlId) = 0;
 };
@@ -54,17 +54,19 @@ public:
 class NativeDialog : public CObject
 {
 public:
-    /// Shows the dialog and waits for its end. The result given to End, or DialogNotShown.
+    /// Shows the dialog, waits until it is closed and returns the result that End was called with,
+    /// or DialogNotShown.
     virtual int Run() = 0;
 
-    /// The control of that id, or null; the dialog owns it. From OnOpen on.
+    /// Returns the control of that id, which the dialog owns, or null. May be called from OnOpen
+    /// on.
     virtual NativeControl* Find(int controlId) = 0;
 
     /// Closes the dialog: Run returns the result.
     virtual void End(int result) = 0;
 };
 
-/// Makes a dialog from a module's template. Null when the module has no such template or no window
-/// can be shown. `owner` must outlive the dialog.
+/// Returns a dialog made from a module's template; null when the module has no such template or no
+/// window can be shown. `owner` must outlive the dialog.
 std::unique_ptr<NativeDialog> MakeNativeDialog(const CModuleState& module, int templateId,
                                                NativeDialogOwner& owner);

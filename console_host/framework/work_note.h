@@ -4,9 +4,9 @@
 #include <mutex>
 #include <thread>
 
-/// The console's wait cursor: a note on standard error that the program is at work. It comes after
-/// a second, and only when standard error is a terminal. A thread of its own waits for that second,
-/// so that the work itself has nothing to do for it.
+/// The console's wait cursor: a note on standard error that the program is at work. It appears
+/// after a second, and only when standard error is a terminal. A thread of its own waits for that
+/// second, so that it costs the work itself nothing.
 class WorkNote
 {
 public:
@@ -16,14 +16,14 @@ public:
     WorkNote& operator=(const WorkNote&) = delete;
     ~WorkNote();
 
-    /// Begin and end work; they nest. Ending what was not begun does nothing and gives false.
+    /// Begin and end work; they nest. Ending what was not begun does nothing and returns false.
     void Begin();
     bool End();
 
-    /// How many begins have not been ended.
+    /// Returns how many begins have not been ended.
     [[nodiscard]] int Depth() const { return m_depth; }
 
-    /// Takes the note off the terminal, because something else is about to be written; it comes
+    /// Erases the note from the terminal, because something else is about to be written; it appears
     /// again a second later.
     void Hide();
 

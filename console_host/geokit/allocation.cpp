@@ -19,14 +19,14 @@ std::atomic<long>& Failures() noexcept
     return failures;
 }
 
-/// How many allocations are left until one is to fail, with that one; 0: none is.
+/// Returns how many allocations, with the one that is to fail, are left; 0: none is to fail.
 long& AllocationsToFailure() noexcept
 {
     static long left = 0;
     return left;
 }
 
-/// Stands in front of every block.
+/// Precedes every block.
 struct alignas(std::max_align_t) BlockHeader
 {
     std::size_t size; ///< of header and block together; that of a large page at least when in such
@@ -45,7 +45,7 @@ bool InLargePages(std::size_t size) noexcept
     return size >= LargePageSize;
 }
 
-/// The size of the large pages that hold so many bytes.
+/// Returns the size of the large pages that hold so many bytes.
 std::size_t PagesSize(std::size_t size) noexcept
 {
     return (size + LargePageSize - 1) / LargePageSize * LargePageSize;
@@ -61,8 +61,8 @@ BlockHeader* MoveToLargePages(BlockHeader* header, std::size_t size) noexcept
     return static_cast<BlockHeader*>(pages);
 }
 
-/// Makes a block, or makes it larger or smaller; null when there is no memory. One in large pages
-/// stays there.
+/// Makes a block, or makes it larger or smaller; returns null when out of memory. A block in large
+/// pages stays in such.
 BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
 {
     BlockHeader* resized = nullptr;

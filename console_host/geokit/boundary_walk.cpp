@@ -19,7 +19,7 @@ struct Strand
     double arrival;
 };
 
-// A value along a side, at a share of the way.
+// Returns the value along a side at a share of the way.
 double ValueAlong(Side side, double share, const ParameterPlane& plane)
 {
     const std::size_t d = 1 - Across(side);
@@ -31,7 +31,7 @@ double ValueAlong(Side side, double share, const ParameterPlane& plane)
     return share >= 1.0 ? end : start + share * (end - start);
 }
 
-// The position of a place that is on the boundary; negative for one that is not.
+// Returns the position of a place that is on the boundary; negative for one that is not.
 double PositionOf(const Uv& place, const ParameterPlane& plane)
 {
     constexpr double OnSide = 1e-3;
@@ -148,8 +148,8 @@ bool Walker::AddStrand(std::vector<DomainPiece> pieces, int number)
     return true;
 }
 
-// The first departure at a position or after it, around the domain; one that is taken only when
-// there is no other as near.
+// Returns the first departure at a position or after it, around the domain; one that is taken only
+// when there is no other as near.
 std::size_t Walker::NextDeparture(double arrival) const
 {
     const std::size_t count = m_departures.size();

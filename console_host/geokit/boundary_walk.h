@@ -35,7 +35,7 @@ struct WalkedLoop
     Uv periods{}; ///< by which a loop that was given was shifted into the domain
 };
 
-/// What a walk came to.
+/// The result of a walk.
 struct BoundaryWalk
 {
     std::vector<WalkedLoop> loops;
@@ -48,8 +48,8 @@ struct BoundaryWalk
 /// are marked. Returns where the pieces along seams that were taken out begin and end.
 SeamPlaces StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plane);
 
-/// The loop does not go on from the piece to the next one, but from seam to seam, along a pole or
-/// along what was taken out.
+/// Returns whether the loop continues from the piece to the next one not directly, but from seam to
+/// seam, along a pole or along what was taken out.
 bool IsBreak(const DomainPiece& piece, const DomainPiece& next, const ParameterPlane& plane);
 
 /// Closes loops along the sides of the domain: where a loop arrives at a seam or a pole, the

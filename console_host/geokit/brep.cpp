@@ -20,8 +20,7 @@ int Take(GK_ClassArray<T>& list, T item)
     return list.Count() - 1;
 }
 
-/// Takes out of a list what no index names, and numbers the indices, of which -1 names nothing,
-/// again.
+/// Removes from a list what no index names, and updates the indices, of which -1 names nothing.
 template <class T>
 void KeepNamed(GK_ClassArray<T>& list, const std::vector<int*>& indices)
 {

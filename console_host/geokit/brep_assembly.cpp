@@ -14,7 +14,7 @@ class SeamBreaks
 public:
     SeamBreaks(const BoundedFaces& bounded, const ParameterPlane& plane);
 
-    // The parts of a part of a side between breaks, in its direction.
+    // Returns the parts of a part of a side between breaks, in its direction.
     [[nodiscard]] std::vector<SidePart> Split(const SidePart& part) const;
 
 private:
@@ -89,8 +89,8 @@ private:
     int m_surface;
     const ParameterPlane& m_plane;
     SeamBreaks m_breaks;
-    std::map<int, int>& m_edges;                           // those of before, and what they are now
-    std::map<std::pair<std::size_t, double>, int> m_seams; // direction across and lower end
+    std::map<int, int>& m_edges;                               // old index to new index
+    std::map<std::pair<std::size_t, double>, int> m_seams;     // direction across and lower end
     std::array<int, AllSides.size()> m_curves{-1, -1, -1, -1}; // along the sides
 };
 
@@ -113,7 +113,7 @@ int TrimMaker::EdgeOf(const LoopPiece& piece)
     return edge;
 }
 
-// A curve of its own kind where there is one that takes less room.
+// Returns the curve as a line where it is one, which takes less room.
 std::unique_ptr<GK_Curve> Compact(std::unique_ptr<GK_NurbsCurve> curve)
 {
     if (curve->rational || curve->order != 2 || curve->controlPointCount != 2)
@@ -122,7 +122,7 @@ std::unique_ptr<GK_Curve> Compact(std::unique_ptr<GK_NurbsCurve> curve)
                                        curve->Domain());
 }
 
-// The curve in the place and direction in which the trim runs along it.
+// Returns the curve in the place and direction in which the trim runs along it.
 std::unique_ptr<GK_Curve> CurveOf(const LoopPiece& piece, GK_Interval& part)
 {
     auto curve = std::make_unique<GK_NurbsCurve>(*piece.curve);

@@ -17,11 +17,12 @@ public:
 
 private:
     GK_Brep& m_brep;
-    std::map<int, int> m_edges; ///< those of the brep before, and their new index
+    std::map<int, int> m_edges; ///< old index to new index
 };
 
-/// Gives trim ends at one place one vertex: the end of each trim and the start of the next in its
-/// loop, which must meet; and ends anywhere else that are within `near` of each other, as long as
-/// every edge is much longer than that. Vertices move to the middle of what they join. Edges that
-/// collapse to a point go, and their trims stay without an edge. Work grows as n log n at most.
+/// Joins trim ends at one place in one vertex: the end of each trim and the start of the next in
+/// its loop, which must meet; and ends anywhere else that are within `near` of each other, as long
+/// as every edge is much longer than that. Vertices move to the middle of what they join. Edges
+/// that collapse to a point are removed, and their trims stay without an edge. Work grows as n log
+/// n at most.
 void JoinTrimEnds(GK_Brep& brep, double near);

@@ -25,7 +25,7 @@ public:
         m_cells.emplace(Cell(point), Entry{point, number});
     }
 
-    // The number of a point within the width, or -1.
+    // Returns the number of a point within the width, or -1.
     [[nodiscard]] int Find(const GK_3dPoint& point) const
     {
         const GK_3dPoint center = Cell(point);
@@ -47,7 +47,7 @@ private:
         int number;
     };
 
-    // An order of all cells, those that are no numbers included.
+    // An order of all cells, those that are not numbers included.
     struct ByCoordinates
     {
         bool operator()(const GK_3dPoint& a, const GK_3dPoint& b) const
@@ -70,7 +70,7 @@ private:
     std::multimap<GK_3dPoint, Entry, ByCoordinates> m_cells;
 };
 
-// Where a trim starts and ends in space.
+// Returns where a trim starts and ends in space.
 std::array<GK_3dPoint, 2> EndsOf(const GK_Brep& brep, const GK_BrepTrim& trim)
 {
     if (trim.edgeIndex < 0) {
@@ -86,7 +86,7 @@ std::array<GK_3dPoint, 2> EndsOf(const GK_Brep& brep, const GK_BrepTrim& trim)
     return {edge.PointAtStart(), edge.PointAtEnd()};
 }
 
-// The farthest that an edge gets from its start.
+// Returns the largest distance of an edge from its start.
 double Reach(const GK_BrepEdge& edge)
 {
     const GK_3dPoint start = edge.PointAtStart();
@@ -157,7 +157,7 @@ void Joiner::JoinAlongLoops()
     }
 }
 
-// For each leader the box around the trim ends there.
+// Returns for each leader the box around the trim ends there.
 std::vector<PointBox> Joiner::Gather()
 {
     std::vector<PointBox> boxes(m_leader.size());

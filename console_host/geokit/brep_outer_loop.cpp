@@ -21,13 +21,13 @@ GK_3dPoint Corner(const ParameterPlane& plane, int side)
     return {uv[0], uv[1], 0.0};
 }
 
-// The curve of the side opposite, of lower number, is the same.
+// Returns whether the opposite side, of lower number, has the same curve.
 bool IsShared(const ParameterPlane& plane, int side)
 {
     return side >= 2 && plane.IsSeam(At(side));
 }
 
-// For each corner the first corner that is at the same place because of a pole or a seam.
+// Returns for each corner the first corner that is at the same place because of a pole or a seam.
 std::array<int, SideCount> MergeCorners(const ParameterPlane& plane)
 {
     std::array<int, SideCount> leader{0, 1, 2, 3};
@@ -47,7 +47,7 @@ std::array<int, SideCount> MergeCorners(const ParameterPlane& plane)
     return leader;
 }
 
-// Gives corners at one place one vertex, an existing one where a corner names it.
+// Chooses one vertex for the corners at one place, an existing one where a corner names it.
 void ChooseVertices(GK_Brep& brep, const ParameterPlane& plane, int vertices[SideCount])
 {
     const std::array<int, SideCount> leader = MergeCorners(plane);
@@ -66,7 +66,8 @@ void ChooseVertices(GK_Brep& brep, const ParameterPlane& plane, int vertices[Sid
     }
 }
 
-// Gives each side that does not collapse its edge and says how the loop takes it.
+// Chooses the edge of each side that does not collapse and the direction in which the loop runs
+// along it.
 void ChooseEdges(GK_Brep& brep, int surface, const ParameterPlane& plane,
                  const int vertices[SideCount], int edges[SideCount], bool reversed[SideCount])
 {

@@ -19,7 +19,7 @@ public:
     bool Run();
 
 private:
-    // A face as it was and what it is to be.
+    // A face of the brep, and what it becomes.
     struct Bounded
     {
         int surface;
@@ -52,7 +52,7 @@ bool Repair::Run()
         assembly.Add(bounded.surface, bounded.plane, bounded.bounds);
     JoinTrimEnds(m_brep, Nearness());
     m_brep.RemoveUnused();
-    for (int i = 0; i < m_brep.SurfaceCount(); ++i) // nothing is pushed up onto it any more
+    for (int i = 0; i < m_brep.SurfaceCount(); ++i) // no more curves are pushed up onto it
         GK_NurbsSurface::Cast(m_brep.Surface(i))->DerivedData().Set(nullptr);
     return true;
 }
@@ -105,7 +105,7 @@ bool Repair::CheckCurves()
     return true;
 }
 
-// The faces that have a loop with trims, or the first when none has.
+// Returns the faces that have a loop with trims, or the first when none has.
 std::vector<int> Repair::FacesToKeep() const
 {
     std::vector<int> faces;
@@ -129,9 +129,9 @@ bool Repair::Bound(int face)
     return true;
 }
 
-// Within this distance ends of different loops are one place: within the tolerance, and within the
-// rounding of files, since corners of a model that is small or narrow lie nearer than the
-// tolerance.
+// Returns the distance within which ends of different loops are one place: the tolerance, or the
+// rounding of files where that is less, since corners of a small or narrow model lie nearer than
+// the tolerance.
 double Repair::Nearness() const
 {
     constexpr double RoundingOfFiles = 3e-6;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What a repair has to say.
+/// What a repair reports.
 struct BrepRepairReport
 {
     std::string reason; ///< why the brep is refused, as a clause; empty when it is not
@@ -29,7 +29,7 @@ struct BrepRepairReport
 ///   that run around a closed surface bound the face between them.
 /// - Inner loops that do not close, cross another loop or lie in no outer one are dropped.
 ///
-/// False, with the reason, for a brep without a face, a surface or curve that is not sound, an
-/// outer loop that does not close, and a loop that leaves the domain; the brep is then as it was.
-/// Work grows as n log n in the number of trims, and with how many loops stand side by side.
+/// Returns false, with the reason, for a brep without a face, a surface or curve that is not valid,
+/// an outer loop that does not close, and a loop that leaves the domain; the brep is then as it
+/// was. Work grows as n log n in the number of trims, and with how many loops lie side by side.
 bool RepairBrep(GK_Brep& brep, double tolerance, BrepRepairReport& report);

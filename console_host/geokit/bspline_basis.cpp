@@ -28,7 +28,7 @@ BasisFunctions::BasisFunctions(const double* spanKnots, int degree, double t)
     m_values.Raise(spanKnots, degree, degree, t);
 }
 
-// From the functions of one degree less.
+// Computes the derivatives from the functions of one degree less.
 void BasisFunctions::Derive(const double* spanKnots, int degree)
 {
     double saved = 0.0;

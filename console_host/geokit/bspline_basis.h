@@ -6,7 +6,7 @@
 #include <array>
 #include <span>
 
-/// Which span of a B-spline holds a parameter: the number of its first control point, 0 to `count`
+/// Returns the span of a B-spline that holds a parameter: its first control point, 0 to `count`
 /// - `order`. The span found is never empty; a parameter at a knot belongs to the span above it,
 /// one outside the domain to the first or last span. The NURBS Book, A2.1, by bisection, for knots
 /// without superfluous ends. The knots must be valid.
@@ -36,7 +36,8 @@ private:
     static std::size_t At(int i) { return static_cast<std::size_t>(i); }
     BasisValues() = default;
 
-    // At a knot of full multiplicity the curve meets a control point: no rounding.
+    // Sets the values at a knot of full multiplicity, where the curve meets a control point,
+    // without rounding. Returns false at another parameter.
     bool SetAtFullKnot(const double* spanKnots, int degree, double t)
     {
         const bool atStart = t == spanKnots[0] && t == spanKnots[degree - 1];
@@ -48,7 +49,7 @@ private:
         return true;
     }
 
-    // From the functions of degree `to` - 1 to those of degree `to`.
+    // Goes from the functions of degree `to` - 1 to those of degree `to`.
     void Raise(const double* spanKnots, int degree, int to, double t)
     {
         double saved = 0.0;
@@ -110,8 +111,8 @@ struct WeightedSum
         return {sum.x / weight, sum.y / weight, sum.z / weight};
     }
 
-    /// The derivative of `Point`, which is `point`, when this is the derivative of the homogeneous
-    /// point and `pointWeight` that one's weight. The NURBS Book, equation 4.8.
+    /// Returns the derivative of `Point`, which is `point`, when this is the derivative of the
+    /// homogeneous point and `pointWeight` that one's weight. The NURBS Book, equation 4.8.
     [[nodiscard]] GK_3dVector Derivative(const GK_3dPoint& point, double pointWeight) const
     {
         return {(sum.x - weight * point.x) / pointWeight, (sum.y - weight * point.y) / pointWeight,

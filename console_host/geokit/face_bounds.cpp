@@ -46,13 +46,14 @@ private:
         return m_spans[piece.curve->controlPoints.Identity()];
     }
 
-    // Within a piece; the ones that its ends share with what follows are no use of their own.
+    // Returns the spans within a piece; the ones that its ends share with what follows do not
+    // count.
     static std::int64_t SpansOf(const LoopPiece& piece)
     {
         return FindSpan(*piece.curve, piece.part[1]) - FindSpan(*piece.curve, piece.part[0]);
     }
 
-    // By the storage that the copies of a curve share: the polynomial spans run through.
+    // The polynomial spans run through, by the storage that the copies of a curve share.
     std::unordered_map<const void*, std::int64_t> m_spans;
 };
 
@@ -91,7 +92,7 @@ private:
     bool m_natural = false; // the sides of the domain bound the face
 };
 
-// The loop has places where it goes on elsewhere on the sides of the domain.
+// Returns whether the loop has places where it continues elsewhere on the sides of the domain.
 bool HasBreak(const DomainLoop& loop, const ParameterPlane& plane)
 {
     const std::vector<DomainPiece>& pieces = loop.pieces;
@@ -119,7 +120,8 @@ BoundedFaces Bounder::Run()
     return bounded;
 }
 
-// Notes an inner loop that is dropped; an outer one costs the face.
+// Notes an inner loop that is dropped and returns true; returns false, and the reason, for an outer
+// one, without which there is no face.
 bool Bounder::Reject(GK_BrepLoop::TYPE type, int number, const std::string& reason)
 {
     if (type == GK_BrepLoop::inner) {
@@ -160,7 +162,7 @@ bool Bounder::Shape()
     return true;
 }
 
-// An outer loop with a seam elsewhere than the surface's bounds the face with what it has besides.
+// Adds a loop; of an outer one with a seam elsewhere than the surface's, what it has besides.
 void Bounder::Add(LoopShape loop)
 {
     if (loop.type == GK_BrepLoop::inner) {
@@ -173,7 +175,7 @@ void Bounder::Add(LoopShape loop)
         m_loops.push_back(std::move(loop));
 }
 
-// A loop that does not close may be several, without the seams between them.
+// Adds a loop that does not close as several, without the seams between them, where it is that.
 bool Bounder::AddSplit(const LoopShape& open)
 {
     const auto rings = RingsOf(open.pieces, m_plane);
@@ -181,8 +183,8 @@ bool Bounder::AddSplit(const LoopShape& open)
 }
 
 // Adds parts of a loop that run around the surface each, beside others along poles, in its place,
-// with the face on their left; where none does, an outer loop without pieces, which stands for the
-// sides of the domain. False, and nothing added, when a part is none of that.
+// with the face on their left; where none does, an outer loop without pieces, which means the sides
+// of the domain. Returns false, with nothing added, when a part is neither.
 bool Bounder::AddRings(const LoopShape& whole, const std::vector<std::vector<LoopPiece>>& parts)
 {
     LoopShape part;
@@ -254,8 +256,8 @@ bool Bounder::OrientRings()
     return true;
 }
 
-// The lowest ring runs in the direction of rising parameters. With the face above it, one in u does
-// and one in v does not; where either may be meant, it stays as it was given.
+// Returns whether the lowest ring runs in the direction of rising parameters. With the face above
+// it, one in u does and one in v does not; where either may be meant, it stays as it was given.
 bool Bounder::FirstRingRises(const std::vector<LoopShape*>& rings) const
 {
     const bool inU = rings.front()->winding[0] != 0;
@@ -293,7 +295,8 @@ void Bounder::DropEmptyInner(std::vector<DomainLoop>& loops)
     });
 }
 
-// An inner loop that crosses a seam becomes part of an outer one, unless it crosses another loop.
+// Drops inner loops that cross a seam and another loop; without the other, one would become part of
+// an outer loop.
 void Bounder::DropCrossingAtSeams(std::vector<DomainLoop>& loops)
 {
     constexpr double Near = 3e-6;
@@ -319,7 +322,8 @@ void Bounder::DropCrossingAtSeams(std::vector<DomainLoop>& loops)
     }
 }
 
-// Inner loops that the walk cannot make sense of are dropped one by one, as long as they are few.
+// Walks along the boundary, dropping one by one, as long as they are few, inner loops that are not
+// possible.
 bool Bounder::Walk(std::vector<DomainLoop> loops, std::vector<WalkedLoop>& walked)
 {
     constexpr int MostDropped = 100;

@@ -41,7 +41,7 @@ struct Candidate
     double near = 0.0; // how far the polygon may stray
 };
 
-// The polygon of a loop that the walk made.
+// Returns the polygon of a loop that the walk made.
 LoopPolygon PolygonOf(const WalkedLoop& loop, const ParameterPlane& plane, double sagitta)
 {
     LoopPolygon polygon;
@@ -121,7 +121,8 @@ void Placement::Add(Candidate candidate)
         m_outer.push_back(std::move(candidate));
 }
 
-// A loop far smaller than what the polygons stray by is held against them as they are.
+// Returns how an inner loop lies to an outer one. A loop far smaller than the error of the polygons
+// is compared with them as they are.
 Relation RelationTo(const Candidate& outer, const Candidate& inner)
 {
     const Relation relation = outer.polygon.RelationOf(inner.polygon, outer.near + inner.near);
@@ -148,7 +149,8 @@ std::size_t Placement::OuterOf(const Candidate& inner)
     return best;
 }
 
-// How two inner loops lie to each other: small ones may lie side by side closer than others stray.
+// Returns how two inner loops lie to each other: small ones may lie closer than the error of
+// others.
 Relation RelationBetween(const Candidate& a, const Candidate& b)
 {
     constexpr double ShareOfExtent = 0.01;
@@ -158,7 +160,7 @@ Relation RelationBetween(const Candidate& a, const Candidate& b)
     return a.polygon.RelationOf(b.polygon, near);
 }
 
-// Of two inner loops that cross the first one stays, of two that lie in each other the larger.
+// Drops the later of two inner loops that cross, and the smaller of two that lie in each other.
 void Placement::DropOverlapping()
 {
     std::vector<std::size_t> order(m_inner.size());

@@ -3,10 +3,10 @@
 #include "console_host/geokit/face_bounds.h"
 #include "console_host/geokit/loop_shape.h"
 
-/// The lines of a loop that was given, as far as they are left.
+/// Returns the lines of a loop that was given, as far as they are left.
 LoopPolygon PolygonOf(const DomainLoop& loop, const ParameterPlane& plane);
 
-/// `shapes` are the loops that were given; their polygons are used up.
+/// `shapes` are the loops that were given; their polygons are moved from.
 ///
 /// Makes a face of each outer loop and puts each inner loop into the smallest outer one that holds
 /// it. Inner loops that lie in none, cross another loop or lie within another inner loop are

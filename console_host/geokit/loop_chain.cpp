@@ -9,8 +9,8 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-// How badly a piece that starts at `to` follows one that ends at `from`. What needs no step across
-// a seam or along a pole comes first.
+// Returns how badly a piece that starts at `to` follows one that ends at `from`. What needs no step
+// across a seam or along a pole is preferred.
 double Gap(const Uv& from, const Uv& to, const ParameterPlane& plane)
 {
     constexpr double Step = 1e-4;
@@ -48,7 +48,7 @@ private:
 
     std::vector<std::array<Uv, 2>> m_ends; // start and end of each piece
     const ParameterPlane& m_plane;
-    std::vector<std::array<char, 2>> m_from; // the direction of the piece before that costs less
+    std::vector<std::array<char, 2>> m_from; // the cheaper direction of the piece before
 };
 
 double Directions::Solve(bool firstTurned, std::vector<char>& turned)
@@ -91,7 +91,7 @@ void ChooseDirections(std::vector<LoopPiece>& pieces, const ParameterPlane& plan
             pieces[k].backwards = !pieces[k].backwards;
 }
 
-// Puts each time the piece next whose end lies nearest.
+// Puts next, each time, the piece whose end lies nearest.
 void ChooseOrder(std::vector<LoopPiece>& pieces, const ParameterPlane& plane)
 {
     for (std::size_t k = 0; k + 2 < pieces.size(); ++k) {
@@ -116,7 +116,7 @@ void ChooseOrder(std::vector<LoopPiece>& pieces, const ParameterPlane& plane)
     }
 }
 
-// The direction along a pole in which the loop leaps from one place to the other, or 2.
+// Returns the direction along a pole in which the loop leaps from one place to the other, or 2.
 std::size_t LeapDirection(const Uv& from, const Uv& to, const ParameterPlane& plane)
 {
     const auto pole = plane.CommonPole(from, to);
@@ -182,7 +182,7 @@ void Lift::Close(LoopChain& chain)
             UnwindAtPole(chain, d);
 }
 
-// A leap along a pole may go either way round: it goes the one in which the loop closes.
+// A leap along a pole may go either way round: chooses the one in which the loop closes.
 void Lift::UnwindAtPole(LoopChain& chain, std::size_t direction)
 {
     for (std::size_t k = 1; k < m_pieces.size(); ++k) {
@@ -218,7 +218,7 @@ LoopChain ChainPieces(std::vector<LoopPiece>& pieces, const ParameterPlane& plan
 
 namespace {
 
-// The pieces may be a ring as far as the ends of the first and the last one tell.
+// Returns whether the pieces may be a ring, judging by the ends of the first and the last one.
 bool MayClose(const LoopPiece& first, const LoopPiece& last, const ParameterPlane& plane)
 {
     for (const Uv& start : {first.Start(), first.End()})

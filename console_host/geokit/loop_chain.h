@@ -2,7 +2,7 @@
 
 #include "console_host/geokit/loop_piece.h"
 
-/// What became of the pieces of a loop when they were put together.
+/// The result of chaining the pieces of a loop.
 struct LoopChain
 {
     /// The piece after which the loop does not go on; -1 when the loop closes.

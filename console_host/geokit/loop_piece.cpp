@@ -9,15 +9,15 @@ GK_Interval Increasing(const GK_Interval& interval)
     return {interval.Min(), interval.Max()};
 }
 
-// Files round their numbers: what reaches beyond the curve's domain is cut to it.
+// Returns a part cut to the curve's domain, beyond which it may reach as files round their numbers.
 GK_Interval CutTo(const GK_Interval& part, const GK_Interval& domain)
 {
     const GK_Interval cut(std::max(part.Min(), domain.Min()), std::min(part.Max(), domain.Max()));
     return cut.IsIncreasing() ? cut : Increasing(part);
 }
 
-// The edge curve runs against the piece's curve. The inner two places tell the direction of a
-// closed edge.
+// Returns whether the edge curve runs against the piece's curve. The inner two places tell the
+// direction of a closed edge.
 bool RunsAgainst(const LoopPiece& piece, const ParameterPlane& plane)
 {
     double along = 0.0;

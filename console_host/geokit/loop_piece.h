@@ -28,14 +28,14 @@ struct LoopPiece
     [[nodiscard]] Uv Start() const { return At(part[backwards ? 1 : 0]); }
     [[nodiscard]] Uv End() const { return At(part[backwards ? 0 : 1]); }
 
-    /// The piece between two parameters (t0 below t1) of its part.
+    /// Returns the piece between two parameters (t0 below t1) of its part.
     [[nodiscard]] LoopPiece Between(double t0, double t1) const;
 };
 
-/// The pieces of a loop of a brep whose curves are sound, in their order. `plane` is that of the
-/// surface. The brep keeps what it has.
+/// Returns the pieces of a loop of a brep whose curves are valid, in their order. `plane` is that
+/// of the surface. The brep stays as it is.
 std::vector<LoopPiece> PiecesOf(const GK_Brep& brep, const GK_BrepLoop& loop,
                                 const ParameterPlane& plane);
 
-/// Turns the direction of a loop.
+/// Reverses the direction of a loop.
 void TurnLoop(std::vector<LoopPiece>& pieces);

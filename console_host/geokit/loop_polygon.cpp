@@ -4,7 +4,7 @@
 
 namespace {
 
-// Twice the area of a triangle, positive when counter-clockwise.
+// Returns twice the area of a triangle, positive when counter-clockwise.
 double Turn(const Uv& a, const Uv& b, const Uv& c)
 {
     return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
@@ -21,7 +21,8 @@ double SquareOfDistance(const Uv& place, const Uv& from, const Uv& to)
     return apart[0] * apart[0] + apart[1] * apart[1];
 }
 
-// The two places lie on both sides of the line through `from` and `to`, farther off than `near`.
+// Returns whether the two places lie on both sides of the line through `from` and `to`, farther off
+// than `near`.
 bool AreSplit(const Uv& from, const Uv& to, const Uv& first, const Uv& second, double near)
 {
     const double least = near * std::hypot(to[0] - from[0], to[1] - from[1]);
@@ -74,7 +75,7 @@ void LoopPolygon::FillRows() const
 {
     if (!m_rowStarts.empty())
         return;
-    // As many as make a line stand in two on average: what has tall lines has few rows.
+    // So many that a line is in two on average: polygons with tall lines have few rows.
     constexpr double MostRows = 4096.0;
     double heights = 0.0;
     for (const auto& [from, to] : m_lines)
@@ -149,7 +150,7 @@ bool LoopPolygon::Crosses(const LoopPolygon& other, double near) const
                        [&](const Line& line) { return Crosses(line, near); });
 }
 
-// A line may reach into a box.
+// Returns whether a line may reach into a box.
 bool LoopPolygon::HasLineNear(const UvBox& box) const
 {
     return AnyLine(box.low[1], box.high[1], [&](const Line& line, std::size_t) {

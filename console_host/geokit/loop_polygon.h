@@ -33,15 +33,15 @@ public:
 
     [[nodiscard]] double Area() const { return std::abs(m_area); }
 
-    /// Positive when a closed polygon runs counter-clockwise.
+    /// Returns the area, positive when a closed polygon runs counter-clockwise.
     [[nodiscard]] double SignedArea() const { return m_area; }
 
-    /// How another closed polygon lies to this one, which is closed. What is nearer than `near` to
-    /// a line counts as on it. Work grows with the corners of both and with how many of them stand
-    /// side by side.
+    /// Returns how another closed polygon lies to this one, which is closed. What is nearer than
+    /// `near` to a line counts as on it. Work grows with the corners of both and with how many of
+    /// them stand side by side.
     [[nodiscard]] Relation RelationOf(const LoopPolygon& other, double near) const;
 
-    /// Lines of the two cross, and their ends stand off by more than `near`.
+    /// Returns whether lines of the two cross, their ends more than `near` away.
     [[nodiscard]] bool Crosses(const LoopPolygon& other, double near) const;
 
 private:
@@ -57,7 +57,7 @@ private:
         bool onLine;
     };
 
-    /// Whether `isMeant` returns true for a line of the rows between two values of v.
+    /// Returns whether `isMeant` returns true for a line of the rows between two values of v.
     template <class IsMeant>
     [[nodiscard]] bool AnyLine(double fromV, double toV, const IsMeant& isMeant) const;
     [[nodiscard]] bool HasLineNear(const UvBox& box) const;

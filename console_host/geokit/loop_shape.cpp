@@ -7,7 +7,7 @@
 
 namespace {
 
-// A piece that stays at one place adds nothing to its loop.
+// Returns whether a piece stays at one place and so adds nothing to its loop.
 bool IsStill(const LoopPiece& piece, const ParameterPlane& plane)
 {
     constexpr double Still = 1e-9;
@@ -40,8 +40,8 @@ void ForEachPlace(const LoopShape& loop, const Visit& visit)
         ForEachPlace(loop.samples[i], loop.pieces[i].backwards, visit);
 }
 
-// The mean of v along a loop that runs around in u, or of u along one that does so in v: loops that
-// do not meet come in the order of these means.
+// Returns the mean of v along a loop that runs around in u, or of u along one that does so in v:
+// loops that do not meet lie in the order of these means.
 double MeanHeight(const LoopShape& loop, std::size_t around, const ParameterPlane& plane)
 {
     bool first = true;
@@ -100,7 +100,7 @@ std::string ShapeLoop(LoopShape& loop, const ParameterPlane& plane)
 
 namespace {
 
-// A place beyond the domain by more than rounding, in the plane and in space.
+// Returns whether a place is beyond the domain by more than rounding, in the plane and in space.
 bool IsBeyond(const Uv& place, std::size_t d, const ParameterPlane& plane)
 {
     if (place[d] >= plane.Low(d) - plane.Slack(d) && place[d] <= plane.High(d) + plane.Slack(d))
@@ -110,7 +110,7 @@ bool IsBeyond(const Uv& place, std::size_t d, const ParameterPlane& plane)
     return !(plane.PointAt(place).DistanceTo(plane.PointAt(within)) <= plane.Closeness());
 }
 
-// The place of a loop that is farthest from the middle of the domain in a direction.
+// Returns the place of a loop that is farthest from the middle of the domain in a direction.
 Uv FarthestOut(const LoopShape& loop, std::size_t d, const ParameterPlane& plane)
 {
     Uv farthest = loop.samples.front().samples.front().place;
@@ -130,7 +130,7 @@ std::string WhyBeyond(const Uv& place, std::size_t d, const ParameterPlane& plan
                       below ? plane.Low(d) : plane.High(d));
 }
 
-// Control points of a span lie beyond the domain by more than `room`.
+// Returns whether control points of a span lie beyond the domain by more than `room`.
 bool ReachesBeyond(const PieceSamples::Span& span, std::size_t d, double room,
                    const ParameterPlane& plane)
 {

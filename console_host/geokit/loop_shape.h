@@ -20,12 +20,12 @@ struct LoopShape
 
     [[nodiscard]] bool RunsAround() const { return winding != std::array<int, 2>{}; }
 
-    /// Turns its direction.
+    /// Reverses its direction.
     void Turn();
 };
 
-/// How closely samples follow a loop, in shares of the loop's extent. Outer loops are few and hold
-/// all others.
+/// Returns how closely samples follow a loop, in shares of the loop's extent. Outer loops are few
+/// and hold all others.
 constexpr double SagittaOf(GK_BrepLoop::TYPE type)
 {
     return type == GK_BrepLoop::inner ? 4e-4 : 1e-5;

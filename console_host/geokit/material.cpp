@@ -9,7 +9,7 @@ const GK_Material::Contents& GK_Material::View() const
     return m_contents != nullptr ? *m_contents : fresh;
 }
 
-/// The contents to change, which no other material shares.
+/// Returns the contents to change, which no other material shares.
 GK_Material::Contents& GK_Material::Change()
 {
     if (m_contents == nullptr || m_contents.use_count() > 1)

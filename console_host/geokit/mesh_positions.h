@@ -2,8 +2,9 @@
 
 #include "host/geokit/mesh.h"
 
-/// Gives `use` a function from a vertex index to its position in double precision: the
-/// double-precision vertices of the mesh when they are valid, else the others.
+/// Calls `use` with a function from a vertex index to its position in double precision (the
+/// double-precision vertices of the mesh when they are valid, otherwise the others) and returns its
+/// result.
 template <class Use>
 auto WithPositions(const GK_Mesh& mesh, const Use& use)
 {
@@ -15,7 +16,7 @@ auto WithPositions(const GK_Mesh& mesh, const Use& use)
     });
 }
 
-/// All four indices are those of vertices, whether or not the corners differ.
+/// Returns whether all four indices are those of vertices, whether or not the corners differ.
 inline bool IndicesInRange(const GK_MeshFace& face, int vertexCount)
 {
     const auto inRange = [vertexCount](int index) { return index >= 0 && index < vertexCount; };

@@ -23,8 +23,8 @@ std::span<const double> KnotsOf(const GK_NurbsCurve& curve)
     return {curve.knots.Array(), Size(curve.knots)};
 }
 
-// What the control points and knots of a curve of valid order are checked against, as numbers other
-// than 0.
+// Return what the control points and knots of a curve of valid order are checked against, as
+// numbers other than 0.
 std::uint64_t MarkOfPoints(const GK_NurbsCurve& curve)
 {
     const std::uint64_t kind = curve.rational ? 8 : 4;
@@ -134,7 +134,7 @@ bool GK_NurbsCurve::IsValid(std::string* reason) const
         return Unsound(reason, "the curve's control points have the wrong stride");
     if (!CheckOrder(direction, Subject, reason))
         return false;
-    // Copies share what was checked: a large curve that many trims use is looked over once.
+    // Copies share what was checked: a large curve that many trims use is checked once.
     if (controlPoints.Mark() != MarkOfPoints(*this)) {
         std::int64_t soundPoints = 0;
         if (!CheckControlPoints({controlPoints.Array(), Size(controlPoints)}, controlPointCount,

@@ -17,7 +17,7 @@ void SetSum(GK_NurbsCurve& curve, int i, const BasisValues& basis, int order, co
 {
     WeightedSum sum;
     for (int j = 0; j < order; ++j) {
-        if (basis[j] == 1.0) { // along a clamped side the control points come out exactly
+        if (basis[j] == 1.0) { // along a clamped side the control points are exact
             curve.SetCV(i, GK::euclidean_rational, values(j));
             return;
         }

@@ -11,7 +11,7 @@ void GK_MdxObjectAttributes::AddToGroup(int groupIndex)
     groups.inOrder.push_back(groupIndex);
 }
 
-/// A list that others share stays theirs, and what was sorted goes with the one that is added to.
+/// Leaves a list that others share to them; the sorted indices move to the copy that is added to.
 void GK_MdxObjectAttributes::MakeGroupsChangeable()
 {
     if (m_groups == nullptr)

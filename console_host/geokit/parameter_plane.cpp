@@ -8,15 +8,15 @@
 
 namespace {
 
-// Double precision places a point no better than this.
+// Returns how well double precision can place a point.
 double Rounding(const GK_3dPoint& point)
 {
     constexpr double Units = 64.0;
     return Units * std::numeric_limits<double>::epsilon() * LargestCoordinate(point);
 }
 
-// What two numbers that are meant to be equal may differ by when files print them with six digits:
-// one unit of the last, at numbers up to `largest`.
+// Returns by how much two numbers that are meant to be equal may differ when files print them with
+// six digits: one unit of the last, at numbers up to `largest`.
 double RoundingOfFiles(double largest)
 {
     constexpr double Digits = 6.0;

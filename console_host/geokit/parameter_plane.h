@@ -29,7 +29,7 @@ struct UvBox
         }
     }
 
-    /// The longest side.
+    /// Returns the longest side.
     [[nodiscard]] double Extent() const { return std::max(high[0] - low[0], high[1] - low[1]); }
 
     [[nodiscard]] bool Overlaps(const UvBox& other) const
@@ -51,19 +51,19 @@ enum class Side : int
 
 constexpr std::array<Side, 4> AllSides{Side::South, Side::East, Side::North, Side::West};
 
-/// The direction whose parameter is constant on a side: 0 for u, 1 for v.
+/// Returns the direction whose parameter is constant on a side: 0 for u, 1 for v.
 constexpr std::size_t Across(Side side)
 {
     return side == Side::South || side == Side::North ? 1 : 0;
 }
 
-/// The parameter that is constant on a side is the highest there.
+/// Returns whether the parameter that is constant on a side is the highest there.
 constexpr bool IsHigh(Side side)
 {
     return side == Side::East || side == Side::North;
 }
 
-/// The side on which a direction's parameter is lowest or highest.
+/// Returns the side on which a direction's parameter is lowest or highest.
 constexpr Side SideAt(std::size_t direction, bool high)
 {
     if (direction == 0)
@@ -71,7 +71,7 @@ constexpr Side SideAt(std::size_t direction, bool high)
     return high ? Side::North : Side::South;
 }
 
-/// The side opposite.
+/// Returns the opposite side.
 constexpr Side Opposite(Side side)
 {
     return AllSides[(static_cast<std::size_t>(side) + 2) % AllSides.size()];
@@ -87,10 +87,10 @@ public:
 
     [[nodiscard]] double Tolerance() const { return m_tolerance; }
 
-    /// The surface's size in space.
+    /// Returns the surface's size in space.
     [[nodiscard]] double Size() const { return m_closure.size; }
 
-    /// The tolerance, or a thousandth of the surface's size where that is less.
+    /// Returns the tolerance, or a thousandth of the surface's size where that is less.
     [[nodiscard]] double Closeness() const { return std::min(m_tolerance, 1e-3 * m_closure.size); }
 
     [[nodiscard]] double Low(std::size_t direction) const { return m_low[direction]; }
@@ -100,7 +100,7 @@ public:
         return m_high[direction] - m_low[direction];
     }
 
-    /// What is nearer to a side counts as on it.
+    /// Returns the distance to a side below which a place counts as on it.
     [[nodiscard]] double Slack(std::size_t direction) const { return m_slack[direction]; }
 
     [[nodiscard]] bool IsClosed(std::size_t direction) const { return m_closure.closed[direction]; }
@@ -110,38 +110,40 @@ public:
         return m_closure.pole[Across(side)][IsHigh(side) ? 1 : 0];
     }
 
-    /// The parameter that is constant on a side.
+    /// Returns the parameter that is constant on a side.
     [[nodiscard]] double Value(Side side) const
     {
         return IsHigh(side) ? High(Across(side)) : Low(Across(side));
     }
 
-    /// The corner where a side begins.
+    /// Returns the corner where a side begins.
     [[nodiscard]] Uv Corner(Side side) const;
 
-    /// The whole periods that bring `to` nearest to `from`; 0 where the surface is not closed.
+    /// Returns the whole periods that bring `to` nearest to `from`; 0 where the surface is not
+    /// closed.
     [[nodiscard]] Uv PeriodsBetween(const Uv& from, const Uv& to) const;
 
-    /// The place within the domain that a place beyond a seam stands for.
+    /// Returns the place within the domain that a place beyond a seam means.
     [[nodiscard]] Uv Wrapped(const Uv& place) const;
 
-    /// The point of the surface, beyond a seam too.
+    /// Returns the point of the surface, beyond a seam too.
     [[nodiscard]] GK_3dPoint PointAt(const Uv& place) const;
 
-    /// A place in shares of the domain: 0 to 1 within it.
+    /// Returns a place in shares of the domain: 0 to 1 within it.
     [[nodiscard]] Uv Normalized(const Uv& place) const;
 
-    /// How far two places lie apart, in shares of the domain.
+    /// Returns the distance of two places, in shares of the domain.
     [[nodiscard]] double Distance(const Uv& a, const Uv& b) const;
 
-    /// The places differ by no more than the rounding of files that print six digits.
+    /// Returns whether the places differ by no more than the rounding of files that print six
+    /// digits.
     [[nodiscard]] bool Coincide(const Uv& a, const Uv& b) const;
 
-    /// The pole that both places are on.
+    /// Returns the pole that both places are on, if any.
     [[nodiscard]] std::optional<Side> CommonPole(const Uv& a, const Uv& b) const;
 
-    /// The places coincide, or are on one pole, or lie within the tolerance in space together with
-    /// the straight way between them.
+    /// Returns whether the places coincide, or are on one pole, or lie within the tolerance in
+    /// space together with the straight line between them.
     [[nodiscard]] bool Meet(const Uv& a, const Uv& b) const;
 
 private:

@@ -5,8 +5,8 @@
 
 namespace {
 
-// Returns the parameter between t0 and t1 where the piece passes a value: by halving, which needs
-// nothing but values on both sides.
+// Returns the parameter between t0 and t1 where the piece passes a value: by bisection, which needs
+// only values on both sides.
 double FindPassage(const LoopPiece& piece, std::size_t direction, double value, double t0,
                    double t1)
 {
@@ -61,12 +61,12 @@ private:
     std::size_t m_direction;
     const ParameterPlane& m_plane;
     std::vector<Stretch> m_stretches;
-    double m_start = 0.0;       // of the stretch that goes on
+    double m_start = 0.0;       // of the current stretch
     std::optional<long> m_cell; // of that stretch; not known while it is on a line
     double m_inCell = 0.0;      // the last parameter that is known to be within the cell
 };
 
-// The line that a value lies on, if any.
+// Returns the line that a value lies on, if any.
 std::optional<long> Cutter::LineAt(double value) const
 {
     const bool closed = m_plane.IsClosed(m_direction);
@@ -151,7 +151,7 @@ void Cutter::EnterCell(long cell, double t)
     }
 }
 
-// The side on which a stretch along a line belongs.
+// Returns the side to which a stretch along a line belongs.
 Side SideOf(const LoopPiece& piece, std::size_t direction, long line, const ParameterPlane& plane)
 {
     if (!plane.IsClosed(direction))
@@ -160,7 +160,7 @@ Side SideOf(const LoopPiece& piece, std::size_t direction, long line, const Para
     return SideAt(direction, rising == (direction == 0));
 }
 
-// The stretches of a piece in one direction, shifted into the domain.
+// Returns the stretches of a piece in one direction, shifted into the domain.
 std::vector<DomainPiece> CutIn(std::size_t direction, const DomainPiece& whole,
                                const PieceSamples& samples, const ParameterPlane& plane)
 {

@@ -22,7 +22,7 @@ bool IsOnSeam(double value, std::size_t across, const ParameterPlane& plane)
     return std::abs(periods - std::round(periods)) * plane.Length(across) <= plane.Slack(across);
 }
 
-// The direction across a line off the surface's seams that a span runs along, or None.
+// Returns the direction across a line off the surface's seams that a span runs along, or None.
 std::size_t LineAlong(const PieceSamples::Span& span, const ParameterPlane& plane)
 {
     for (const std::size_t d : {0U, 1U})
@@ -62,7 +62,7 @@ void Cut(const LoopPiece& piece, const PieceSamples& samples, const ParameterPla
     }
 }
 
-// The two are sides of one seam.
+// Returns whether the two are sides of one seam.
 bool AreTwins(const StrayPiece& a, const StrayPiece& b, const ParameterPlane& plane)
 {
     if (a.across != b.across)
@@ -72,7 +72,7 @@ bool AreTwins(const StrayPiece& a, const StrayPiece& b, const ParameterPlane& pl
            plane.Coincide(a.end, b.start + periods);
 }
 
-// For each piece the one that is the other side of its seam, or None.
+// Returns for each piece the one that is the other side of its seam, or None.
 std::vector<std::size_t> Twins(const CutLoop& cut, const ParameterPlane& plane)
 {
     const std::vector<StrayPiece>& stray = cut.stray;
@@ -108,7 +108,7 @@ std::vector<std::vector<LoopPiece>> WithoutStraySeams(const std::vector<LoopPiec
     const std::vector<std::size_t> twins = Twins(cut, plane);
     if (std::all_of(twins.begin(), twins.end(), [](std::size_t twin) { return twin == None; }))
         return {pieces};
-    // What arrives at one side of a seam goes on where the other side ends.
+    // What arrives at one side of a seam continues where the other side ends.
     const auto next = [&](std::size_t i) {
         i = (i + 1) % count;
         while (twins[i] != None)

@@ -44,7 +44,7 @@ void AppendUtf8(std::string& text, char32_t code)
     append(0x80, code & 0x3F);
 }
 
-/// Takes one code point off the front of a wide text; an unpaired surrogate gives U+FFFD.
+/// Takes one code point off the front of a wide text; an unpaired surrogate becomes U+FFFD.
 char32_t TakeWide(std::wstring_view& text)
 {
     const auto code = static_cast<char32_t>(text.front());
@@ -80,7 +80,7 @@ GK_wString::GK_wString(std::string_view utf8)
     *this = GK_wString(std::move(text));
 }
 
-/// The text to change, which no other string shares.
+/// Returns the text to change, which no other string shares.
 std::wstring& GK_wString::TextOfItsOwn()
 {
     if (m_text == nullptr || m_text.use_count() > 1)

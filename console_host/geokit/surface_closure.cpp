@@ -8,7 +8,7 @@
 
 namespace {
 
-// The longest extent of the control points along an axis.
+// Returns the longest extent of the control points along an axis.
 double SizeOf(const GK_NurbsSurface& surface)
 {
     PointBox box;
@@ -27,8 +27,8 @@ bool IsPoint(const GK_NurbsCurve& side, double gap)
     return true;
 }
 
-// Both are lines of one surface, so they have the same knots, and control points and weights that
-// differ little make curves that do.
+// Returns whether two lines of one surface are the same: they have the same knots, so control
+// points and weights that differ little make curves that do.
 bool AreSame(const GK_NurbsCurve& a, const GK_NurbsCurve& b, double gap, double size)
 {
     const double scale = b.Weight(0) / a.Weight(0);

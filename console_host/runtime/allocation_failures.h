@@ -1,7 +1,7 @@
 #pragma once
 
-/// Counts the allocations that failed, so that none goes unnoticed, whatever was done about it
-/// where it happened.
+/// Counts an allocation that failed, so that none goes unnoticed, whatever the code that needed it
+/// does about it.
 void NoteAllocationFailure() noexcept;
 
 /// Does so and throws std::bad_alloc.
@@ -10,6 +10,6 @@ void NoteAllocationFailure() noexcept;
 /// Returns how many failed since the program began.
 [[nodiscard]] long AllocationFailures() noexcept;
 
-/// For tests: the `nth` kernel allocation from now on fails (1: the next), and only that one. 0:
-/// none does.
+/// For tests: makes the `nth` kernel allocation from now on fail (1: the next), and only that one;
+/// 0: none.
 void FailAllocation(long nth) noexcept;

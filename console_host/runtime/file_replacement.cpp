@@ -20,7 +20,7 @@ namespace {
 
 using NativeChar = std::filesystem::path::value_type;
 
-/// Paths of unfinished files, in a form that a signal handler may read. Whoever takes a path out of
+/// Paths of unfinished files, in a form that a signal handler may read. Whoever takes a path from
 /// the list removes the file.
 using List = std::array<std::atomic<const NativeChar*>, 64>;
 
@@ -39,7 +39,7 @@ void Remove(const NativeChar* path) noexcept
 #endif
 }
 
-/// A name that nobody can guess, for a file beside `target`.
+/// Returns a name that nobody can guess, for a file beside `target`.
 std::filesystem::path FreshName(const std::filesystem::path& target)
 {
     constexpr int RandomWords = 4;
@@ -50,7 +50,7 @@ std::filesystem::path FreshName(const std::filesystem::path& target)
     return FolderOf(target) / (name + ".tmp");
 }
 
-/// Runs a step; what the system says of its failure in a few words is thrown.
+/// Runs a step and returns its result; throws what the system says of a failure in a few words.
 template <class Step>
 auto Try(Step step)
 try {
@@ -76,7 +76,8 @@ UnfinishedFile::~UnfinishedFile()
         Remove(m_path.c_str());
 }
 
-/// False when a signal handler was faster. A file that found no place is always the object's.
+/// Returns false when a signal handler was faster. A file that found no place is always the
+/// object's.
 bool UnfinishedFile::TakeFromList() noexcept
 {
     List& list = UnfinishedFiles();
@@ -104,7 +105,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& path, Links links)
         try {
             m_stream.reset(CreateFresh(m_fresh->Path(), m_target));
         } catch (const std::system_error& failure) {
-            // A file of that name is another's.
+            // An existing file of that name belongs to someone else.
             if (failure.code() == std::errc::file_exists)
                 m_fresh->Finish();
             throw;
@@ -112,7 +113,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& path, Links links)
     });
 }
 
-/// The stream is closed first: some systems remove no open file.
+/// The stream is closed first: some systems do not remove an open file.
 FileReplacement::~FileReplacement()
 {
     m_stream.reset();

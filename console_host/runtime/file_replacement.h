@@ -12,7 +12,7 @@
 class UnfinishedFile
 {
 public:
-    /// Takes charge of a path, at which there need not be a file yet.
+    /// Takes charge of a path; the file need not exist yet.
     explicit UnfinishedFile(std::filesystem::path path);
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
 
-    /// Gives up the charge: the file is finished, or another's.
+    /// Ends the charge: the file is finished, or is another's.
     void Finish() noexcept { m_ours = m_ours && !TakeFromList(); }
 
 private:
@@ -60,7 +60,7 @@ public:
     /// Removes the new file, unless it is committed.
     ~FileReplacement();
 
-    /// The stream to write to, until Commit; it stays the object's.
+    /// Returns the stream to write to, valid until Commit; the object owns it.
     [[nodiscard]] std::FILE* Stream() const { return m_stream.get(); }
 
     /// Makes the file durable and puts it at its path. Throws std::runtime_error, saying why.

@@ -35,7 +35,7 @@ std::FILE* StreamOf(int descriptor)
     return stream;
 }
 
-/// The number of the open stream of this program that a path names; -1 when it names none.
+/// Returns the descriptor of this program's open stream that a path names; -1 when it names none.
 int DescriptorNamed(const std::filesystem::path& path)
 {
     const std::string own = "/proc/" + std::to_string(getpid()) + "/fd";
@@ -56,7 +56,7 @@ int DescriptorNamed(const std::filesystem::path& path)
     return -1;
 }
 
-/// Brings a rename to the disk, where folders can be.
+/// Makes a rename durable, where the system can open folders.
 void SyncFolder(const std::filesystem::path& folder)
 {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -76,7 +76,7 @@ std::FILE* CreateFresh(const std::filesystem::path& fresh, const std::filesystem
         ThrowError();
     const int descriptor = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                 replaces ? S_IRUSR | S_IWUSR : ReadAndWrite);
-    // The owner stays as far as the user may give files away.
+    // The owner is kept where the user may change it.
     if (descriptor >= 0 && replaces &&
         (fchown(descriptor, old.st_uid, old.st_gid) == 0 || old.st_uid == geteuid()))
         fchmod(descriptor, old.st_mode & Permissions);
@@ -99,7 +99,7 @@ void MakeDurable(std::FILE* stream)
 {
     if (std::fflush(stream) != 0)
         ThrowError();
-    // Some file systems know no such thing.
+    // Some file systems do not support this.
     if (fsync(fileno(stream)) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
         ThrowError();
 }

@@ -30,7 +30,7 @@ enum class FileKind
 
 [[nodiscard]] FileKind KindOfFile(const std::filesystem::path& path) noexcept;
 
-/// What tells a file from every other one, whatever names it has.
+/// What distinguishes a file from every other one, whatever names it has.
 struct FileIdentity
 {
     std::uint64_t volume = 0;
@@ -38,16 +38,16 @@ struct FileIdentity
     auto operator<=>(const FileIdentity&) const = default;
 };
 
-/// The identity of the file at a path, links followed, or of an open stream; none when there is no
-/// such file.
+/// Return the identity of the file at a path, links followed, or of an open stream; none when there
+/// is no such file.
 [[nodiscard]] std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) noexcept;
 [[nodiscard]] std::optional<FileIdentity> IdentityOf(std::FILE* stream) noexcept;
 
 /// Returns whether both paths name one file, which need not exist yet.
 [[nodiscard]] bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
 
-/// Returns the path with the folder that it starts from, without "." and "..", which the file need
-/// not exist for. Paths on a network share and paths beginning with "\\?\" stay such.
+/// Returns the path with the folder that it starts from, without "." and ".."; the file need not
+/// exist. Paths on a network share and paths beginning with "\\?\" stay such.
 [[nodiscard]] std::filesystem::path AbsolutePath(const std::filesystem::path& path);
 
 /// Returns the folder that a path names its file in; "." when it names none.
@@ -64,11 +64,12 @@ void MakeFolders(const std::filesystem::path& folder);
 /// to: "a folder, not a file", "no such folder", ...; empty when nothing is known to be against it.
 [[nodiscard]] std::string WhyUnwritable(const std::filesystem::path& path);
 
-/// The bytes of a settings or text file. Throws std::runtime_error, saying why in a few words, when
-/// it cannot be read or is larger than 16 MiB.
+/// Returns the bytes of a settings or text file. Throws std::runtime_error, saying why in a few
+/// words, when it cannot be read or is larger than 16 MiB.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
-/// Why a file cannot be read: "no such file", "a folder, not a file", ...; empty when it can.
+/// Returns why a file cannot be read: "no such file", "a folder, not a file", ...; empty when it
+/// can.
 std::string WhyUnreadable(const std::filesystem::path& path);
 
 /// Calls `take` for each line, without its line end (LF or CR LF) and without a byte order mark.

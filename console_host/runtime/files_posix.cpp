@@ -25,8 +25,8 @@ std::string WhyNotAllowed(const std::filesystem::path& path, int access)
     return std::generic_category().message(errno);
 }
 
-/// Whether a file that is read is bound to end: a device or a pipe may not, nor may a file of the
-/// system's that has bytes but no size.
+/// Returns whether reading the file is bound to end: a device or a pipe may not, nor may a file of
+/// the system's that has bytes but no size.
 bool IsPlain(int descriptor)
 {
     Status status{};
@@ -108,7 +108,7 @@ std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode)
 {
     if (path == nullptr || mode == nullptr || std::wstring_view(mode) != L"rb")
         return nullptr;
-    // Not to wait for the other end of a pipe.
+    // Does not wait for the other end of a pipe.
     const int descriptor = open(NativePath(path).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
         return nullptr;
@@ -128,7 +128,7 @@ std::filesystem::path FileKey(const wchar_t* name)
     return FileKey(NativePath(name).c_str());
 }
 
-/// The folder's own path, then the name as it stands in it.
+/// Returns the folder's own path with the name as it is in the folder.
 std::filesystem::path FileKey(const char* name)
 {
     std::error_code error;

@@ -7,18 +7,19 @@
 #include <sys/types.h>
 #include <utility>
 
-/// Finds names in folders without regard to case. A folder is read again only when it has changed,
-/// so that looking for many names that are not there costs one reading.
+/// Finds names in folders, ignoring case. A folder is read again only when it has changed, so that
+/// looking for many names that do not exist costs one reading.
 class FolderNames
 {
 public:
-    /// Those of this thread.
+    /// Returns those of this thread.
     static FolderNames& Instance();
 
-    /// The first name in byte order that equals `name` but for case; empty when there is none.
+    /// Returns the first name in byte order that equals `name` except for case; empty when there is
+    /// none.
     std::string Find(const std::string& folder, std::string_view name);
 
-    /// How many folders have been read so far.
+    /// Returns how many folders have been read so far.
     [[nodiscard]] int ReadCount() const { return m_readCount; }
 
 private:

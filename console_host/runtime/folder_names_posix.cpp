@@ -14,8 +14,7 @@ namespace {
 
 using Status = struct stat;
 
-/// The name without differences of case, letters beyond ASCII included, whatever the process's
-/// locale is.
+/// Returns the name in lower case, letters beyond ASCII included, whatever the process's locale is.
 std::wstring Folded(std::string_view name)
 {
     using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&freelocale)>;
@@ -29,8 +28,8 @@ std::wstring Folded(std::string_view name)
     return text;
 }
 
-/// The folder last changed so long ago that any further change shows in its time: some file systems
-/// keep that in whole or even seconds, the others by the ticks of the system.
+/// Returns whether the folder last changed so long ago that any further change is visible in its
+/// time: some file systems keep that in whole or even seconds, the others in ticks of the system.
 bool IsSettled(const timespec& changed)
 {
     constexpr std::int64_t Nanosecond = 1'000'000'000;

@@ -7,7 +7,7 @@
 
 void* MapLargePages(std::size_t size) noexcept
 {
-    // One large page more always holds an address to begin at; what is too much is given back.
+    // One large page more always holds an aligned address; the rest is unmapped.
     void* const mapped = mmap(nullptr, size + LargePageSize, PROT_READ | PROT_WRITE,
                               MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED)
@@ -17,7 +17,7 @@ void* MapLargePages(std::size_t size) noexcept
     if (before > 0)
         munmap(mapped, before);
     munmap(pages + size, LargePageSize - before);
-    // Without the advice, or where it is not followed, pages are small: slower and as good.
+    // Without the advice, or where it is not followed, pages are small: slower, but as good.
     madvise(pages, size, MADV_HUGEPAGE);
     return pages;
 }

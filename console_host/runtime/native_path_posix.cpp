@@ -16,7 +16,7 @@ bool Exists(const std::string& path)
     return std::filesystem::exists(path, error);
 }
 
-/// Finds a path part by part.
+/// Returns the path as it is found part by part, ignoring case.
 std::string FindWithoutCase(std::string_view path)
 {
     std::string found;
@@ -52,7 +52,7 @@ std::filesystem::path NativePath(std::wstring_view path)
     GK_wString slashed{std::wstring(path)};
     slashed.Replace(L'\\', L'/');
     std::string utf8 = slashed.Utf8();
-    // The system takes no longer path, so looking for its parts would find nothing either.
+    // The system accepts no longer path, so its parts would not be found either.
     if (utf8.size() < PATH_MAX && !Exists(utf8))
         utf8 = FindWithoutCase(utf8);
     return utf8;
@@ -80,7 +80,7 @@ std::FILE* OpenNative(const std::filesystem::path& path, const char* mode)
 
 std::filesystem::path UserSettingsFolder()
 {
-    // A relative folder here is to be ignored.
+    // A relative folder here has to be ignored.
     if (std::filesystem::path folder = EnvironmentPath("XDG_CONFIG_HOME"); folder.is_absolute())
         return folder;
     const std::filesystem::path home = EnvironmentPath("HOME");

@@ -4,16 +4,16 @@
 #include <functional>
 #include <string_view>
 
-/// Whether a person sits at the other end of the stream.
+/// Returns whether the stream is a terminal, with a person at its other end.
 bool IsTerminal(std::FILE* stream);
 
 /// Returns the next byte of a text in UTF-8, or EOF.
 using NextByte = std::function<int()>;
 
-/// Reads a stream byte by byte; a terminal's text becomes UTF-8 whatever encoding it has. The
-/// stream stays the caller's and must live as long as the result.
+/// Returns a reader of a stream, byte by byte; a terminal's text becomes UTF-8 whatever encoding it
+/// has. The stream stays the caller's and must live as long as the result.
 NextByte ReadUtf8(std::FILE* stream);
 
-/// Writes whole characters of UTF-8 to a stream; a console receives them whatever its code page is.
-/// False when they could not be written, with errno set.
+/// Writes whole characters of UTF-8 to a stream; a console shows them whatever its code page is.
+/// Returns false, with errno set, when they could not be written.
 bool WriteUtf8(std::FILE* stream, std::string_view utf8);

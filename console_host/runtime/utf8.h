@@ -7,7 +7,7 @@
 struct Utf8Character
 {
     char32_t code = 0;
-    std::size_t size = 0; ///< in bytes; of what is no character, how many bytes to step over
+    std::size_t size = 0; ///< in bytes; of what is no character, how many bytes to skip
     bool isValid = false;
 };
 

@@ -10,8 +10,8 @@
 
 namespace {
 
-// The blossom of one span's polynomial at `degree` arguments: de Boor's recursion with another
-// argument in each step. `points` holds the span's control points and is used up.
+// Returns the blossom of one span's polynomial at `degree` arguments: de Boor's recursion with
+// another argument in each step. `points` holds the span's control points and is overwritten.
 WeightedSum Blossom(std::span<WeightedSum> points, const double* spanKnots, int degree,
                     const double* arguments)
 {
@@ -42,7 +42,7 @@ GK_SimpleArray<double> RestrictedKnots(const GK_NurbsCurve& curve, double t0, do
     return knots;
 }
 
-// A parameter within a span that control point `index` of a clamped curve has a part in.
+// Returns a parameter within a span that control point `index` of a clamped curve influences.
 double InsideSupport(const GK_SimpleArray<double>& knots, int degree, int index)
 {
     int first = index > degree ? index - 1 : degree - 1;

@@ -17,7 +17,7 @@ GK_3dPoint HermitePiece::PointAt(double fraction) const
 
 namespace {
 
-// Rounding and changes of shape far below the tolerance.
+// Returns whether a distance is rounding, or a change of shape far below the tolerance.
 bool IsNegligible(double distance, const HermitePiece& piece)
 {
     return distance <= 1e-3 * piece.tolerance;
@@ -30,7 +30,7 @@ bool IsStraight(const HermitePiece& piece)
            IsNegligible(piece.points[2].DistanceTo(piece.points[0] + 2.0 * third), piece);
 }
 
-// Where a piece ends and the next one begins.
+// Returns where a piece ends and the next one begins.
 GK_3dPoint Joint(const HermitePiece& piece, const HermitePiece& next)
 {
     return piece.points[3] + 0.5 * (next.points[0] - piece.points[3]);

@@ -14,10 +14,10 @@ struct HermitePiece
     double tolerance; ///< within it the piece is what it should be
     std::array<GK_3dPoint, 4> points;
 
-    /// The point at a fraction 0 to 1 of the way.
+    /// Returns the point at a fraction 0 to 1 of the way.
     [[nodiscard]] GK_3dPoint PointAt(double fraction) const;
 };
 
-/// Joins pieces, each of which begins where the one before ends or within the tolerance of it, into
-/// one curve: of degree 1 when all are straight, else of degree 3, smooth where they are.
+/// Returns one curve of pieces that each begin where the one before ends, or within the tolerance
+/// of it: of degree 1 when all are straight, else of degree 3, smooth where they are.
 std::unique_ptr<GK_NurbsCurve> JoinPieces(const std::vector<HermitePiece>& pieces);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// A part of the interval, and how the image leaves its start and comes to its end.
+// A part of the interval, with the image and its derivatives at both ends.
 struct Part
 {
     double t0;
@@ -18,7 +18,7 @@ struct Part
     double rounding;
     double error = 0.0;   // at a quarter, a half and three quarters of the way
     int depth = 0;        // how often it was divided
-    bool regular = false; // the error goes as that of a short piece does
+    bool regular = false; // the error has the form of that of a short piece
 
     [[nodiscard]] HermitePiece Piece(double tolerance) const
     {
@@ -106,7 +106,7 @@ ImageFit::Outcome Fit::Run(const GK_Interval& interval)
     return ImageFit::Made;
 }
 
-// One part from break to break each.
+// Makes one part from each break to the next.
 ImageFit::Outcome Fit::Begin(const std::vector<double>& breaks)
 {
     constexpr double Inside = 1.0 / 64.0;
@@ -145,7 +145,8 @@ void Fit::Measure(Part& part)
     const double middle = Deviation(piece, 0.5);
     const double last = Deviation(piece, 0.75);
     part.error = std::max({first, middle, last});
-    // With the length, all of the error goes but what is proportional to s * s * (1 - s) * (1 - s).
+    // As parts get shorter, all of the error vanishes except what is proportional to s * s * (1 -
+    // s) * (1 - s).
     constexpr double ShareAtQuarter = 0.5625;
     constexpr double Slack = 0.2;
     part.regular = std::abs(first - ShareAtQuarter * middle) <= Slack * middle &&
@@ -153,16 +154,16 @@ void Fit::Measure(Part& part)
     Count(PointsToMeasure);
 }
 
-// How far the image may be from the piece where it is looked at: it may stray a little farther in
-// between.
+// Returns how far the image may be from the piece where it is measured: it may stray a little
+// farther in between.
 double Fit::Allowed(const Part& part) const
 {
     constexpr double Margin = 0.5;
     return Margin * std::max(m_tolerance, part.rounding);
 }
 
-// How many pieces of equal length a part takes: the error of a piece falls with the fourth power of
-// its length.
+// Returns how many pieces of equal length a part takes: the error of a piece falls with the fourth
+// power of its length.
 double Fit::PiecesFor(const Part& part) const
 {
     constexpr double Power = 0.25;
@@ -195,8 +196,8 @@ bool Fit::Fits(const Part& part)
     const double allowed = Allowed(part);
     if (!(part.error <= allowed))
         return false;
-    // The error is a polynomial with double zeros at both ends. Three values have been looked at:
-    // enough when they tell all about what is left of it. Short parts need fewer than long ones.
+    // The error is a polynomial with double zeros at both ends. Three values are known: enough when
+    // they determine the rest of it. Short parts need fewer than long ones.
     constexpr int DegreeKnown = 6;
     constexpr int DegreeOfFew = 9;
     const int degree = m_image.Degree();
@@ -214,7 +215,7 @@ bool Fit::Fits(const Part& part)
     return true;
 }
 
-// Puts the parts of a part in its place.
+// Replaces a part by parts of it.
 void Fit::Divide(const Part& part)
 {
     constexpr double Most = 16.0;

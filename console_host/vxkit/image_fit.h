@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// What became of a fit.
+/// The result of a fit.
 struct ImageFit
 {
     enum Outcome
@@ -17,7 +17,7 @@ struct ImageFit
 
     Outcome outcome = Made;
     std::unique_ptr<GK_NurbsCurve> curve; ///< null unless made
-    double work = 0.0;                    ///< points of the image worked out, at usual degrees
+    double work = 0.0;                    ///< points of the image computed, at usual degrees
 };
 
 /// Fits a curve over the interval that at each parameter is within the tolerance of the image, and

@@ -48,7 +48,7 @@ private:
     std::vector<int> m_opposite;
 };
 
-/// The two sides of a diagonal are those with the same two ends.
+/// Joins the two sides of each diagonal: those with the same two ends.
 void TriangleMesh::Connect()
 {
     std::vector<int> sides(m_corners.size());
@@ -83,8 +83,8 @@ void TriangleMesh::SetTriangle(int first, const std::array<int, 3>& corners)
     std::copy(corners.begin(), corners.end(), m_corners.begin() + first);
 }
 
-/// The angles that face a diagonal from both sides are together more than half a turn, and the
-/// other diagonal lies inside.
+/// Returns whether the angles that face a diagonal from both sides are together more than half a
+/// turn, and the other diagonal lies inside.
 bool TriangleMesh::ShouldExchange(int side) const
 {
     constexpr double Clearly = 1e-9;

@@ -47,7 +47,8 @@ public:
     [[nodiscard]] double Last() const { return Value(m_count - 1); }
     [[nodiscard]] GK_Interval Bounds() const;
 
-    // The control values never turn round, and so the curve meets each value once at most.
+    // Returns whether the control values never turn round, so that the curve meets each value once
+    // at most.
     [[nodiscard]] bool IsMonotone() const;
 
     // Leaves the first half here and returns the second.
@@ -122,8 +123,8 @@ Coordinate Coordinate::Split()
     return second;
 }
 
-// Where a monotone coordinate takes a value that lies between its ends: the false-position method
-// with the Illinois rule (M. Dowell and P. Jarratt, 1971).
+// Returns where a monotone coordinate takes a value that lies between its ends: the false-position
+// method with the Illinois rule (M. Dowell and P. Jarratt, 1971).
 double FractionAt(const Coordinate& coordinate, double value)
 {
     constexpr int MostSteps = 60;

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-/// The lines of the parameter plane across which one direction of a surface goes on to another
+/// The lines of the parameter plane across which one direction of a surface changes to another
 /// polynomial: at its inner knots and, where the surface is closed, at its seam, repeated with its
 /// period.
 class KnotLines
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] double Period() const { return m_period; }
 
 private:
-    const double* m_first; // the knots inside the domain, from the first to behind the last
+    const double* m_first; // the knots inside the domain, from the first to after the last
     const double* m_last;
     GK_Interval m_domain;
     double m_period = 0.0; // 0: not closed

@@ -22,7 +22,7 @@ public:
         Add(product);
     }
 
-    /// The sum, rounded; its sign is exact.
+    /// Returns the sum, rounded; its sign is exact.
     [[nodiscard]] double Value() const
     {
         double value = 0.0;
@@ -87,7 +87,7 @@ public:
         return {p[0], p[1], p[2]};
     }
 
-    /// The largest coordinate; negative when one is not finite.
+    /// Returns the largest coordinate; negative when one is not finite.
     [[nodiscard]] double Largest() const
     {
         double largest = 0.0;
@@ -100,7 +100,7 @@ public:
         return notFinite == 0.0 ? largest : -1.0;
     }
 
-    /// A corner from the first one, scaled.
+    /// Returns the scaled vector from the first corner to another.
     [[nodiscard]] GK_3dVector Offset(std::size_t i, double scale) const
     {
         const GK_3dVector p = (*this)[i];
@@ -126,8 +126,8 @@ private:
     std::size_t m_count;
 };
 
-/// A power of two that brings the largest coordinate near 1, so that products of coordinates
-/// neither overflow nor vanish.
+/// Returns a power of two that brings the largest coordinate near 1, so that products of
+/// coordinates neither overflow nor vanish.
 double ScaleFor(double largest)
 {
     int exponent = 0;

@@ -16,13 +16,13 @@ inline double SquaredDistance(const PlanarPoint& a, const PlanarPoint& b)
     return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
 }
 
-/// Twice the signed area of the triangle a, b, c: positive when it turns to the left. The sign is
-/// exact.
+/// Returns twice the signed area of the triangle a, b, c: positive when it turns to the left. The
+/// sign is exact.
 double Orientation(const PlanarPoint& a, const PlanarPoint& b, const PlanarPoint& c);
 
 /// Projects a polygon along the normal of its best-fit plane so that it turns to the left. `points`
-/// holds x, y, z of every corner, `stride` doubles from one to the next. Gives the distance below
-/// which corners differ no more than by the rounding of single-precision coordinates; a negative
+/// holds x, y, z of every corner, `stride` doubles from one to the next. Returns the distance below
+/// which corners differ by no more than the rounding of single-precision coordinates; a negative
 /// value when there is no such plane or a coordinate is not finite.
 double ProjectPolygon(const double* points, int stride, std::span<PlanarPoint> projected);
 
@@ -32,7 +32,7 @@ class TriangleWriter
 public:
     TriangleWriter(int* triangles, int room) : m_next(triangles), m_room(room) {}
 
-    /// False, and nothing taken, when the room is used up.
+    /// Adds a triangle and returns true; returns false when the room is used up.
     bool Add(int a, int b, int c)
     {
         if (m_room == 0)

@@ -65,7 +65,7 @@ Run ControlPointsOf(const PushupMemory::Request& request)
     return {first, FindSpan(curve, request.interval[1]) + curve.order - first};
 }
 
-// Which directions of a closed surface a part of a curve leaves the domain in.
+// Returns in which directions of a closed surface a part of a curve leaves the domain.
 std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory::Request& request,
                               const Run& run)
 {
@@ -87,8 +87,8 @@ std::array<bool, 2> GoesRound(const GK_NurbsSurface& surface, const PushupMemory
     return {leaves[0] && closure.closed[0], leaves[1] && closure.closed[1]};
 }
 
-// Along a line of constant u or v the image is a part of a curve of the surface, exactly. Null when
-// the curve is no such line.
+// Returns the image of a line of constant u or v, which is exactly a part of a curve of the
+// surface; null when the curve is no such line.
 std::unique_ptr<GK_NurbsCurve> ExactImage(const GK_NurbsSurface& surface,
                                           const PushupMemory::Request& request)
 {
@@ -115,7 +115,7 @@ std::unique_ptr<GK_NurbsCurve> ExactImage(const GK_NurbsSurface& surface,
     return part->SetDomain(interval[0], interval[1]) && part->IsValid() ? std::move(part) : nullptr;
 }
 
-// Null, and said, when it is given up.
+// Returns the image; without a curve, after a report, when that takes too much or is not possible.
 ImageFit PushUp(const GK_NurbsSurface& surface, const PushupMemory::Request& request)
 {
     PushupAllowance& allowance = PushupAllowance::Current();

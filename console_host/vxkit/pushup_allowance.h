@@ -12,7 +12,7 @@
 class PushupAllowance
 {
 public:
-    /// Why a push-up gives up.
+    /// Why a push-up fails.
     enum Cause
     {
         UnsoundCurve,
@@ -23,21 +23,21 @@ public:
         CauseCount
     };
 
-    /// The one of the running import.
+    /// Returns the one of the running import.
     static PushupAllowance& Current();
 
     /// Begins again, for another import.
     void Restart();
 
-    /// Adds what one more push-up of a curve brings: something for each, and more for a curve that
+    /// Adds what one more push-up of a curve allows: something for each, and more for a curve that
     /// was not seen before.
     void AddCall(const GK_NurbsCurve& curve);
 
-    /// How many points of images may still be worked out, counted at usual degrees.
+    /// Returns how many points of images may still be computed, counted at usual degrees.
     [[nodiscard]] double Left() const { return m_left; }
     void Spend(double work) { m_left -= work; }
 
-    /// Reports to the kernel's error service why a trim was given up; each cause once in an import.
+    /// Reports to the kernel's error service why a trim was left out; each cause once in an import.
     void Say(Cause cause, const std::string& text);
 
 private:

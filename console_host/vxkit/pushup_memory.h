@@ -25,14 +25,14 @@ public:
         double tolerance;
     };
 
-    /// The memory of a surface, made when there is none yet.
+    /// Returns the memory of a surface, made when there is none yet.
     static PushupMemory& Of(const GK_NurbsSurface& surface);
 
-    /// Returns what an equal request came to: a copy of the curve, or null when it failed. No value
-    /// when there was no equal request.
+    /// Returns the result of an equal request: a copy of the curve, or null when it failed. No
+    /// value when there was no equal request.
     [[nodiscard]] std::optional<std::unique_ptr<GK_NurbsCurve>> Find(const Request& request) const;
 
-    /// Remembers what a request came to; null: it failed.
+    /// Remembers the result of a request; null: it failed.
     void Add(const Request& request, const GK_NurbsCurve* result);
 
     /// Returns how the sides of the surface, which must be valid, meet within a tolerance.

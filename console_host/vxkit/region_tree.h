@@ -24,9 +24,9 @@ public:
         int before;
     };
 
-    /// Looks for the item at which `side(item)` is 0, where it is negative for the items after that
+    /// Returns the item at which `side(item)` is 0, where it is negative for the items after that
     /// place and positive for the items before it. When there is none, `found` is None. `before` is
-    /// the last item seen with a positive side, or None.
+    /// the last item visited with a positive side, or None.
     template <class Side>
     [[nodiscard]] Place Find(const Side& side) const
     {

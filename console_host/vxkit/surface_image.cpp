@@ -9,7 +9,7 @@
 
 namespace {
 
-// The parameter lies inside a span, given as the knots where it begins and ends.
+// Returns whether a parameter lies inside a span, given as the knots where it begins and ends.
 bool IsInside(const double* span, double t)
 {
     return span[0] <= t && t < span[1];

@@ -6,19 +6,19 @@
 #include <vector>
 
 /// The image on a surface of a curve in its parameter plane; both are valid, stay as they are, and
-/// outlive it. Where the surface is closed, a curve that leaves the domain comes in again on the
-/// other side; elsewhere the first or last span goes on.
+/// outlive it. Where the surface is closed, a curve that leaves the domain enters it again on the
+/// other side; elsewhere the first or last span continues.
 class SurfaceImage
 {
 public:
     SurfaceImage(const GK_NurbsCurve& curve, const GK_NurbsSurface& surface,
                  const std::array<bool, 2>& closed);
 
-    /// Fast for a parameter near the one before.
+    /// Returns the point at `t`; fast when `t` is near the one before.
     [[nodiscard]] GK_3dPoint PointAt(double t);
 
-    /// The point at `t` and the derivative that hold on the side where `inside`, close by, is: at
-    /// a kink there are two derivatives, at a seam with a gap two points.
+    /// Returns the point at `t` and the derivative that hold on the side where `inside`, close by,
+    /// is: at a kink there are two derivatives, at a seam with a gap two points.
     [[nodiscard]] GK_CurvePoint Evaluate(double t, double inside) const;
 
     /// Returns how far rounding moves the image at most about `t`: it grows with the largest
@@ -30,7 +30,8 @@ public:
     /// Empty when there are more than `most`.
     [[nodiscard]] std::vector<double> Breaks(const GK_Interval& interval, std::size_t most) const;
 
-    /// Degree of the image as a polynomial in the parameter, or a measure like it when rational.
+    /// Returns the degree of the image as a polynomial in the parameter, or a similar measure when
+    /// rational.
     [[nodiscard]] int Degree() const;
 
     /// Returns how much work a point is, as a multiple of what it is at usual degrees.

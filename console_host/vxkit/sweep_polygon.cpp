@@ -82,7 +82,7 @@ bool SweepPolygon::IsLeftOf(int from, int i) const
     return area != 0.0 ? area > 0.0 : Dot(InwardStep(i), InwardNormal(from)) > 1.0;
 }
 
-/// Of length 1, to the left of the side from a corner to the next one.
+/// Returns the vector of length 1 to the left of the side from a corner to the next one.
 PlanarPoint SweepPolygon::InwardNormal(int from) const
 {
     const PlanarPoint side = Difference(Point(Next(from)), Point(from));
@@ -90,7 +90,7 @@ PlanarPoint SweepPolygon::InwardNormal(int from) const
     return {-side.y / length, side.x / length};
 }
 
-/// How a corner moves when the sides at it move inward by 1.
+/// Returns how a corner moves when the sides at it move inward by 1.
 PlanarPoint SweepPolygon::InwardStep(int i) const
 {
     constexpr double Smallest = 1e-9;

@@ -12,8 +12,8 @@ class SweepPolygon
 public:
     explicit SweepPolygon(std::span<const PlanarPoint> points);
 
-    /// Takes off the corners that repeat a neighbour and those whose two sides run along each
-    /// other, as triangles without area. Gives the number of corners left, 3 at least.
+    /// Cuts off the corners that repeat a neighbour and those whose two sides run along each other,
+    /// as triangles without area. Returns the number of corners left, 3 at least.
     int RemoveRepetitions(TriangleWriter& triangles);
 
     [[nodiscard]] const PlanarPoint& Point(int i) const
@@ -25,10 +25,10 @@ public:
     [[nodiscard]] int Next(int i) const { return m_next[static_cast<std::size_t>(i)]; }
     [[nodiscard]] int First() const { return m_first; }
 
-    /// The sweeping line meets corner `i` before corner `j`.
+    /// Returns whether the sweeping line meets corner `i` before corner `j`.
     [[nodiscard]] bool IsBefore(int i, int j) const;
 
-    /// Corner `i` lies to the left of the side from corner `from` to the next one.
+    /// Returns whether corner `i` lies to the left of the side from corner `from` to the next one.
     [[nodiscard]] bool IsLeftOf(int from, int i) const;
 
 private:

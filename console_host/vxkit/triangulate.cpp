@@ -7,7 +7,8 @@
 
 namespace {
 
-/// All corners turn left by more than the tolerance explains, and in all by one full turn.
+/// Returns whether all corners turn left by more than the tolerance explains, and in all by one
+/// full turn.
 bool IsClearlyConvex(std::span<const PlanarPoint> points, double tolerance)
 {
     int reversals = 0;
@@ -30,7 +31,7 @@ bool IsClearlyConvex(std::span<const PlanarPoint> points, double tolerance)
     return reversals == 2;
 }
 
-/// Takes off every second corner, then every second one of those left, and so on.
+/// Cuts off every second corner, then every second one of those left, and so on.
 void TriangulateConvex(int count, TriangleWriter& triangles)
 {
     for (int step = 1; !triangles.IsFull(); step *= 2)
@@ -50,7 +51,8 @@ enum class Outcome
     Good
 };
 
-/// Wrong when a triangle turns to the right; narrow when the height of one is within the tolerance.
+/// Returns Wrong when a triangle turns to the right, Narrow when the height of one is within the
+/// tolerance.
 Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<const int> triangles)
 {
     Outcome outcome = Outcome::Good;
@@ -69,7 +71,7 @@ Outcome Judge(std::span<const PlanarPoint> points, double tolerance, std::span<c
     return outcome;
 }
 
-/// False when sides cross.
+/// Cuts a polygon of many corners. Returns false when sides cross.
 bool TriangulateMany(std::span<const PlanarPoint> points, double tolerance,
                      std::span<int> triangles)
 {

@@ -25,7 +25,7 @@ void EarClipper::ClassifyAll()
 
 void EarClipper::Classify(int i)
 {
-    // Taken off before any other: what it leaves is the same polygon.
+    // Cut off before any other: what is left is the same polygon.
     constexpr double QualityOfRepetition = 2.0;
     Corner& corner = At(i);
     const PlanarPoint& a = Point(corner.previous);
@@ -51,15 +51,16 @@ void EarClipper::Classify(int i)
     ++m_mayBlockCount;
 }
 
-/// A side at corner `v`, which lies on the line between two others, goes to the left of that line.
+/// Returns whether a side at corner `v`, which lies on the line between two others, goes to the
+/// left of that line.
 bool EarClipper::EntersAcross(int v, int from, int to) const
 {
     return Orientation(Point(from), Point(to), Point(At(v).previous)) > 0.0 ||
            Orientation(Point(from), Point(to), Point(At(v).next)) > 0.0;
 }
 
-/// Corner `v` lies in the triangle of corner `i`, or beyond its third side by less than the
-/// tolerance. Where parts of a polygon only touch, they do not block each other.
+/// Returns whether corner `v` lies in the triangle of corner `i`, or beyond its third side by less
+/// than the tolerance. Parts of a polygon that only touch do not block each other.
 bool EarClipper::Blocks(int v, int i) const
 {
     const int previous = At(i).previous;
@@ -116,8 +117,8 @@ int EarClipper::BestEar()
     }
 }
 
-/// When sides cross or run along each other: a corner without area, or the one that turns left
-/// most.
+/// Returns, when sides cross or run along each other, a corner without area, or the one that turns
+/// left most.
 int EarClipper::LeastBadCorner() const
 {
     int best = -1;

@@ -14,7 +14,7 @@ bool TriangulateBySweep(std::span<const PlanarPoint> points, TriangleWriter& tri
 /// any other choice. Takes some n log n steps.
 void ImproveTriangles(std::span<const PlanarPoint> points, std::span<int> triangles);
 
-/// Cuts a polygon of few corners into triangles by taking off one corner after the other, the one
+/// Cuts a polygon of few corners into triangles by cutting off one corner after the other, the one
 /// that makes the best triangle first. Allocates nothing; work grows with the square of the
 /// corners.
 class EarClipper
@@ -26,7 +26,8 @@ public:
     /// `tolerance` to a line count as lying on it where the triangles can be chosen.
     EarClipper(std::span<const PlanarPoint> points, double tolerance);
 
-    /// False when no corner could be taken off any more, as can happen when sides cross.
+    /// Cuts the polygon and returns true; returns false when no corner could be cut off any more,
+    /// as can happen when sides cross.
     bool Run(TriangleWriter& triangles);
 
 private:

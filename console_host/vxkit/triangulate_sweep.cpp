@@ -130,7 +130,7 @@ void Sweep::Append(Chain& chain, int corner, Bank bank)
     chain.bottom = static_cast<int>(m_links.size()) - 1;
 }
 
-/// Takes a corner on one bank of a region into its chains. Where there were two, one is left.
+/// Adds a corner on one bank of a region to its chains. Where there were two, one is left.
 void Sweep::Pass(Region& region, int corner, Bank bank)
 {
     if (region.right.bottom != None) {
@@ -169,7 +169,7 @@ bool Sweep::Begin(int corner)
     return true;
 }
 
-/// The corner parts a region: a new one begins on its right.
+/// Splits a region at the corner: a new one begins on its right.
 bool Sweep::Split(int corner)
 {
     const int found = Find(corner).found;
@@ -195,7 +195,7 @@ bool Sweep::Split(int corner)
     return true;
 }
 
-/// Two regions meet at the corner.
+/// Joins the two regions that meet at the corner.
 bool Sweep::Join(int corner)
 {
     const int left = RegionOfSide(corner);

@@ -15,7 +15,9 @@ public:
 
     /// Prints on the host's command line, in the form of the product's wide printf on every
     /// platform: "%s" takes a wide string, "%S" an 8-bit string (UTF-8). The format and the
-    /// arguments are only read during the call. The text is printed as it is, so a line needs its
+    /// arguments are only read during the call. Only numbers, characters and strings can be
+    /// printed: from any other placeholder on ("%p", "%n"), the format is printed as it is. The
+    /// text is printed as it is, so a line needs its
     /// "\n". Throws std::bad_alloc when out of memory; text that the host cannot show is lost.
     virtual void Print(const wchar_t* format, ...) = 0;
 

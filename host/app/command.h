@@ -15,14 +15,14 @@ enum CKelvoCommandResult : int
 /// A command that the user runs by its name. A module makes its commands as global objects, which
 /// it owns: the constructor tells the host of the command, the destructor withdraws it. Both run on
 /// the user-interface thread while the module is loaded and unloaded, and neither throws; a command
-/// that the host cannot keep for lack of memory is not there for the user. The host calls the other
-/// operations on the user-interface thread, and RunCommand only between the plug-in's load hook and
-/// its unload hook.
+/// that the host cannot keep when out of memory is not available to the user. The host calls the
+/// other operations on the user-interface thread, and RunCommand only between the plug-in's load
+/// hook and its unload hook.
 class CKelvoCommand : public GK_Object
 {
 public:
-    /// The two flags are kept for the host; `plugIn` is the plug-in that the command belongs to, or
-    /// null for the module's one plug-in.
+    /// Registers the command. The two flags are kept for the host; `plugIn` is the plug-in that the
+    /// command belongs to, or null for the module's one plug-in.
     CKelvoCommand(int flag1, int flag2, CKelvoPlugIn* plugIn);
     CKelvoCommand(const CKelvoCommand&) = delete;
     CKelvoCommand& operator=(const CKelvoCommand&) = delete;

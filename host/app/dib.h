@@ -37,10 +37,10 @@ public:
     /// Releases the pixels and leaves an empty image.
     void DestroyDib();
 
-    /// Bits in a pixel; 0 for an empty image.
+    /// Returns the bits in a pixel; 0 for an empty image.
     [[nodiscard]] int GetDepth() const { return m_layout.depth; }
 
-    /// Size in pixels; 0 for an empty image.
+    /// Return the size in pixels; 0 for an empty image.
     [[nodiscard]] int Width() const { return m_layout.width; }
     [[nodiscard]] int Height() const { return m_layout.height; }
 

@@ -9,10 +9,10 @@
 #include <memory>
 #include <utility>
 
-/// Something that stands in a document: attributes and geometry. A document object is made from its
-/// attributes, given its geometry and handed to CKelvoDoc::AddObject. Until then the maker owns it,
-/// and may do all that on any one thread; an object that is not handed over is simply destroyed.
-/// Setters throw std::bad_alloc when out of memory and leave the object as it was.
+/// Something in a document: attributes and geometry. A document object is made from its attributes,
+/// given its geometry and handed to CKelvoDoc::AddObject. Until then the maker owns it, and may do
+/// all that on any one thread; an object that is not handed over is simply destroyed. Setters throw
+/// std::bad_alloc when out of memory and leave the object as it was.
 class CKelvoObject : public GK_Object
 {
 public:

@@ -30,12 +30,12 @@ public:
     /// Returns the version text, the same string on every call; it lives as long as the module.
     [[nodiscard]] virtual const wchar_t* PlugInVersion() const = 0;
 
-    /// The load hook: called once, after the module was loaded, when the host's settings can be
+    /// The load hook. Called once, after the module was loaded, when the host's settings can be
     /// read. Returns 1 when the plug-in stays loaded, 0 when the host must unload it, without the
     /// unload hook.
     virtual int OnLoad() { return 1; }
 
-    /// The unload hook: called once before the module is unloaded, while settings can still be
+    /// The unload hook. Called once before the module is unloaded, while settings can still be
     /// written.
     virtual void OnUnload() {}
 };

@@ -15,12 +15,12 @@ class CDataExchange;
 /// A modal dialog, made from a dialog template of the module whose state is current while DoModal
 /// runs. The module owns the object, one for one showing at a time. DoModal calls the operations
 /// below on the user-interface thread: OnInitDialog first, then handlers of the message map, OnOK
-/// or OnCancel as the user goes. They should not throw: between them and DoModal stands the
-/// platform's window system, which need not let exceptions pass.
+/// or OnCancel as the user goes. They should not throw: between them and DoModal is the platform's
+/// window system, which need not let exceptions pass.
 class CDialog : public CWnd
 {
 public:
-    /// `parent` is the window that the dialog stands over, which must outlive it; null for none.
+    /// `parent` is the window over which the dialog appears, which must outlive it; null for none.
     CDialog(int templateId, CWnd* parent);
 
     /// Shows the dialog, waits until it is closed and returns the id with which it was closed
@@ -39,10 +39,11 @@ protected:
     /// tab order is to have the focus.
     virtual bool OnInitDialog();
 
-    /// OK: moves the controls' values into the fields and closes the dialog with DialogOK.
+    /// Called for OK; moves the controls' values into the fields and closes the dialog with
+    /// DialogOK.
     virtual void OnOK();
 
-    /// Cancel: closes the dialog with DialogCancel.
+    /// Called for Cancel; closes the dialog with DialogCancel.
     virtual void OnCancel();
 
     /// Runs the data exchange: into the fields when `save` is true, otherwise into the controls.

@@ -9,8 +9,8 @@
 class CModuleState
 {
 public:
-    /// `addressInModule`: the address of anything that stands in the module, by which the platform
-    /// knows it. `dialogs`: its dialog templates, on platforms that keep none in a module.
+    /// `addressInModule`: the address of anything in the module, by which the platform identifies
+    /// it. `dialogs`: its dialog templates, on platforms that keep none in a module.
     CModuleState(const void* addressInModule, std::span<const DialogTemplate> dialogs)
         : m_address(addressInModule), m_dialogs(dialogs)
     {

@@ -3,19 +3,19 @@
 #include "host/framework/cmd_target.h"
 
 /// A window or a control of a dialog. A CWnd in a dialog class is attached to its control by the
-/// dialog's data exchange; until then, and after the dialog was closed, it stands for no window and
-/// its operations do nothing. Nothing here fails.
+/// dialog's data exchange; until then, and after the dialog was closed, it has no window and its
+/// operations do nothing. Nothing here fails.
 class CWnd : public CCmdTarget
 {
 public:
     /// The host's own side of a window or control, which only a host defines.
     class Native;
 
-    /// Lets the user operate the control, or not.
+    /// Sets whether the user can operate the control.
     void EnableWindow(bool enable);
 
-    /// For the host: which window this is from now on; null for none. The host owns it, and takes
-    /// it back by null before it destroys it.
+    /// For the host: sets which window this is from now on; null for none. The host owns it, and
+    /// sets null before it destroys it.
     void Attach(Native* window) { m_window = window; }
 
 protected:

@@ -29,7 +29,7 @@ public:
 };
 
 /// One step of a loop: a piece of a 2D curve in the parameter plane of the face's surface, and the
-/// edge it stands for.
+/// edge that it runs along.
 class GK_BrepTrim : public GK_CurveProxy
 {
 public:
@@ -164,7 +164,7 @@ public:
     [[nodiscard]] const GK_BrepVertex& Vertex(int index) const { return m_vertices[index]; }
 
     /// Removes surfaces that no face uses, edges and vertices that no trim uses, and their curves,
-    /// numbers what is left again in the same order, and releases room that is not used.
+    /// renumbers what is left in the same order, and releases unused memory.
     void RemoveUnused();
 
     /// Return the object as a brep, or null when it is none.

@@ -46,7 +46,7 @@ public:
     [[nodiscard]] virtual GK_Interval Domain() const = 0;
 
     /// Returns the point and derivative at a parameter; outside the domain the first or last span
-    /// goes on. The curve must be valid.
+    /// continues. The curve must be valid.
     [[nodiscard]] virtual GK_CurvePoint Evaluate(double t) const = 0;
 
     /// Returns false when the curve is not sound; `reason`, unless null, then says why as a clause

@@ -14,7 +14,7 @@
 class GK_Material
 {
 public:
-    /// Back to a fresh material: no name, ambient black, diffuse 128, 128, 128, specular and
+    /// Makes this a new material: no name, ambient black, diffuse 128, 128, 128, specular and
     /// transparent white, no shine, no transparency, no textures.
     void Default() { *this = GK_Material(); }
 
@@ -62,5 +62,5 @@ private:
     [[nodiscard]] const Contents& View() const;
     Contents& Change();
 
-    std::shared_ptr<Contents> m_contents; ///< null: those of a fresh material
+    std::shared_ptr<Contents> m_contents; ///< null: those of a new material
 };

@@ -47,14 +47,14 @@ inline bool GK_MeshFace::IsValid(int vertexCount, const GK_3fPoint* vertices) co
 }
 
 /// A view of one polygon of a mesh: its mesh vertices in order, and the indices of the mesh faces
-/// that together cover it. Valid until a polygon is added to its list or taken out.
+/// that together cover it. Valid until a polygon is added to its list or removed.
 struct GK_MeshNgon
 {
     std::span<int> vi;
     std::span<int> fi;
 };
 
-/// The same, only to be read.
+/// The same, read-only.
 struct GK_MeshConstNgon
 {
     std::span<const int> vi;
@@ -79,10 +79,10 @@ public:
     /// Makes a polygon's face list shorter by keeping its first `count` entries.
     void SetFaceCount(int index, int count) { m_ngons[index].faceCount = count; }
 
-    /// Takes out the polygons without faces and keeps the order of the others.
+    /// Removes the polygons without faces and keeps the order of the others.
     void RemoveEmpty();
 
-    /// Turns every polygon's vertices about; its first vertex stays the first.
+    /// Reverses every polygon's vertices; its first vertex stays the first.
     void Reverse();
 
 private:
@@ -97,7 +97,7 @@ private:
     GK_SimpleArray<int> m_indices;
 };
 
-/// Which mesh vertices stand at the same place: those with equal single-precision positions are one
+/// Which mesh vertices are at the same place: those with equal single-precision positions are one
 /// topological vertex. A position with a coordinate that is not a number equals none, and -0 equals
 /// 0. Topological vertices are numbered by their lowest mesh vertex. Constant once made: any number
 /// of threads may read it. The constructor throws std::bad_alloc when out of memory.

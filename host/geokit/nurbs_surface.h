@@ -11,9 +11,8 @@
 ///
 /// Whoever makes the surface sets its parts in any order; nothing is checked until IsValid is
 /// asked. In each direction a complete surface has order + count - 2 knots (no superfluous ends),
-/// and its domain goes from knot order - 2 to knot count - 1. Control points stand one after the
-/// other with u running fastest: coordinates (not multiplied by the weight), then the weight when
-/// rational.
+/// and its domain goes from knot order - 2 to knot count - 1. Control points follow each other with
+/// u running fastest: coordinates (not multiplied by the weight), then the weight when rational.
 class GK_NurbsSurface : public GK_Surface
 {
 public:
@@ -29,7 +28,7 @@ public:
     /// Returns the number of control points in a direction, as claimed; there may be fewer.
     [[nodiscard]] int ControlPointCount(int direction) const { return m_count[Index(direction)]; }
 
-    /// Claims a number of control points in a direction. What stands in the array is not moved.
+    /// Claims a number of control points in a direction. The contents of the array are not moved.
     void SetControlPointCount(int direction, int count);
 
     /// Returns the number of control points that there is room for.

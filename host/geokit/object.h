@@ -13,7 +13,7 @@ public:
     virtual ~GK_Object() = default;
 };
 
-/// What can stand in a document as the geometry of an object.
+/// What can be in a document as the geometry of an object.
 class GK_Geometry : public GK_Object
 {
 };

@@ -28,7 +28,7 @@ public:
     int materialIndex = -1;
     GK_wString name; ///< empty: no name
 
-    /// Back to the defaults: layer 0, no name, no groups, no material of its own.
+    /// Sets the defaults: layer 0, no name, no groups, no material of its own.
     void Default() { *this = GK_MdxObjectAttributes(); }
 
     void RemoveFromAllGroups() { m_groups.reset(); }

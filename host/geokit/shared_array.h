@@ -83,7 +83,7 @@ public:
     /// Makes room for `capacity` values in all; never shrinks.
     void Reserve(int capacity) { Own().Reserve(capacity); }
 
-    /// Changes the count. Values that come in are value-initialised.
+    /// Changes the count. New values are value-initialised.
     void SetCount(int count) { Own().SetCount(count); }
 
     /// Removes the values, and releases the storage unless others share it.
@@ -95,7 +95,7 @@ public:
     }
 
     /// Returns what two arrays have in common when they share one storage; null when there is none.
-    /// It stands for the values as long as an array that nobody writes keeps the storage alive.
+    /// It identifies the values as long as an array that nobody writes keeps the storage alive.
     [[nodiscard]] const void* Identity() const { return m_storage; }
 
     /// A mark that a reader may leave with the values, to find there for example that it has

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-/// An 8-bit string: names as they stand in a file. Any thread may use a string, one thread at a
-/// time while it changes. Operations that lengthen a string throw std::bad_alloc when out of memory
-/// and leave it as it was.
+/// An 8-bit string: names as they are in a file. Any thread may use a string, one thread at a time
+/// while it changes. Operations that lengthen a string throw std::bad_alloc when out of memory and
+/// leave it as it was.
 class GK_String
 {
 public:
@@ -34,7 +34,7 @@ public:
         return *this;
     }
 
-    /// Byte by byte, by unsigned byte value; an empty string comes before any other.
+    /// Compare byte by byte, by unsigned value; an empty string comes before any other.
     friend bool operator==(const GK_String& a, const GK_String& b) = default;
 
     friend std::strong_ordering operator<=>(const GK_String& a, const GK_String& b)

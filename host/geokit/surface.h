@@ -23,7 +23,7 @@ public:
     [[nodiscard]] virtual GK_Interval Domain(int direction) const = 0;
 
     /// Returns the point and derivatives at a place of the parameter plane; outside the domain the
-    /// first or last span goes on. The surface must be valid.
+    /// first or last span continues. The surface must be valid.
     [[nodiscard]] virtual GK_SurfacePoint Evaluate(double u, double v) const = 0;
 
     /// Returns the curve along `direction` on which the other parameter is `parameter`, over the

@@ -27,7 +27,7 @@ TEST(WaitCursor, Nests)
     EXPECT_EQ(WorkNote::Instance().Depth(), 1);
 }
 
-TEST(Printable, HoldsNothingThatSteersATerminal)
+TEST(Printable, HoldsNothingThatControlsATerminal)
 {
     const struct
     {

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Formats, and gives UTF-8, which the test program can show.
+/// Returns the formatted text as UTF-8, which the test program can show.
 std::string Format(const wchar_t* format, ...)
 {
     std::va_list arguments;
@@ -48,7 +48,7 @@ TEST(FormatText, TakesNumbers)
     EXPECT_EQ(Format(L"%.1f%%", 99.5), "99.5%");
 }
 
-TEST(FormatText, StandsAsItIsFromAPlaceholderThatMeansNothing)
+TEST(FormatText, CopiesTheRestFromAnInvalidPlaceholder)
 {
     EXPECT_EQ(Format(L"50%"), "50%");
     EXPECT_EQ(Format(L"%d %q %d", 1, 2, 3), "1 %q %d");

@@ -130,7 +130,7 @@ TEST(ImageReader, ClaimsBeyondLimitOrFileAreRefused)
     struct
     {
         const char* name;
-        std::size_t at; ///< where the size stands
+        std::size_t at; ///< where the size is
         std::string size;
     } const cases[] = {
         {"grey_transparent.png", 16, Bytes({0, 0, 0xEA, 0x60, 0, 0, 0xEA, 0x60})},
@@ -171,7 +171,7 @@ TEST(ImageReader, PixelsAreInProportionToTheFile)
             << each.side << " " << each.fileSize;
 }
 
-TEST(ImageReader, PixelDataBeyondTheClaimIsNotTakenIn)
+TEST(ImageReader, PixelDataBeyondTheClaimIsIgnored)
 {
     const TemporaryFolder folder;
     ASSERT_TRUE(WriteDib(CKelvoDib(2000, 1000, 24, true), folder / "large.png"));

@@ -38,7 +38,7 @@ TEST(ProfileStore, KeepsEntriesFromOneRunToTheNext)
     EXPECT_FALSE(store.ReadBool(L"other", L"On", on));
 }
 
-TEST(ProfileStore, TakesWhatDoesNotReadAsItsTypeForMissing)
+TEST(ProfileStore, TreatsValuesOfAnotherTypeAsMissing)
 {
     const TemporaryFolder folder;
     const std::string header = "[Plug-Ins\\1234\\Settings]\n";

@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(StringTable, GivesTheTextOfAnId)
+TEST(StringTable, ReturnsTheTextOfAnId)
 {
     const TemporaryFolder folder;
     testing::internal::CaptureStderr();

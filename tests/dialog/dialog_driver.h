@@ -57,6 +57,6 @@ public:
     /// Clicks on the close box of the window turned to.
     virtual void CloseWindow() = 0;
 
-    /// Waits until the program ends; gives its exit status.
+    /// Waits until the program ends; returns its exit status.
     virtual int Wait() = 0;
 };

@@ -77,7 +77,7 @@ TEST(NewOuterLoop, TakesTheVerticesAndEdgesThatItIsGiven)
     ExpectSoundLoops(*brep, 1e-9);
 }
 
-TEST(NewOuterLoop, GivesNullWithoutAFaceOrASoundSurface)
+TEST(NewOuterLoop, ReturnsNullWithoutAFaceOrAValidSurface)
 {
     int none[4] = {-1, -1, -1, -1};
     bool reversed[4] = {};

@@ -79,7 +79,7 @@ TEST(NurbsCurve, ReversingAndMappingTheDomainKeepTheShape)
     }
 }
 
-TEST(NurbsCurve, IsClosedButForRounding)
+TEST(NurbsCurve, IsClosedExceptForRounding)
 {
     const auto endingAt = [](double x) {
         return MakeCurve(2, false, 2, {3, 0, 4, 1, x, 0}, {0, 1, 2}).IsClosed();
@@ -125,7 +125,7 @@ TEST(NurbsCurve, SaysWhatIsUnsound)
     }
 }
 
-// A copy may be known to be sound from its original; what is changed is looked at again.
+// A copy may be known to be valid from its original; what is changed is checked again.
 TEST(NurbsCurve, IsValidNoticesEveryChange)
 {
     const GK_NurbsCurve sound = MakeCurve(2, false, 3, {0, 0, 1, 1, 2, 0, 3, 1}, {0, 0, 1, 2, 2});

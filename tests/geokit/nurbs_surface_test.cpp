@@ -69,7 +69,7 @@ TEST(NurbsSurface, SaysWhatIsUnsound)
     }
 }
 
-TEST(NurbsSurface, LooksAgainAtWhatHasChanged)
+TEST(NurbsSurface, ChecksAgainWhatHasChanged)
 {
     const auto surface = MakePlane(4.0);
     const double good[] = {0, 0, 0};

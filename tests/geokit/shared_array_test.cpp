@@ -74,7 +74,7 @@ TEST(SharedArray, WritesInPlaceWhereNobodyShares)
 }
 
 // With the thread sanitizer, or on luck, a race shows.
-TEST(SharedArray, CopiesGoTheirWaysInThreads)
+TEST(SharedArray, CopiesAreIndependentInThreads)
 {
     Array array;
     array.SetCount(1000);

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 // Blocks of some megabytes come from elsewhere than small ones.
-TEST(SimpleArray, KeepsItsElementsWhateverSizeItTakes)
+TEST(SimpleArray, KeepsItsElementsWhateverItsSize)
 {
     constexpr int Million = 1 << 20;
     GK_SimpleArray<int> array;

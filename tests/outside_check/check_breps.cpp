@@ -55,7 +55,7 @@ std::string StatusesOf(const BRepCheck_Analyzer& analyzer, const TopoDS_Shape& s
     return text.str();
 }
 
-// The library's precision is a length of 1e-7: what is small is looked at larger.
+// The library's precision is a length of 1e-7: what is small is scaled up.
 double ScaleFor(const GK_Brep& brep)
 {
     constexpr double Small = 0.1;

@@ -130,7 +130,7 @@ TEST(Prompt, NotesSayWhatWasNotUnderstood)
                 ElementsAre(L"\"import\" could be ImportOBJGroups, ImportOBJObjects or "
                             L"ImportAsMorphTargetOnly.",
                             L"\"a??" + std::wstring(37, L'b') + L"...\" is not one of the options.",
-                            L"\"to\" is no value of ImportOBJGroups; its values are "
+                            L"\"to\" is not a value of ImportOBJGroups; its values are "
                             L"DoNotImportOBJGroups, AsGroups, AsLayers or AsObjectNames."));
 }
 

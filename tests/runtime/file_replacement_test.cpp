@@ -67,7 +67,7 @@ TEST(FileReplacement, SaysWhyItCannotWrite)
     EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"taken"});
 }
 
-TEST(SameFile, IsToldByWhatItIsAndNotByItsName)
+TEST(SameFile, IsRecognisedByIdentityAndNotByName)
 {
     const TemporaryFolder folder;
     const fs::path path = folder.Write("a", "a");

@@ -39,7 +39,7 @@ std::vector<std::wstring> AnswersIn(const std::string& input, std::string& shown
     return lines;
 }
 
-TEST(InputAnswers, GivesTheLinesOfTheInput)
+TEST(InputAnswers, ReturnsTheLinesOfTheInput)
 {
     const std::string longest(4096, 'x');
     const std::string zero("a\0b", 3);

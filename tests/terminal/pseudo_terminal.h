@@ -20,7 +20,7 @@ public:
     /// Types as a person does; "\n" is Enter.
     void Type(const std::string& keys) const;
 
-    /// Waits for the program's end and gives its exit status, or -1.
+    /// Waits for the program's end and returns its exit status, or -1.
     int ExitStatus();
 
 private:

@@ -276,7 +276,7 @@ RandomFile Maker::File()
     file.tolerance = std::pow(10.0, -Below(7));
     double scale = std::pow(10.0, Between(-4, 5));
     if (scale * std::pow(10.0, 1 - file.writing.digits) > file.tolerance)
-        scale = file.tolerance; // the file's digits must tell what meets
+        scale = file.tolerance; // the file's digits must be enough to join what meets
     m_gapsAreGaps = scale > 1e3 * file.tolerance;
     const int count = 1 + Below(3);
     for (int i = 0; i < count; ++i) {

@@ -55,7 +55,7 @@ Pieces EllipseOf(UV center, double radiusU, double radiusV, int count);
 /// One closed curve, named once for each of its spans.
 Pieces SpansOf(const TrimPiece& curve);
 
-/// The same curve written the other way round: the piece then stands against its loop.
+/// The same curve written the other way round: the piece then runs against its loop.
 TrimPiece Turned(TrimPiece piece);
 
 /// The same part by a curve written the other way round and a decreasing interval.

@@ -168,7 +168,7 @@ TEST(Pushup, EndsWithTheAllowance)
     EXPECT_NE(hill->Pushup(curve, 1e-3, &part), nullptr);
 }
 
-TEST(Pushup, GivesNullForWhatIsNotSound)
+TEST(Pushup, ReturnsNullForInvalidInput)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const auto plane = MakePlane(1.0);

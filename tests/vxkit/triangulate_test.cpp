@@ -240,7 +240,7 @@ TEST(Triangulate, ManyCorners)
 
 TEST(Triangulate, AvoidsNarrowTriangles)
 {
-    // The heights at which corners stand in a row are no longer exactly equal on the tilted plane.
+    // The heights of corners in a row are no longer exactly equal on the tilted plane.
     Polygon wall;
     for (int i = 0; i < 10; ++i) {
         const double x = 4.0 * i;
@@ -285,7 +285,7 @@ TEST(Triangulate, SizesBeyondOrdinary)
     }
 }
 
-TEST(Triangulate, CrossingSidesGiveAnythingButEnd)
+TEST(Triangulate, CrossingSidesDoNotHang)
 {
     std::mt19937 random(3);
     std::uniform_int_distribution<int> coordinate(0, 20);
