@@ -18,7 +18,7 @@ constexpr const char* SwitchedOffWindow = "OBJ import options";
 constexpr const char* SwitchedOffWindowInGerman = "OBJ-Datei import options";
 constexpr const char* HelpWindow = "Help";
 
-/// The check boxes and the settings that they stand for.
+/// The check boxes and the settings that they set.
 const std::map<int, std::string> Boxes = {{IDC_OBJECT_NAMES, "UseONames"},
                                           {IDC_MORPH_TARGET, "ImportAsMorphTarget"},
                                           {IDC_REVERSE_GROUP_ORDER, "ReverseGroupOrder"},
@@ -60,6 +60,20 @@ protected:
         driver.Press({Key::Enter});
     }
 
+    /// Clicks OK, waits for the end and expects these settings to be stored.
+    void Accept(DialogDriver& dialog, const std::vector<std::string>& settings)
+    {
+        dialog.Click(IDC_OK);
+        EXPECT_EQ(dialog.Wait(), 0);
+        ExpectStored(settings);
+    }
+
+    void ExpectStored(const std::vector<std::string>& settings) const
+    {
+        for (const std::string& setting : settings)
+            EXPECT_THAT(Stored(), HasSubstr(setting));
+    }
+
     TemporaryFolder m_folder;
 };
 
@@ -70,9 +84,7 @@ TEST_F(OptionsDialog, OpensWithTheDefaultsAndKeepsThem)
     dialog->WaitForWindow(HelpWindow);
     dialog->CloseWindow();
     dialog->WaitForWindow(OptionsWindow);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=1"));
+    Accept(*dialog, {"HowToAddGs=1"});
     for (const auto& [id, name] : Boxes)
         EXPECT_THAT(Stored(), HasSubstr(name + (id == IDC_OBJECT_NAMES ? "=true" : "=false")));
 }
@@ -111,26 +123,17 @@ TEST_F(OptionsDialog, ObjectNamesDisableTheNamesOfObjects)
     auto dialog = Open();
     dialog->Click(IDC_GROUPS_OBJECT_NAMES);
     dialog->Click(IDC_OBJECT_NAMES);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=3"));
-    EXPECT_THAT(Stored(), HasSubstr("UseONames=true"));
+    Accept(*dialog, {"HowToAddGs=3", "UseONames=true"});
 
     dialog = Open();
-    dialog->Click(IDC_OBJECT_NAMES);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=3"));
-    EXPECT_THAT(Stored(), HasSubstr("UseONames=true")) << "disabled as soon as it opens";
+    dialog->Click(IDC_OBJECT_NAMES); // disabled as soon as the dialog opens
+    Accept(*dialog, {"HowToAddGs=3", "UseONames=true"});
 
     dialog = Open();
     dialog->Click(IDC_GROUPS_LAYERS);
-    dialog->Click(IDC_OBJECT_NAMES);
+    dialog->Click(IDC_OBJECT_NAMES); // enabled again by another choice
     dialog->Click(IDC_GROUPS_NOTHING);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=0"));
-    EXPECT_THAT(Stored(), HasSubstr("UseONames=false")) << "another choice enables it again";
+    Accept(*dialog, {"HowToAddGs=0", "UseONames=false"});
 }
 
 TEST_F(OptionsDialog, WarnsEachTimeMorphTargetIsTicked)
@@ -143,10 +146,7 @@ TEST_F(OptionsDialog, WarnsEachTimeMorphTargetIsTicked)
         dialog->Click(IDC_MORPH_TARGET); // clearing says nothing: the next click reaches the dialog
     }
     dialog->Click(IDC_REVERSE_GROUP_ORDER);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("ImportAsMorphTarget=false"));
-    EXPECT_THAT(Stored(), HasSubstr("ReverseGroupOrder=true"));
+    Accept(*dialog, {"ImportAsMorphTarget=false", "ReverseGroupOrder=true"});
 }
 
 TEST_F(OptionsDialog, CanBeSwitchedOffAndOnAgain)
@@ -161,21 +161,18 @@ TEST_F(OptionsDialog, CanBeSwitchedOffAndOnAgain)
     EXPECT_EQ(dialog->Wait(), 0);
     EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=true"));
     EXPECT_THAT(m_folder.Read("house.json"), HasSubstr("objimport --run OBJImportOptionsDialog"))
-        << "the way back is told in every language";
+        << "the way back is explained in every language";
 
     EXPECT_EQ(Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"})->Wait(), 0)
         << "no dialog any more";
 
     dialog = Open();
     dialog->Click(IDC_Y_TO_Z);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0) << "the warning comes only when the dialog is switched off";
+    Accept(*dialog, {"DontShowDialog=true"}); // the warning appears only when switching it off
 
     dialog = Open();
     dialog->Click(IDC_DONT_SHOW);
-    dialog->Click(IDC_OK);
-    EXPECT_EQ(dialog->Wait(), 0) << "switching it on gives no warning";
-    EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=false"));
+    Accept(*dialog, {"DontShowDialog=false"}); // nor does switching it on show one
 }
 
 TEST_F(OptionsDialog, CancelKeepsEverything)
@@ -195,9 +192,7 @@ TEST_F(OptionsDialog, CancelKeepsEverything)
         dialog->Click(IDC_DONT_SHOW);
         leave(*dialog);
         EXPECT_EQ(dialog->Wait(), 1) << "cancelled";
-        EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=2"));
-        EXPECT_THAT(Stored(), HasSubstr("ZUp=true"));
-        EXPECT_THAT(Stored(), HasSubstr("DontShowDialog=false"));
+        ExpectStored({"HowToAddGs=2", "ZUp=true", "DontShowDialog=false"});
     }
     auto dialog = Start({"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"});
     dialog->WaitForWindow(OptionsWindow);
@@ -217,10 +212,8 @@ TEST_F(OptionsDialog, NeedsNoMouse)
     dialog->WaitForWindow(OptionsWindow);
     dialog->Press({Key::Enter});
     EXPECT_EQ(dialog->Wait(), 0);
-    EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=2"));
-    EXPECT_THAT(Stored(), HasSubstr("UseONames=false"));
-    EXPECT_THAT(Stored(), HasSubstr("ImportAsMorphTarget=false"));
-    EXPECT_THAT(Stored(), HasSubstr("ReverseGroupOrder=true"));
+    ExpectStored(
+        {"HowToAddGs=2", "UseONames=false", "ImportAsMorphTarget=false", "ReverseGroupOrder=true"});
 }
 
 } // namespace

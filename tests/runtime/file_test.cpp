@@ -8,7 +8,6 @@
 #include <chrono>
 #include <cstdio>
 #include <gtest/gtest.h>
-#include <memory>
 #include <stdexcept>
 #ifndef _WIN32
 #include "console_host/runtime/folder_names.h"
@@ -16,15 +15,10 @@
 
 namespace {
 
-struct CloseFile
-{
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
 /// The first bytes of a file opened by its wide path; "none" when it cannot be opened.
 std::string FirstBytes(const std::wstring& path)
 {
-    const std::unique_ptr<std::FILE, CloseFile> stream(_wfopen(path.c_str(), L"rb"));
+    const File stream(_wfopen(path.c_str(), L"rb"));
     char bytes[64];
     return stream == nullptr ? "none"
                              : std::string(bytes, std::fread(bytes, 1, sizeof bytes, stream.get()));
