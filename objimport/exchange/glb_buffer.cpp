@@ -220,7 +220,7 @@ int GlbBuffer::Finish()
     if (size == 0)
         return 0;
     m_model.buffers.emplace_back();
-    m_model.buffers.front().data.reserve(size + 4 * SectionCount);
+    m_model.buffers.front().data.reserve(size + std::size_t{4} * SectionCount);
     FinishSection(Positions, m_positions);
     FinishSection(Normals, m_normals);
     FinishSection(Coordinates, m_coordinates);
