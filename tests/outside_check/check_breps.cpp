@@ -1,4 +1,4 @@
-#include "tests/outside_check/outside_shape.h"
+#include "objimport/exchange/brep_shape.h"
 #include "tests/trimming/brep_walk.h"
 #include "tests/trimming/import_text.h"
 #include "tests/trimming/random_shapes.h"
@@ -10,6 +10,7 @@
 #include <GProp_GProps.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopoDS_Face.hxx>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -36,7 +37,8 @@ std::string NameOf(BRepCheck_Status status)
 std::string StatusesOf(const BRepCheck_Analyzer& analyzer, const TopoDS_Shape& shape)
 {
     std::map<std::string, int> found;
-    for (const TopAbs_ShapeEnum type : {TopAbs_FACE, TopAbs_WIRE, TopAbs_EDGE, TopAbs_VERTEX})
+    for (const TopAbs_ShapeEnum type :
+         {TopAbs_SHELL, TopAbs_FACE, TopAbs_WIRE, TopAbs_EDGE, TopAbs_VERTEX})
         for (TopExp_Explorer part(shape, type); part.More(); part.Next()) {
             const Handle(BRepCheck_Result)& result = analyzer.Result(part.Current());
             const auto add = [&](const BRepCheck_ListOfStatus& statuses) {
@@ -68,7 +70,7 @@ std::string FaultOf(const GK_Brep& brep)
     constexpr double Accuracy = 1e-3;
     const double scale = ScaleFor(brep);
     try {
-        const TopoDS_Shape shape = OutsideShape(brep, scale);
+        const TopoDS_Shape shape = ShellsOf(brep, LibraryFaces(brep, {{}, scale}));
         const BRepCheck_Analyzer analyzer(shape);
         if (!analyzer.IsValid())
             return "not valid:" + StatusesOf(analyzer, shape);

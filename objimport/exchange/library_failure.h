@@ -1,0 +1,9 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+/// Runs what uses the geometry library. Returns nothing when all went well, else why not, as a
+/// clause: what the library throws stands under no common base. std::bad_alloc leaves.
+std::optional<std::string> FailureOf(const std::function<void()>& work);
