@@ -15,6 +15,8 @@ endfunction()
 find_open_cascade(occt_libraries TKMesh TKTopAlgo TKBRep TKG3d TKG2d TKMath TKernel)
 find_open_cascade(occt_step_libraries
     TKXDESTEP TKSTEP TKSTEPBase TKXSBase TKXCAF TKLCAF TKCDF)
+add_library(open_cascade_step INTERFACE)
+target_link_libraries(open_cascade_step INTERFACE ${occt_step_libraries} ${occt_libraries})
 
 add_library(exchange_breps STATIC
     brep_fineness.cpp
