@@ -4,6 +4,7 @@
 #include "console_host/framework/work_note.h"
 #include "fuzz/own_folder.h"
 #include "objimport/document_json.h"
+#include "objimport/file_report.h"
 #include "objimport/summary.h"
 #include "plugin/read_obj.h"
 #include "tests/json_values.h"
@@ -30,7 +31,7 @@ std::string Written(Write write)
     return written;
 }
 
-void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
+void CheckWrittenForms(ConsoleDoc& doc, const ImportRecord& record)
 {
     const std::span imports(&record, 1);
     const std::string text =
@@ -42,8 +43,10 @@ void CheckJson(const ConsoleDoc& doc, const ImportRecord& record)
     holds("/groups", static_cast<std::size_t>(doc.Groups().Count()));
     holds("/materials", static_cast<std::size_t>(doc.Materials().Count()));
     holds("/imports/0/prints", record.journal.prints.size());
-    const std::string summary =
-        Written([&](TextOutput& output) { WriteSummary(output, imports, doc); });
+    const std::string summary = Written([&](TextOutput& output) {
+        WriteFileReport(Page(output), record, doc);
+        WriteSummary(Page(output), doc);
+    });
     constexpr std::size_t LongestSummary = 100'000;
     Expect(summary.size() < LongestSummary);
 }
@@ -92,5 +95,5 @@ void ImportAndCheck(const wchar_t* path, unsigned int options)
     for (const ImportJournal::KernelError& error : record.journal.kernelErrors)
         Expect(error.source != "host"); // a rule of the host was broken
     Expect(WorkNote::Instance().Depth() == 0);
-    CheckJson(doc, record);
+    CheckWrittenForms(doc, record);
 }

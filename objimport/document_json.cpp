@@ -3,6 +3,7 @@
 #include "objimport/geometry_json.h"
 #include "objimport/indices.h"
 #include "objimport/json_stream.h"
+#include "objimport/texture_files.h"
 
 #include <array>
 
@@ -83,8 +84,10 @@ void WriteMaterial(JsonStream& json, const GK_Material& material)
                  "shine", material.Shine() / GK_Material::MaxShine(), "transparency",
                  material.Transparency());
     json.ListMember("textures", material.Textures(), [&](const GK_Texture& texture) {
+        const TextureFile file = FindTextureFile(texture);
         json.Object("type", TextureType(texture.type), "file", texture.filename.Utf8(), "on",
-                    texture.on, "blend", texture.blendConstant);
+                    texture.on, "blend", texture.blendConstant, "exists", file.exists, "path",
+                    file.path);
     });
     json.EndObject();
 }
@@ -104,14 +107,33 @@ void WriteLines(JsonStream& json, std::string_view name, const List& list, Write
     json.EndArray();
 }
 
-void WriteObject(JsonStream& json, const DocumentObject& object)
+/// Finds out which import an object came from; objects are asked for in their order.
+class ImportOfObject
+{
+public:
+    explicit ImportOfObject(std::span<const ImportRecord> imports) : m_imports(imports) {}
+
+    int operator()(int object)
+    {
+        while (m_next < m_imports.size() && m_imports[m_next].firstObject <= object)
+            ++m_next;
+        return static_cast<int>(m_next) - 1;
+    }
+
+private:
+    std::span<const ImportRecord> m_imports;
+    std::size_t m_next = 0; ///< the first import of which no object was asked for yet
+};
+
+void WriteObject(JsonStream& json, const DocumentObject& object, int import)
 {
     const GK_MdxObjectAttributes& attributes = *object.attributes;
     const bool ownMaterial = attributes.MaterialSource() == GK::material_from_object;
     json.BeginObject();
     json.Members("type", KindOf(object.geometry), "name", TextOf(attributes.name), "layer",
                  attributes.layerIndex, "groups", attributes.Groups(), "material",
-                 attributes.materialIndex, "material_source", ownMaterial ? "object" : "layer");
+                 attributes.materialIndex, "material_source", ownMaterial ? "object" : "layer",
+                 "import", import);
     WriteGeometry(json, object.geometry);
     json.EndObject();
 }
@@ -121,14 +143,18 @@ void WriteObject(JsonStream& json, const DocumentObject& object)
 void WriteDocumentJson(TextOutput& output, std::span<const ImportRecord> imports,
                        const ConsoleDoc& doc)
 {
+    constexpr int Form = 1; // counts up when a member changes its meaning
     JsonStream json(output);
     json.BeginObject();
+    json.NewLine();
+    json.Members("form", Form);
     WriteLines(json, "imports", imports, WriteImport);
     WriteLines(json, "layers", doc.Layers(), WriteLayer);
     WriteLines(json, "groups", doc.Groups(), WriteGroup);
     WriteLines(json, "materials", doc.Materials(), WriteMaterial);
+    ImportOfObject importOf(imports);
     WriteLines(json, "objects", Indices(doc.ObjectCount()),
-               [&doc](JsonStream& to, int i) { WriteObject(to, doc.Object(i)); });
+               [&](JsonStream& to, int i) { WriteObject(to, doc.Object(i), importOf(i)); });
     json.NewLine();
     json.EndObject();
     output.Write('\n');

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console_host/app/import_journal.h"
+#include "objimport/check/unread_lines.h"
 
 #include <string>
 
@@ -9,7 +10,10 @@ struct ImportRecord
 {
     std::string file; ///< as it was typed
     bool result = false;
-    ImportJournal journal;
+    ImportJournal journal{};
+    int firstObject = 0;  ///< of those that it added to the document
+    int objectCount = 0;  ///< how many it added
+    UnreadLines unread{}; ///< what the import ignored, when it was asked for
 };
 
 /// Returns "imported", "out of memory" (something may be missing, whatever the result), "cancelled"

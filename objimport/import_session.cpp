@@ -9,13 +9,26 @@
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <new>
+#include <string>
 
-bool ImportSession::ReadFile(const std::string& file)
+namespace {
+
+/// A file that does not open has nothing to say of itself; nor has one when out of memory.
+UnreadLines UnreadLinesOf(const InputFile& file)
+try {
+    File stream(OpenNative(file.path, "rb"));
+    return stream != nullptr ? FindUnreadLines(stream.release()) : UnreadLines();
+} catch (const std::bad_alloc&) {
+    return {};
+}
+
+} // namespace
+
+bool ImportSession::ReadFile(const InputFile& file)
 {
     try {
-        const std::wstring path = WidePath(AbsolutePath(PathFromUtf8(file)));
+        const std::wstring path = WidePath(AbsolutePath(file.path));
         return m_plugIn.ReadFile(path.c_str(), 0, m_doc, m_options);
     } catch (const std::bad_alloc&) {
         return false;
@@ -25,11 +38,12 @@ bool ImportSession::ReadFile(const std::string& file)
     }
 }
 
-void ImportSession::Import(const std::string& file)
+const ImportRecord& ImportSession::Import(const InputFile& file)
 {
     ConsoleApp& app = ConsoleApp::Instance();
     app.TakeJournal();
-    ImportRecord& import = m_imports.emplace_back(ImportRecord{file, false, {}});
+    ImportRecord& import = m_imports.emplace_back(ImportRecord{.file = file.name});
+    import.firstObject = m_doc.ObjectCount();
     const long failuresBefore = AllocationFailures();
     import.result = ReadFile(file);
     WorkNote& note = WorkNote::Instance();
@@ -39,10 +53,14 @@ void ImportSession::Import(const std::string& file)
     }
     import.journal = app.TakeJournal();
     import.journal.outOfMemory = AllocationFailures() > failuresBefore;
+    import.objectCount = m_doc.ObjectCount() - import.firstObject;
     if (import.journal.outOfMemory)
-        WriteForPerson(stderr, "objimport: " + PrintableLine(file) + ": out of memory; " +
+        WriteForPerson(stderr, "objimport: " + PrintableLine(file.name) + ": out of memory; " +
                                    (import.result ? "something of it is missing\n"
                                                   : "the reading ended before its end\n"));
+    if (m_looksForUnreadLines && !import.journal.cancelled)
+        import.unread = UnreadLinesOf(file);
+    return import;
 }
 
 bool ImportSession::AllSucceeded() const

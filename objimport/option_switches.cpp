@@ -17,15 +17,22 @@ OptionSwitches::OptionSwitches()
     : switches{
           {"object-names",
            L"UseONames",
-           "Object names of the file become names in the document",
+           "Object names of the file become names in the\ndocument (at first: on)",
            {}},
-          {"reverse-groups", L"ReverseGroupOrder", "The last group name of a statement counts", {}},
-          {"morph-target", L"ImportAsMorphTarget", "The whole file becomes one mesh", {}},
+          {"reverse-groups",
+           L"ReverseGroupOrder",
+           "The last, not the first, group name of a statement\ntells objects apart, orders them "
+           "and names them",
+           {}},
+          {"morph-target",
+           L"ImportAsMorphTarget",
+           "The whole file becomes one mesh, which keeps the\nfile's vertices and their order",
+           {}},
           {"ignore-textures", L"IgnoreTextures", "Objects take no material from the file", {}},
           {"z-up", L"ZUp", "The file's Y axis becomes the document's Z axis", {}},
           {"split-textures",
            L"Split32bitTextures",
-           "Textures with an alpha channel become two files",
+           "Textures with an alpha channel become a colour and\nan alpha file",
            {}},
       }
 {

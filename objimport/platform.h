@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -10,6 +11,9 @@ std::vector<std::string> ProgramArguments(int count, char** arguments);
 /// Has whatever ends the program from outside (a signal, the closing of the console) remove the
 /// files that are not finished.
 void RemoveUnfinishedFilesAtTheEnd();
+
+/// Returns standard input, which passes on every byte as it is from now on.
+std::FILE* BinaryStandardInput();
 
 /// Makes the standard streams carry UTF-8 as it is written, and writing into a closed pipe an error
 /// like any other, for as long as the object lives.

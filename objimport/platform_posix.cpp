@@ -40,6 +40,11 @@ void RemoveUnfinishedFilesAtTheEnd()
     }
 }
 
+std::FILE* BinaryStandardInput()
+{
+    return stdin;
+}
+
 StandardStreams::StandardStreams()
 {
     // A closed pipe and a file that may not grow are errors like any other.

@@ -38,6 +38,12 @@ std::vector<std::string> ProgramArguments(int, char**)
     return arguments;
 }
 
+std::FILE* BinaryStandardInput()
+{
+    _setmode(_fileno(stdin), _O_BINARY);
+    return stdin;
+}
+
 StandardStreams::StandardStreams() : m_before(GetConsoleOutputCP())
 {
     SetConsoleOutputCP(CP_UTF8);

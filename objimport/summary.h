@@ -1,11 +1,9 @@
 #pragma once
 
 #include "console_host/app/document.h"
-#include "objimport/import_record.h"
-#include "objimport/text_output.h"
+#include "objimport/page.h"
 
-#include <span>
-
-/// Writes what the imports brought and what the document holds, for a person to read. Long lists
-/// are cut, with a note of how many are left out.
-void WriteSummary(TextOutput& output, std::span<const ImportRecord> imports, const ConsoleDoc& doc);
+/// Writes what a document holds, for a person to read: how much and how large it is, its objects,
+/// materials, textures, layers and groups. Long lists are cut, with a note of how much is left out,
+/// unless the page shows all.
+void WriteSummary(const Page& page, ConsoleDoc& doc);

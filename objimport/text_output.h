@@ -1,5 +1,7 @@
 #pragma once
 
+#include "objimport/program_error.h"
+
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -35,3 +37,13 @@ private:
     std::size_t m_used = 0;
     int m_error = 0;
 };
+
+/// Writes text for the user by `write(TextOutput&)`; throws ProgramError when it cannot be written.
+template <class Write>
+void WriteForUser(std::FILE* stream, Write write)
+{
+    TextOutput output(stream);
+    write(output);
+    if (const std::string why = output.Finish(); !why.empty())
+        throw ProgramError("cannot write to standard output: " + why);
+}

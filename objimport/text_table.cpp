@@ -6,6 +6,10 @@
 
 namespace {
 
+constexpr std::string_view Dots = "...";
+constexpr int DotsWidth = 3;
+constexpr int Gap = 2; ///< blanks before each column
+
 struct Range
 {
     char32_t first;
@@ -67,35 +71,95 @@ int DisplayWidth(std::string_view utf8)
     return width;
 }
 
-std::string Shortened(std::string_view utf8, int width)
+std::size_t FittingLength(std::string_view utf8, int width)
 {
-    constexpr std::string_view Dots = "...";
-    const std::string_view whole = utf8;
-    std::size_t kept = 0;
-    int used = 0;
-    while (!utf8.empty()) {
-        used += WidthOf(TakeCharacter(utf8));
-        if (used <= width - static_cast<int>(Dots.size()))
-            kept = whole.size() - utf8.size();
-        if (used > width)
-            return std::string(whole.substr(0, kept)).append(Dots);
+    std::string_view rest = utf8;
+    while (!rest.empty()) {
+        std::string_view next = rest;
+        width -= WidthOf(TakeCharacter(next));
+        if (width < 0)
+            break;
+        rest = next;
     }
-    return std::string(whole);
+    return utf8.size() - rest.size();
 }
 
-void TextTable::Write(TextOutput& output) const
+std::string Shortened(std::string_view utf8, int width)
 {
+    if (FittingLength(utf8, width) == utf8.size())
+        return std::string(utf8);
+    return std::string(utf8.substr(0, FittingLength(utf8, width - DotsWidth))).append(Dots);
+}
+
+std::string ShortenedInMiddle(std::string_view utf8, int width)
+{
+    if (FittingLength(utf8, width) == utf8.size())
+        return std::string(utf8);
+    const int room = std::max(width - DotsWidth, 0);
+    const std::size_t first = FittingLength(utf8, room / 3);
+    const int last = room - DisplayWidth(utf8.substr(0, first));
+    std::size_t skipped = FittingLength(utf8, DisplayWidth(utf8) - last);
+    while (DisplayWidth(utf8.substr(skipped)) > last)
+        skipped += FirstCharacter(utf8.substr(skipped)).size;
+    return std::string(utf8.substr(0, first)).append(Dots).append(utf8.substr(skipped));
+}
+
+void TextTable::LeaveOutColumnsOf(std::string_view nothing)
+{
+    for (std::size_t column = m_columns.size(); column-- > 0;) {
+        const auto saysNothing = [&](const auto& row) { return row[column] == nothing; };
+        if (!std::all_of(m_rows.begin(), m_rows.end(), saysNothing))
+            continue;
+        const auto place = static_cast<std::ptrdiff_t>(column);
+        m_columns.erase(m_columns.begin() + place);
+        for (std::vector<std::string>& row : m_rows)
+            row.erase(row.begin() + place);
+    }
+}
+
+/// Returns how wide each column is: as wide as its texts, the widest of those that can be cut less
+/// so until all fit.
+std::vector<int> TextTable::Widths(int pageWidth) const
+{
+    constexpr int NarrowestCut = 6;
     std::vector<int> widths;
+    int sum = 0;
     for (std::size_t column = 0; column < m_columns.size(); ++column) {
         int width = DisplayWidth(m_columns[column].heading);
         for (const std::vector<std::string>& row : m_rows)
             width = std::max(width, DisplayWidth(row[column]));
+        if (m_columns[column].cut != Cut::Never)
+            width = std::min(width, std::max(pageWidth, NarrowestCut));
         widths.push_back(width);
+        sum += Gap + width;
     }
+    while (sum > pageWidth) {
+        int* widest = nullptr;
+        for (std::size_t column = 0; column < m_columns.size(); ++column)
+            if (m_columns[column].cut != Cut::Never && widths[column] > NarrowestCut &&
+                (widest == nullptr || widths[column] > *widest))
+                widest = &widths[column];
+        if (widest == nullptr)
+            break;
+        --*widest;
+        --sum;
+    }
+    return widths;
+}
+
+void TextTable::Write(TextOutput& output, int width) const
+{
+    const std::vector<int> widths = Widths(width);
     const auto writeLine = [&](auto cellOf) {
         std::string line;
-        for (std::size_t column = 0; column < m_columns.size(); ++column)
-            AppendCell(line, cellOf(column), widths[column], m_columns[column].align);
+        for (std::size_t column = 0; column < m_columns.size(); ++column) {
+            const bool inMiddle = m_columns[column].cut == Cut::InMiddle;
+            const std::string& cell = cellOf(column);
+            AppendCell(line,
+                       inMiddle ? ShortenedInMiddle(cell, widths[column])
+                                : Shortened(cell, widths[column]),
+                       widths[column], m_columns[column].align);
+        }
         output.Write(line.substr(0, line.find_last_not_of(' ') + 1));
         output.Write('\n');
     };

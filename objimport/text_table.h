@@ -3,6 +3,8 @@
 #include "objimport/text_output.h"
 
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 /// A table of text with aligned columns.
@@ -15,27 +17,48 @@ public:
         Right
     };
 
+    /// What becomes of the texts of a column for which the page is too narrow.
+    enum class Cut
+    {
+        Never,
+        AtEnd,
+        InMiddle ///< as suits paths, whose ends say most
+    };
+
     struct Column
     {
         std::string heading;
         Align align = Align::Left;
+        Cut cut = Cut::Never;
     };
 
     explicit TextTable(std::vector<Column> columns) : m_columns(std::move(columns)) {}
 
-    /// A row of as many cells as there are columns, in UTF-8.
+    /// Adds a row of as many cells as there are columns, in UTF-8.
     void AddRow(std::vector<std::string> cells) { m_rows.push_back(std::move(cells)); }
 
-    /// Writes heading and rows, each line behind two blanks.
-    void Write(TextOutput& output) const;
+    /// Takes out the columns that show nothing but `nothing` in every row.
+    void LeaveOutColumnsOf(std::string_view nothing);
+
+    /// Writes heading and rows, each line after two blanks, within a width as far as columns can be
+    /// cut.
+    void Write(TextOutput& output, int width) const;
 
 private:
+    [[nodiscard]] std::vector<int> Widths(int pageWidth) const;
+
     std::vector<Column> m_columns;
     std::vector<std::vector<std::string>> m_rows;
 };
 
-/// How many columns of a terminal a text takes.
+/// Returns how many columns of a terminal a text takes.
 int DisplayWidth(std::string_view utf8);
 
-/// The text, cut with "..." at its end when it takes more columns than `width`.
+/// Returns how many bytes of a text, whole characters, take no more columns than `width`.
+std::size_t FittingLength(std::string_view utf8, int width);
+
+/// Returns the text, cut with "..." at its end when it takes more columns than `width`.
 std::string Shortened(std::string_view utf8, int width);
+
+/// The same, cut in the middle.
+std::string ShortenedInMiddle(std::string_view utf8, int width);

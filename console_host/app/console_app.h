@@ -29,6 +29,11 @@ public:
     /// Sets where Print writes to, standard output at first; null: only to the journal.
     void SetPrintStream(std::FILE* stream) { m_printStream = stream; }
 
+    /// What messages that go to standard error are about, which stands in front of each; empty, as
+    /// at first: nothing.
+    void SetMessageSubject(std::string subject) { m_messageSubject = std::move(subject); }
+    [[nodiscard]] const std::string& MessageSubject() const { return m_messageSubject; }
+
     /// Sets the settings store; without one, settings live as long as the program.
     void SetProfile(std::unique_ptr<ProfileStore> profile) { m_profile = std::move(profile); }
     ProfileStore& Profile() { return *m_profile; }
@@ -54,6 +59,7 @@ private:
     ConsoleApp();
 
     std::FILE* m_printStream = stdout;
+    std::string m_messageSubject;
     std::unique_ptr<ProfileStore> m_profile;
     StringTable m_strings;
     std::wstring m_dialogHint;

@@ -20,7 +20,10 @@ void ShowMessage(const wchar_t* text, const wchar_t* caption, unsigned int flags
     if (inWindow) {
         ShowMessageWindow(text, caption, flags);
     } else {
-        WriteForPerson(stderr, box.caption + ": " + box.text + "\n");
+        const std::string& subject = ConsoleApp::Instance().MessageSubject();
+        std::fflush(stdout); // what was printed before stands before
+        WriteForPerson(stderr, (subject.empty() ? "" : subject + ": ") + box.caption + ": " +
+                                   box.text + "\n");
     }
     CurrentJournal().boxes.push_back(std::move(box));
 }

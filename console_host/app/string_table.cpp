@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -58,6 +59,12 @@ StringTable StringTable::Load(const std::filesystem::path& path)
                                        ": no id, tab and text; ignored\n");
     });
     return table;
+}
+
+void StringTable::Add(StringTable other)
+{
+    other.m_texts.merge(m_texts);
+    m_texts = std::move(other.m_texts);
 }
 
 void StringTable::Set(int id, std::wstring text)

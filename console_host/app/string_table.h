@@ -15,6 +15,9 @@ public:
     /// be read.
     static StringTable Load(const std::filesystem::path& path);
 
+    /// Adds the texts of another table, which take the place of those with the same ids.
+    void Add(StringTable other);
+
     /// Sets the text of an id.
     void Set(int id, std::wstring text);
 

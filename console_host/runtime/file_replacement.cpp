@@ -135,6 +135,30 @@ void FileReplacement::Commit()
     });
 }
 
+TemporaryFile::TemporaryFile(const std::filesystem::path& folder) : m_file(FreshName(folder / "-"))
+{
+    Try([&] {
+        try {
+            m_stream.reset(CreateFresh(m_file.Path(), m_file.Path()));
+        } catch (const std::system_error& failure) {
+            // A file of that name is another's.
+            if (failure.code() == std::errc::file_exists)
+                m_file.Finish();
+            throw;
+        }
+        using std::filesystem::perms;
+        std::error_code error;
+        std::filesystem::permissions(m_file.Path(), perms::owner_read | perms::owner_write, error);
+    });
+}
+
+void TemporaryFile::Close()
+{
+    errno = 0;
+    if (std::fclose(m_stream.release()) != 0)
+        throw std::runtime_error(std::generic_category().message(errno != 0 ? errno : EIO));
+}
+
 void WriteInPlaceOf(const std::filesystem::path& path, std::string_view contents,
                     FileReplacement::Links links)
 {

@@ -72,6 +72,27 @@ private:
     File m_stream;
 };
 
+/// A file for the program's own use, under a name that nobody can guess. It is removed with its
+/// owner, or when a signal ends the program.
+class TemporaryFile
+{
+public:
+    /// Creates the file in a folder, for this user alone. Throws std::runtime_error, saying why.
+    explicit TemporaryFile(const std::filesystem::path& folder);
+
+    [[nodiscard]] const std::filesystem::path& Path() const { return m_file.Path(); }
+
+    /// The stream to write to, until Close; it stays the object's.
+    [[nodiscard]] std::FILE* Stream() const { return m_stream.get(); }
+
+    /// Ends the writing. Throws std::runtime_error, saying why, when something was not written.
+    void Close();
+
+private:
+    UnfinishedFile m_file;
+    File m_stream;
+};
+
 /// Replaces a file whole. Throws std::runtime_error, saying why in a few words.
 void WriteInPlaceOf(const std::filesystem::path& path, std::string_view contents,
                     FileReplacement::Links links);

@@ -30,6 +30,10 @@ enum class FileKind
 
 [[nodiscard]] FileKind KindOfFile(const std::filesystem::path& path) noexcept;
 
+/// Returns whether a pipe stands at the path, links followed. Reading it may wait, but is bound to
+/// end with what is written to it.
+[[nodiscard]] bool IsPipe(const std::filesystem::path& path) noexcept;
+
 /// What distinguishes a file from every other one, whatever names it has.
 struct FileIdentity
 {

@@ -48,6 +48,15 @@ FileKind KindOfFile(const std::filesystem::path& path) noexcept
     return S_ISDIR(status.st_mode) ? FileKind::Folder : FileKind::Special;
 }
 
+bool IsPipe(const std::filesystem::path& path) noexcept
+{
+    struct stat status
+    {
+    };
+    return stat(path.c_str(), &status) == 0 &&
+           (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
+}
+
 std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) noexcept
 {
     Status status{};

@@ -49,6 +49,12 @@ FileKind KindOf(HANDLE handle) noexcept
 
 } // namespace
 
+bool IsPipe(const std::filesystem::path& path) noexcept
+{
+    const Handle handle = OpenForQuestions(path);
+    return handle != nullptr && GetFileType(handle.get()) == FILE_TYPE_PIPE;
+}
+
 FileKind KindOfFile(const std::filesystem::path& path) noexcept
 {
     if (const Handle handle = OpenForQuestions(path))

@@ -7,6 +7,14 @@
 /// Returns whether the stream is a terminal, with a person at its other end.
 bool IsTerminal(std::FILE* stream);
 
+/// Returns how many columns the terminal has that a stream goes to; 0 when it is none, or when it
+/// does not say.
+int TerminalWidth(std::FILE* stream);
+
+/// Prepares the terminal that a stream goes to for colours; returns whether it shows them. False
+/// when it is no terminal, and when the environment has NO_COLOR.
+bool ShowsColours(std::FILE* stream);
+
 /// Returns the next byte of a text in UTF-8, or EOF.
 using NextByte = std::function<int()>;
 

@@ -81,6 +81,25 @@ bool IsTerminal(std::FILE* stream)
     return ConsoleOf(stream) != nullptr;
 }
 
+int TerminalWidth(std::FILE* stream)
+{
+    HANDLE console = ConsoleOf(stream);
+    CONSOLE_SCREEN_BUFFER_INFO information{};
+    if (console == nullptr || GetConsoleScreenBufferInfo(console, &information) == 0)
+        return 0;
+    return information.srWindow.Right - information.srWindow.Left + 1;
+}
+
+bool ShowsColours(std::FILE* stream)
+{
+    HANDLE console = ConsoleOf(stream);
+    DWORD mode = 0;
+    const wchar_t* const noColour = _wgetenv(L"NO_COLOR");
+    return console != nullptr && (noColour == nullptr || *noColour == L'\0') &&
+           GetConsoleMode(console, &mode) != 0 &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
 NextByte ReadUtf8(std::FILE* stream)
 {
     if (HANDLE console = ConsoleOf(stream); console != nullptr)

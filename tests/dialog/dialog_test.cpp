@@ -200,6 +200,30 @@ TEST_F(OptionsDialog, CancelKeepsEverything)
     EXPECT_EQ(dialog->Wait(), 1) << "the import is cancelled with its dialog";
 }
 
+TEST_F(OptionsDialog, StartsFromTheSwitchesAndKeepsWhatIsAccepted)
+{
+    const std::vector<std::string> runs[] = {
+        {"--run", "OBJImportOptionsDialog"},
+        {"--dialog", PROJECT_FOLDER "/examples/house.obj", "--quiet"}};
+    for (std::vector<std::string> arguments : runs) {
+        Store("HowToAddGs=0\n");
+        arguments.insert(arguments.end(), {"--groups", "layers", "--z-up"});
+        auto dialog = Start(arguments);
+        dialog->WaitForWindow(OptionsWindow);
+        dialog->Press({Key::Escape});
+        EXPECT_EQ(dialog->Wait(), 1);
+        EXPECT_THAT(Stored(), HasSubstr("HowToAddGs=0\n")) << "nothing was accepted";
+
+        dialog = Start(arguments);
+        dialog->WaitForWindow(OptionsWindow);
+        dialog->Click(IDC_REVERSE_GROUP_ORDER);
+        dialog->Click(IDC_OK);
+        EXPECT_EQ(dialog->Wait(), 0);
+        for (const char* entry : {"HowToAddGs=2\n", "ZUp=true\n", "ReverseGroupOrder=true\n"})
+            EXPECT_THAT(Stored(), HasSubstr(entry));
+    }
+}
+
 TEST_F(OptionsDialog, NeedsNoMouse)
 {
     auto dialog = Open();

@@ -2,6 +2,8 @@
 #include "objimport/command_line.h"
 
 #include <gtest/gtest.h>
+#include <optional>
+#include <sstream>
 #include <utility>
 
 namespace {
@@ -32,6 +34,38 @@ TEST(CommandLine, TurnsSwitchesIntoSettings)
     }
 }
 
+TEST(CommandLine, TheLastOfRepeatedOptionsCounts)
+{
+    CommandLine commandLine;
+    ASSERT_FALSE(commandLine.Read(
+        {"--json",      "a", "--json",      "b",    "--groups", "none",      "--groups",  "LAYERS",
+         "--tolerance", "1", "--tolerance", "0.25", "--z-up",   "--no-z-up", "--strings", "s",
+         "--strings",   "t", "-q",          "-q",   "first",    "second"}));
+    EXPECT_EQ(commandLine.json, "b");
+    EXPECT_EQ(commandLine.switches.groups, "layers");
+    EXPECT_EQ(commandLine.tolerance, 0.25);
+    EXPECT_EQ(commandLine.strings, (std::vector<std::string>{"s", "t"}));
+    EXPECT_EQ(commandLine.files, (std::vector<std::string>{"first", "second"}));
+    for (const OptionSwitch& one : commandLine.switches.switches)
+        EXPECT_EQ(one.value, std::string(one.name) == "z-up" ? std::optional(false) : std::nullopt);
+}
+
+TEST(CommandLine, HelpIsInTheWordsOfTheProgram)
+{
+    testing::internal::CaptureStdout();
+    CommandLine commandLine;
+    EXPECT_EQ(commandLine.Read({"--help"}), 0);
+    const std::string help = testing::internal::GetCapturedStdout();
+    for (const char* inner : {"{false}", "Excludes", "TEXT", ":BOOLEAN", "Positionals", "OPTIONS"})
+        EXPECT_EQ(help.find(inner), std::string::npos) << inner;
+    for (const char* part : {"--[no-]reverse-groups", "-q,--quiet", "settings.ini",
+                             "Exit status:", "Examples:", "--each"})
+        EXPECT_NE(help.find(part), std::string::npos) << part;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_LE(line.size(), 80U) << line;
+}
+
 TEST(CommandLine, RefusesWrongUsageInOneLine)
 {
     const std::vector<std::string> wrong[] = {{},
@@ -46,7 +80,13 @@ TEST(CommandLine, RefusesWrongUsageInOneLine)
                                               {"--json"},
                                               {"--about", "a"},
                                               {"--run", "command", "a"},
-                                              {"--about", "--run", "command"}};
+                                              {"--about", "--run", "command"},
+                                              {"--run", "command", "--json", "a", "--zoom"},
+                                              {"--run", "command", "--prompt"},
+                                              {"-", "-"},
+                                              {"--prompt", "-"},
+                                              {""},
+                                              {"--json", "", "a"}};
     for (const auto& arguments : wrong) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         testing::internal::CaptureStderr();
@@ -55,6 +95,9 @@ TEST(CommandLine, RefusesWrongUsageInOneLine)
         const std::string line = testing::internal::GetCapturedStderr();
         EXPECT_EQ(line.find('\n'), line.size() - 1) << line;
         EXPECT_EQ(line.rfind("objimport: ", 0), 0U) << line;
+        EXPECT_NE(line.find("(try objimport --help)"), std::string::npos) << line;
+        for (const char* inner : {"TEXT", "{", "FLOAT", "required", "argument"})
+            EXPECT_EQ(line.find(inner), std::string::npos) << line;
     }
 }
 

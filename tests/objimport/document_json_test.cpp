@@ -20,9 +20,28 @@ TEST(DocumentJson, HoldsTheWholeDocument)
     const ImportRecord imports[] = {SampleImport()};
     const Json json =
         Json::parse(Written([&](TextOutput& output) { WriteDocumentJson(output, imports, doc); }));
-    const Json expected =
-        Json::parse(ReadBytes(PROJECT_FOLDER "/tests/objimport/sample_document.json"));
+    Json expected = Json::parse(ReadBytes(PROJECT_FOLDER "/tests/objimport/sample_document.json"));
+#ifdef _WIN32
+    expected["materials"][0]["textures"][0]["path"] = "C:\\models\\wood.png";
+#endif
     EXPECT_EQ(json.dump(1), expected.dump(1));
+}
+
+TEST(DocumentJson, TellsFromWhichImportAnObjectCame)
+{
+    ConsoleDoc doc(0.001);
+    ImportRecord imports[4];
+    for (int i = 0; i < 4; ++i) { // of which the second brings nothing
+        imports[i].firstObject = doc.ObjectCount();
+        for (int object = 0; object < (i == 1 ? 0 : 2); ++object)
+            doc.AddPointObject({}, {}, nullptr, false);
+    }
+    const Json json =
+        Json::parse(Written([&](TextOutput& output) { WriteDocumentJson(output, imports, doc); }));
+    std::vector<int> from;
+    for (const Json& object : json["objects"])
+        from.push_back(object["import"].get<int>());
+    EXPECT_EQ(from, (std::vector<int>{0, 0, 2, 2, 3, 3}));
 }
 
 TEST(JsonText, ReadsBackTheSameAndSteersNoTerminal)

@@ -9,6 +9,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 using testing::HasSubstr;
@@ -92,7 +96,7 @@ TEST_F(Program, ShowsWhatTheModuleSaysOfItself)
     EXPECT_THAT(Run({"--strings", strings, "--about"}).output, HasSubstr("Geskriptet\n"));
     EXPECT_FALSE(std::filesystem::exists(Settings()));
     EXPECT_THAT(Run({"--version"}).output, StartsWith("objimport "));
-    EXPECT_THAT(Run({"--help"}).output, HasSubstr("--reverse-groups"));
+    EXPECT_THAT(Run({"--help"}).output, HasSubstr("reverse-groups"));
 }
 
 TEST_F(Program, ImportsInOrderAndTellsHowItWent)
@@ -138,7 +142,9 @@ TEST_F(Program, RunsACommandInsteadOfImporting)
     EXPECT_EQ(Run({"--run", "SAY"}).output, "groups 1\n");
     EXPECT_EQ(Run({"--run", "say"}).status, 0);
     EXPECT_EQ(Run({"--groups", "names", "--run", "say"}).output, "groups 3\n");
-    EXPECT_EQ(Run({"--run", "giveup"}).status, 1);
+    const ProcessResult cancelled = Run({"--run", "giveup"});
+    EXPECT_EQ(cancelled.status, 1);
+    EXPECT_THAT(cancelled.output, HasSubstr("giveup: cancelled\n"));
     ExpectOneLine(Run({"--run", "sa"}), "no command sa; the plug-in has say, giveUp");
 }
 
@@ -149,6 +155,61 @@ TEST_F(Program, RunsTheTestCommandOfTheImporter)
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, "TestCrashImportOBJ ran.\n");
     EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(Program, ImportsEachFileIntoADocumentOfItsOwn)
+{
+    std::filesystem::create_directory(folder / "b");
+    const std::string first = Script("a.txt", "point point");
+    const std::string second = Script("b/c.txt", "box point fail");
+    const std::string pattern = Utf8(folder / "{name}.json");
+    const ProcessResult result = Run({"--each", "--json", pattern, first, "absent.txt", second});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(JsonCount(folder.Read("a.json"), "/objects"), 2U);
+    EXPECT_EQ(JsonCount(folder.Read("c.json"), "/objects"), 1U);
+    EXPECT_EQ(JsonAt(folder.Read("c.json"), "/imports/0/file"), second);
+    EXPECT_THAT(result.errors, HasSubstr("objimport: cannot read absent.txt: no such file\n"));
+    EXPECT_THAT(result.errors, HasSubstr(second + ": caption: boxed\n"));
+    EXPECT_THAT(result.output, HasSubstr("Importing " + first + "\n" + first + ": imported"));
+    EXPECT_THAT(result.output, testing::ContainsRegex("3 files\n +file +outcome +objects +lost\n"));
+    EXPECT_THAT(result.output, HasSubstr("not imported: no such file"));
+
+    EXPECT_EQ(Run({"--each", first}).status, 0);
+    EXPECT_EQ(Run({"--each", first, second}).status, 1);
+    ExpectOneLine(Run({"--each", "--json", Utf8(folder / "x.json"), first, second}),
+                  "the JSON of " + second + " would replace the JSON of " + first);
+    ExpectOneLine(Run({"--json", pattern, first}), "under --each only");
+    EXPECT_FALSE(std::filesystem::exists(folder / "x.json"));
+}
+
+TEST_F(Program, FindsFilesByAPattern)
+{
+    const std::string first = Script("a1.txt", "point");
+    const std::string second = Script("a2.txt", "point point");
+    folder.Write("b.txt", "fail");
+    const std::string pattern = Utf8(folder.Path()) + "/a?.t*";
+    const ProcessResult result = Run({"--json", "-", pattern});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(JsonAt(result.output, "/imports/0/file"), Utf8(folder.Path()) + "/a1.txt");
+    EXPECT_EQ(JsonAt(result.output, "/objects/2/import"), "1");
+    ExpectOneLine(Run({"x*.obj"}), "cannot read x*.obj: no file has such a name");
+}
+
+TEST_F(Program, TakesStandardInput)
+{
+    const std::string file = Script("a.txt", "point");
+#ifdef _WIN32
+    const std::string before = "type \"" + file + "\" | ";
+#else
+    const std::string before = "cat '" + file + "' | ";
+#endif
+    const ProcessResult result = Run({"--json", "-", "-"}, "", before);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(JsonAt(result.output, "/imports/0/file"), "-");
+    EXPECT_EQ(JsonCount(result.output, "/objects"), 1U);
+    for (const auto& entry : std::filesystem::directory_iterator("."))
+        EXPECT_EQ(Utf8(entry.path().filename()).rfind(".kelvo-", 0), std::string::npos)
+            << "left over";
 }
 
 TEST_F(Program, NotesFaultsOfThePlugIn)
@@ -181,6 +242,15 @@ TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
     folder.Write("a\xFE", "point");
     for (const char* name : {"a\\b", "a\xFF"})
         ExpectOneLine(Run({Script(name, "point")}), "cannot be given to the plug-in");
+}
+
+TEST_F(Program, TakesPipes)
+{
+    const std::string pipe = Utf8(folder / "pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string before = "echo point point >'" + pipe + "' & ";
+    EXPECT_THAT(Run({pipe}, "", before).output, HasSubstr("2 objects: 2 points\n"));
+    ExpectOneLine(Run({"/dev/zero"}), "not a plain file");
 }
 
 TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)

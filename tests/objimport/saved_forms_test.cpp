@@ -114,7 +114,7 @@ TEST_F(SavedFiles, NeverReplaceWhatIsReadOrWrittenOtherwise)
     fs::create_hard_link(folder / "house.obj", folder / "same.glb");
     fs::create_hard_link(folder / "house.mtl", folder / "library.glb");
     ExpectRefused({"--save", At("same.glb")}, "would replace the input");
-    ExpectRefused({"--save", At("a.glb"), "--json", At("a.glb")}, "the JSON would replace");
+    ExpectRefused({"--save", At("a.glb"), "--json", At("a.glb")}, "would replace the JSON");
     ExpectRefused({"--save", At("a.glb"), "--save", At("maps/../a.glb")},
                   "would replace the saved");
     ExpectRefused({"--save", At("a.txt")}, "has to end in .glb, .step, .stp or .png");

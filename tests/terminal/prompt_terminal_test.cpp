@@ -87,6 +87,23 @@ TEST_F(PromptOnATerminal, ACancelChangesNothing)
     }
 }
 
+TEST_F(PromptOnATerminal, StartsFromTheSwitchesAndKeepsWhatIsAccepted)
+{
+    const std::vector<std::string> switches = {"--groups", "layers", "--z-up"};
+    for (const char* end : {"cancel\n", "\n"}) {
+        PseudoTerminal terminal(Command(switches));
+        const std::string question = terminal.ShownUpTo(EndOfQuestion);
+        EXPECT_THAT(question, HasSubstr("ImportOBJGroups         = AsLayers"));
+        EXPECT_THAT(question, HasSubstr("MapOBJYToKelvoZ         = Yes"));
+        EXPECT_FALSE(std::filesystem::exists(m_folder / "settings.ini")) << "kept by a cancel";
+        terminal.Type(end);
+        terminal.ShownUpTo("");
+        terminal.ExitStatus();
+    }
+    EXPECT_THAT(m_folder.Read("settings.ini"), HasSubstr("HowToAddGs=2\n"));
+    EXPECT_THAT(m_folder.Read("settings.ini"), HasSubstr("ZUp=true\n"));
+}
+
 TEST_F(PromptOnATerminal, AsksOnStandardErrorAndReadsAnyStandardInput)
 {
     std::ostringstream command;

@@ -1,0 +1,105 @@
+#include "objimport/file_checks.h"
+
+#include "console_host/runtime/files.h"
+#include "console_host/runtime/native_path.h"
+#include "objimport/json_file.h"
+#include "objimport/output_name.h"
+#include "objimport/program_error.h"
+#include "objimport/settings_file.h"
+
+#include <compare>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace {
+
+/// What tells the places of files apart, whether there are files yet or not: a file's identity, or
+/// its folder's with its name.
+struct FilePlace
+{
+    std::optional<FileIdentity> identity;
+    std::filesystem::path name;
+    auto operator<=>(const FilePlace&) const = default;
+};
+
+FilePlace PlaceOf(const std::filesystem::path& path)
+{
+    if (const std::optional<FileIdentity> identity = IdentityOf(path))
+        return {identity, {}};
+    const std::filesystem::path target = FollowLinks(path);
+    const std::optional<FileIdentity> folder = IdentityOf(FolderOf(target));
+    return {folder, folder ? target.filename() : target};
+}
+
+/// What the files of a run are used for, each by the one that came first.
+class FileUses
+{
+public:
+    /// Adds a file that is read. No name: no file.
+    void AddRead(const std::string& file, const std::string& use) { Add(file, use); }
+
+    /// Adds a file that is written; throws when something else uses it.
+    void AddWritten(const std::string& file, const std::string& use)
+    {
+        if (const std::string other = Add(file, use); !other.empty())
+            throw ProgramError(use + " would replace " + other);
+    }
+
+private:
+    std::string Add(const std::string& file, const std::string& use)
+    {
+        if (file.empty())
+            return {};
+        const auto [place, isNew] = m_uses.emplace(PlaceOf(PathFromUtf8(file)), use);
+        return isNew ? std::string() : place->second;
+    }
+
+    std::map<FilePlace, std::string> m_uses;
+};
+
+void CheckPlaceholders(const std::string& option, const std::string& path, bool each)
+{
+    if (!each && HasPlaceholders(path))
+        throw ProgramError(option + ' ' + path +
+                           ": {name} and {folder} stand for something under --each only");
+}
+
+/// Adds what is written of an input, or of all together.
+void AddOutputs(FileUses& uses, const CommandLine& commandLine, const InputFile& input)
+{
+    const std::string of = commandLine.each ? " of " + input.name : "";
+    if (!commandLine.json.empty() && commandLine.json != "-") {
+        const std::string file = OutputName(commandLine.json, input.name);
+        uses.AddWritten(file, "the JSON" + of);
+        CheckJsonFile(file);
+    }
+    for (const std::string& path : commandLine.saves) {
+        const std::string file = OutputName(path, input.name);
+        uses.AddWritten(file, "the saved file " + file + of);
+    }
+}
+
+} // namespace
+
+void CheckOutputs(const CommandLine& commandLine, const std::vector<InputFile>& inputs)
+{
+    CheckPlaceholders("--json", commandLine.json, commandLine.each);
+    for (const std::string& path : commandLine.saves)
+        CheckPlaceholders("--save", path, commandLine.each);
+    FileUses uses;
+    uses.AddRead(commandLine.module, "the module");
+    for (const std::string& file : commandLine.strings)
+        uses.AddRead(file, "the string table");
+    for (const InputFile& input : inputs)
+        if (input.name != "-")
+            uses.AddRead(input.name, "the input " + input.name);
+    uses.AddWritten(commandLine.settings.empty() ? Utf8Path(UserSettings()) : commandLine.settings,
+                    "the settings");
+    for (const InputFile& input : inputs) {
+        AddOutputs(uses, commandLine, input);
+        if (!commandLine.each)
+            break;
+    }
+}

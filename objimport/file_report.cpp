@@ -1,0 +1,102 @@
+#include "objimport/file_report.h"
+
+#include "console_host/app/printable.h"
+#include "objimport/often_texts.h"
+#include "objimport/program_texts.h"
+
+#include <iterator>
+#include <set>
+#include <string_view>
+
+namespace {
+
+std::string KindText(std::string_view type)
+{
+    constexpr std::pair<std::string_view, ProgramText> Kinds[] = {
+        {"mesh", Texts::Mesh},         {"curve", Texts::Curve}, {"point", Texts::Point},
+        {"point_cloud", Texts::Cloud}, {"brep", Texts::Brep},   {"loop", Texts::Loop},
+        {"image", Texts::Image},       {"host", Texts::Host},   {"pushup", Texts::Pushup}};
+    for (const auto& [word, text] : Kinds)
+        if (word == type)
+            return Say(text);
+    return OneLine(type);
+}
+
+void WriteRefused(const Page& page, const ImportJournal& journal)
+{
+    if (journal.refused.empty())
+        return;
+    page.Warning("  " + Say(Texts::Refused, {Number(journal.refused.size())}));
+    OftenTexts texts(page.Shown(journal.refused.size()));
+    for (const ImportJournal::Refusal& refusal : journal.refused)
+        texts.Add(KindText(refusal.type) + ": " + OneLine(refusal.reason), refusal.number,
+                  refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark);
+    texts.Write(page);
+}
+
+void WriteInconsistencies(const Page& page, const ImportJournal& journal)
+{
+    if (journal.kernelErrors.empty())
+        return;
+    std::size_t count = 0;
+    OftenTexts texts(page.Shown(journal.kernelErrors.size()));
+    for (const ImportJournal::KernelError& error : journal.kernelErrors)
+        for (int i = 0; i < error.times; ++i, ++count)
+            texts.Add(KindText(error.source) + ": " + OneLine(error.text));
+    page.Warning("  " + Say(Texts::Inconsistencies, {Number(count)}));
+    texts.Write(page);
+}
+
+void WriteNotRead(const Page& page, const UnreadLines& unread)
+{
+    if (unread.keywords.empty())
+        return;
+    std::string list;
+    for (const auto& [keyword, count] : unread.keywords)
+        list.append(list.empty() ? "" : ", ")
+            .append(Say(Texts::LinesOf, {Counted(count, Texts::Lines),
+                                         keyword.empty() ? "..." : PrintableLine(keyword)}));
+    page.Warning("  " + Say(Texts::NotRead, {list}));
+}
+
+void WriteUndefined(const Page& page, const std::vector<std::string>& names)
+{
+    if (!names.empty())
+        page.Warning("  " + Say(Texts::UndefinedMaterials,
+                                {Counted(names.size(), Texts::Materials), page.Listed(names)}));
+}
+
+} // namespace
+
+std::string OutcomeText(const ImportRecord& import)
+{
+    if (import.journal.outOfMemory)
+        return Say(import.result ? Texts::ImportedInPart : Texts::OutOfMemory);
+    if (import.result)
+        return Say(Texts::Imported);
+    return Say(import.journal.cancelled ? Texts::Cancelled : Texts::Failed);
+}
+
+std::vector<std::string> UndefinedMaterials(const ImportRecord& import, const ConsoleDoc& doc)
+{
+    std::set<std::string> wanted;
+    for (const std::string& name : import.unread.materials)
+        wanted.insert(GK_wString(std::string_view(name)).Utf8());
+    for (int i = 0; i < doc.Materials().Count() && !wanted.empty(); ++i)
+        wanted.erase(doc.Materials()[i].Name().Utf8());
+    return {wanted.begin(), wanted.end()};
+}
+
+void WriteFileReport(const Page& page, const ImportRecord& import, const ConsoleDoc& doc)
+{
+    const std::string line = PrintableLine(import.file) + ": " + OutcomeText(import) + ", " +
+                             Counted(static_cast<std::size_t>(import.objectCount), Texts::Objects);
+    if (import.result && !import.journal.outOfMemory)
+        page.Line(line);
+    else
+        page.Warning(line);
+    WriteRefused(page, import.journal);
+    WriteInconsistencies(page, import.journal);
+    WriteNotRead(page, import.unread);
+    WriteUndefined(page, UndefinedMaterials(import, doc));
+}

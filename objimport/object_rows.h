@@ -1,0 +1,24 @@
+#pragma once
+
+#include "console_host/app/document.h"
+#include "objimport/text_table.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// What a cell shows when there is nothing to show.
+inline constexpr const char* NoCell = "-";
+
+/// Returns the columns of the table for a kind of geometry, by its place in AnyGeometry.
+std::vector<TextTable::Column> ObjectColumns(std::size_t kind);
+
+/// Returns an object's cells in these columns.
+std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index);
+
+/// Returns a coordinate with all the digits that it has: as few as read back as the same number,
+/// which is one of single precision where it can be.
+std::string Coordinate(double value);
+
+/// Returns a number with six digits.
+std::string RoundedNumber(double value);
