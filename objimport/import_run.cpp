@@ -5,6 +5,7 @@
 #include "console_host/app/document.h"
 #include "console_host/app/printable.h"
 #include "console_host/framework/native_windows.h"
+#include "console_host/framework/work_note.h"
 #include "objimport/each_table.h"
 #include "objimport/file_report.h"
 #include "objimport/host_run.h"
@@ -17,6 +18,8 @@
 #include "objimport/settings_file.h"
 #include "objimport/summary.h"
 #include "objimport/text_output.h"
+
+#include "host/framework/wait_cursor.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -123,8 +126,12 @@ void ImportRun::WriteDocument(const std::string& input, const ImportSession& ses
     const auto pathOf = [&](const std::string& path) {
         return m_commandLine.each ? OutputName(path, input) : path;
     };
-    if (!m_commandLine.json.empty())
-        WriteJsonFile(pathOf(m_commandLine.json), session.Imports(), doc);
+    if (!m_commandLine.json.empty()) {
+        const std::string path = pathOf(m_commandLine.json);
+        const WorkStage stage({Say(Texts::Writing, {PrintableLine(path)})});
+        const CWaitCursor cursor;
+        WriteJsonFile(path, session.Imports(), doc);
+    }
     if (m_commandLine.saves.empty())
         return;
     std::vector<std::string> paths;

@@ -6,11 +6,16 @@
 #include "console_host/runtime/allocation_failures.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
+#include "console_host/runtime/terminal.h"
+#include "objimport/program_texts.h"
+#include "objimport/text_table.h"
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <string>
+#include <system_error>
 
 namespace {
 
@@ -21,6 +26,21 @@ try {
     return stream != nullptr ? FindUnreadLines(stream.release()) : UnreadLines();
 } catch (const std::bad_alloc&) {
     return {};
+}
+
+/// What the note says while a file is imported.
+WorkNote::Subject NoteOf(const InputFile& file)
+{
+    if (!IsTerminal(stderr))
+        return {};
+    constexpr int RoomForText = 40;
+    constexpr int ShortestName = 10;
+    const int width = TerminalWidth(stderr);
+    const std::string name =
+        ShortenedInMiddle(PrintableLine(file.name), std::max(width - RoomForText, ShortestName));
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file.path, error);
+    return {Say(Texts::Building, {name}), Say(Texts::Reading, {name, "%s"}), error ? 0 : size};
 }
 
 } // namespace
@@ -45,7 +65,10 @@ const ImportRecord& ImportSession::Import(const InputFile& file)
     ImportRecord& import = m_imports.emplace_back(ImportRecord{.file = file.name});
     import.firstObject = m_doc.ObjectCount();
     const long failuresBefore = AllocationFailures();
-    import.result = ReadFile(file);
+    {
+        const WorkStage stage(NoteOf(file));
+        import.result = ReadFile(file);
+    }
     WorkNote& note = WorkNote::Instance();
     if (note.Depth() > 0)
         NoteGuestFault("ReadFile", "it did not end its wait cursor");

@@ -9,7 +9,7 @@
 std::vector<std::string> ProgramArguments(int count, char** arguments);
 
 /// Has whatever ends the program from outside (a signal, the closing of the console) remove the
-/// files that are not finished.
+/// files that are not finished, and take the note of the work off the terminal.
 void RemoveUnfinishedFilesAtTheEnd();
 
 /// Returns standard input, which passes on every byte as it is from now on.

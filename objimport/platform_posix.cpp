@@ -1,3 +1,4 @@
+#include "console_host/framework/work_note.h"
 #include "console_host/runtime/file_replacement.h"
 #include "objimport/platform.h"
 #include "objimport/program_error.h"
@@ -10,6 +11,7 @@ namespace {
 /// Returning leaves the signal to end the program, as it would have done.
 void CleanUp(int signal)
 {
+    WorkNote::EraseAtTheEnd();
     RemoveUnfinishedFiles();
     std::raise(signal);
 }

@@ -1,3 +1,4 @@
+#include "console_host/framework/work_note.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/platform.h"
@@ -16,6 +17,7 @@ namespace {
 /// False leaves the event to end the program, as it would have done.
 BOOL WINAPI CleanUp(DWORD)
 {
+    WorkNote::EraseAtTheEnd();
     RemoveUnfinishedFiles();
     return FALSE;
 }

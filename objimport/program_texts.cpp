@@ -6,16 +6,18 @@
 
 std::string Say(const ProgramText& text, std::initializer_list<std::string> arguments)
 {
-    constexpr std::string_view Placeholder = "%s";
     StringTable& table = ConsoleApp::Instance().Strings();
-    std::string said = GK_wString(table.Localize(text.english, text.id)).Utf8();
-    std::size_t place = 0;
-    for (const std::string& argument : arguments) {
-        place = said.find(Placeholder, place);
-        if (place == std::string::npos)
-            break;
-        said.replace(place, Placeholder.size(), argument);
-        place += argument.size();
+    const std::string pattern = GK_wString(table.Localize(text.english, text.id)).Utf8();
+    std::string said;
+    const auto* argument = arguments.begin();
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        const char next = pattern[i] == '%' && i + 1 < pattern.size() ? pattern[i + 1] : '\0';
+        if (next == 's' && argument != arguments.end())
+            said += *argument++;
+        else
+            said += pattern[i];
+        if (next == 's' || next == '%')
+            ++i;
     }
     return said;
 }

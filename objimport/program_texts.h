@@ -52,6 +52,9 @@ inline constexpr ProgramText NotRead{L"not read: %s; --check names them", 60017}
 inline constexpr ProgramText LinesOf{L"%s (%s)", 60018};
 inline constexpr ProgramText UndefinedMaterials{L"%s wanted, but defined by no library: %s", 60019};
 inline constexpr ProgramText MissingTextures{L"missing textures: %s", 60020};
+inline constexpr ProgramText Reading{L"%s: %s %% read", 60021};
+inline constexpr ProgramText Building{L"%s: making objects", 60022};
+inline constexpr ProgramText Writing{L"writing %s", 60023};
 
 inline constexpr CountedText Objects{{L"%s object", 60030}, {L"%s objects", 60031}};
 inline constexpr CountedText Meshes{{L"%s mesh", 60032}, {L"%s meshes", 60033}};

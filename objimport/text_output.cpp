@@ -1,5 +1,6 @@
 #include "objimport/text_output.h"
 
+#include "console_host/framework/work_note.h"
 #include "console_host/runtime/terminal.h"
 
 #include <algorithm>
@@ -25,6 +26,7 @@ TextOutput::~TextOutput()
 
 void TextOutput::Flush()
 {
+    WorkNote::Instance().Hide();
     errno = 0;
     if (m_error == 0 && m_used > 0 && !WriteUtf8(m_stream, {m_buffer.data(), m_used}))
         m_error = errno != 0 ? errno : EIO;

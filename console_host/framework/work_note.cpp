@@ -1,12 +1,32 @@
 #include "console_host/framework/work_note.h"
 
+#include "console_host/runtime/bytes_read.h"
 #include "console_host/runtime/terminal.h"
 
 #include "host/framework/wait_cursor.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <exception>
+#include <new>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+/// The terminal shows "^C" after the note where the user types it.
+constexpr int KeysShown = 2;
+
+/// How many columns of the terminal the note takes at most, in a form that a signal handler may
+/// use.
+std::atomic<int>& ColumnsShown() noexcept
+{
+    static constinit std::atomic<int> columns = 0;
+    return columns;
+}
+
+} // namespace
 
 WorkNote& WorkNote::Instance()
 {
@@ -25,6 +45,7 @@ void WorkNote::Begin()
     if (++m_depth > 1 || !IsTerminal(stderr))
         return;
     m_ending = false;
+    m_bytesBefore = BytesReadSoFar();
     try {
         m_thread = std::thread([this] { Run(); });
     } catch (const std::exception&) {
@@ -48,35 +69,67 @@ bool WorkNote::End()
     return true;
 }
 
+void WorkNote::SetSubject(Subject subject)
+{
+    const std::lock_guard lock(m_mutex);
+    m_subject = std::move(subject);
+}
+
 void WorkNote::Hide()
 {
     if (!m_thread.joinable())
         return;
     const std::lock_guard lock(m_mutex);
-    Erase();
+    EraseAtTheEnd();
+    m_shown.clear();
 }
 
 void WorkNote::Run()
 {
-    constexpr std::chrono::seconds Patience(1);
+    constexpr std::chrono::milliseconds Patience(1000);
+    constexpr std::chrono::milliseconds Pause(200);
     std::unique_lock lock(m_mutex);
-    while (!m_wake.wait_for(lock, Patience, [this] { return m_ending; })) {
-        if (m_shown)
-            continue;
-        std::fputs("working ...", stderr);
-        std::fflush(stderr);
-        m_shown = true;
-    }
-    Erase();
+    while (!m_wake.wait_for(lock, m_shown.empty() ? Patience : Pause, [this] { return m_ending; }))
+        Show();
+    EraseAtTheEnd();
+    m_shown.clear();
 }
 
-void WorkNote::Erase()
-{
-    if (!m_shown)
+/// Shows the note, in the place of the one that is shown.
+void WorkNote::Show()
+try {
+    std::string text = Text();
+    if (text == m_shown)
         return;
-    std::fputs("\r           \r", stderr);
-    std::fflush(stderr);
-    m_shown = false;
+    EraseAtTheEnd();
+    ColumnsShown() = static_cast<int>(text.size());
+    WriteErrorsAtOnce(text);
+    m_shown = std::move(text);
+} catch (const std::bad_alloc&) {
+    return; // the note stays as it is
+}
+
+std::string WorkNote::Text() const
+{
+    constexpr std::uint64_t Whole = 100;
+    const std::uint64_t read = BytesReadSoFar() - m_bytesBefore;
+    const std::size_t place = m_subject.reading.rfind("%s");
+    if (place == std::string::npos || read >= m_subject.bytes)
+        return m_subject.text;
+    std::string text = m_subject.reading;
+    return text.replace(place, 2, std::to_string(read * Whole / m_subject.bytes));
+}
+
+void WorkNote::EraseAtTheEnd() noexcept
+{
+    constexpr std::string_view Blanks = "                                        ";
+    int left = ColumnsShown().exchange(0);
+    if (left == 0)
+        return;
+    WriteErrorsAtOnce("\r");
+    for (left += KeysShown; left > 0; left -= static_cast<int>(Blanks.size()))
+        WriteErrorsAtOnce(Blanks.substr(0, static_cast<std::size_t>(left)));
+    WriteErrorsAtOnce("\r");
 }
 
 CWaitCursor::CWaitCursor()

@@ -15,6 +15,9 @@ int TerminalWidth(std::FILE* stream);
 /// when it is no terminal, and when the environment has NO_COLOR.
 bool ShowsColours(std::FILE* stream);
 
+/// Writes to standard error past all buffers. May be called from a signal handler.
+void WriteErrorsAtOnce(std::string_view utf8) noexcept;
+
 /// Returns the next byte of a text in UTF-8, or EOF.
 using NextByte = std::function<int()>;
 

@@ -26,6 +26,11 @@ bool ShowsColours(std::FILE* stream)
     return IsTerminal(stream) && valueOf("NO_COLOR").empty() && !kind.empty() && kind != "dumb";
 }
 
+void WriteErrorsAtOnce(std::string_view utf8) noexcept
+{
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, utf8.data(), utf8.size());
+}
+
 NextByte ReadUtf8(std::FILE* stream)
 {
     return [stream] { return std::fgetc(stream); };

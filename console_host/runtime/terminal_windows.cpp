@@ -100,6 +100,11 @@ bool ShowsColours(std::FILE* stream)
            SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
+void WriteErrorsAtOnce(std::string_view utf8) noexcept
+{
+    _write(_fileno(stderr), utf8.data(), static_cast<unsigned int>(utf8.size()));
+}
+
 NextByte ReadUtf8(std::FILE* stream)
 {
     if (HANDLE console = ConsoleOf(stream); console != nullptr)

@@ -6,13 +6,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-PseudoTerminal::PseudoTerminal(std::vector<std::string> command)
+PseudoTerminal::PseudoTerminal(std::vector<std::string> command, unsigned short columns)
 {
     std::vector<char*> arguments;
     for (std::string& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
-    m_process = forkpty(&m_terminal, nullptr, nullptr, nullptr);
+    const winsize size{24, columns, 0, 0};
+    m_process = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_process == 0) {
         execv(arguments.front(), arguments.data());
         _exit(127);

@@ -7,8 +7,8 @@
 class PseudoTerminal
 {
 public:
-    /// Starts a program with its arguments.
-    explicit PseudoTerminal(std::vector<std::string> command);
+    /// Starts a program with its arguments, in a terminal with so many columns.
+    explicit PseudoTerminal(std::vector<std::string> command, unsigned short columns = 80);
     PseudoTerminal(const PseudoTerminal&) = delete;
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
     ~PseudoTerminal();

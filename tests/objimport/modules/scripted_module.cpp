@@ -11,11 +11,13 @@
 #include "host/framework/win_app.h"
 #include "host/runtime/file.h"
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -73,6 +75,17 @@ public:
     }
 
 private:
+    /// Is at work until the file is removed.
+    static void AwaitRemoval(const wchar_t* fileName)
+    {
+        const CWaitCursor cursor;
+        for (std::FILE* file = _wfopen(fileName, L"rb"); file != nullptr;
+             file = _wfopen(fileName, L"rb")) {
+            std::fclose(file);
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+    }
+
     void Do(const std::string& word, const wchar_t* fileName, CKelvoDoc& doc,
             const CKelvoFileReadOptions& options)
     {
@@ -90,6 +103,8 @@ private:
             m_result = false;
         else if (word == "wait")
             m_cursor = std::make_unique<CWaitCursor>();
+        else if (word == "await")
+            AwaitRemoval(fileName);
         else if (word == "throw")
             throw std::runtime_error("thrown");
     }
