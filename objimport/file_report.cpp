@@ -1,6 +1,7 @@
 #include "objimport/file_report.h"
 
 #include "console_host/app/printable.h"
+#include "objimport/host_reasons.h"
 #include "objimport/often_texts.h"
 #include "objimport/program_texts.h"
 
@@ -29,7 +30,8 @@ void WriteRefused(const Page& page, const ImportJournal& journal)
     page.Warning("  " + Say(Texts::Refused, {Number(journal.refused.size())}));
     OftenTexts texts(page.Shown(journal.refused.size()));
     for (const ImportJournal::Refusal& refusal : journal.refused)
-        texts.Add(KindText(refusal.type) + ": " + OneLine(refusal.reason), refusal.number,
+        texts.Add(KindText(refusal.type) + ": " + OneLine(LocalReason(refusal.reason)),
+                  refusal.number,
                   refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark);
     texts.Write(page);
 }
@@ -42,7 +44,7 @@ void WriteInconsistencies(const Page& page, const ImportJournal& journal)
     OftenTexts texts(page.Shown(journal.kernelErrors.size()));
     for (const ImportJournal::KernelError& error : journal.kernelErrors)
         for (int i = 0; i < error.times; ++i, ++count)
-            texts.Add(KindText(error.source) + ": " + OneLine(error.text));
+            texts.Add(KindText(error.source) + ": " + LocalReason(OneLine(error.text)));
     page.Warning("  " + Say(Texts::Inconsistencies, {Number(count)}));
     texts.Write(page);
 }

@@ -7,6 +7,7 @@
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "console_host/runtime/terminal.h"
+#include "objimport/page.h"
 #include "objimport/program_texts.h"
 #include "objimport/text_table.h"
 
@@ -35,9 +36,10 @@ WorkNote::Subject NoteOf(const InputFile& file)
         return {};
     constexpr int RoomForText = 40;
     constexpr int ShortestName = 10;
-    const int width = TerminalWidth(stderr);
+    const int terminal = TerminalWidth(stderr);
+    const int room = (terminal > 0 ? terminal : Page::UsualWidth) - RoomForText;
     const std::string name =
-        ShortenedInMiddle(PrintableLine(file.name), std::max(width - RoomForText, ShortestName));
+        ShortenedInMiddle(PrintableLine(file.name), std::max(room, ShortestName));
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file.path, error);
     return {Say(Texts::Building, {name}), Say(Texts::Reading, {name, "%s"}), error ? 0 : size};

@@ -4,12 +4,12 @@
 
 #include "host/geokit/string.h"
 
-std::string Say(const ProgramText& text, std::initializer_list<std::string> arguments)
+std::string Say(const ProgramText& text, std::span<const std::string> arguments)
 {
     StringTable& table = ConsoleApp::Instance().Strings();
     const std::string pattern = GK_wString(table.Localize(text.english, text.id)).Utf8();
     std::string said;
-    const auto* argument = arguments.begin();
+    auto argument = arguments.begin();
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         const char next = pattern[i] == '%' && i + 1 < pattern.size() ? pattern[i + 1] : '\0';
         if (next == 's' && argument != arguments.end())
@@ -20,6 +20,11 @@ std::string Say(const ProgramText& text, std::initializer_list<std::string> argu
             ++i;
     }
     return said;
+}
+
+std::string Say(const ProgramText& text, std::initializer_list<std::string> arguments)
+{
+    return Say(text, std::span(arguments.begin(), arguments.size()));
 }
 
 std::string Number(std::size_t count)

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 
 /// A text of the program for a person, with the id by which a table of texts replaces it. Each "%s"
@@ -20,6 +21,7 @@ struct CountedText
 };
 
 /// Returns a text in the user's language, in UTF-8, with its arguments in place.
+std::string Say(const ProgramText& text, std::span<const std::string> arguments);
 std::string Say(const ProgramText& text, std::initializer_list<std::string> arguments = {});
 
 /// Returns a count in groups of three digits.

@@ -17,7 +17,10 @@ constexpr std::size_t LongestNumber = 32;
 
 } // namespace
 
-TextOutput::TextOutput(std::FILE* stream) : m_stream(stream), m_buffer(BufferSize, '\0') {}
+TextOutput::TextOutput(std::FILE* stream)
+    : m_stream(stream), m_isTerminal(IsTerminal(stream)), m_buffer(BufferSize, '\0')
+{
+}
 
 TextOutput::~TextOutput()
 {
@@ -26,7 +29,8 @@ TextOutput::~TextOutput()
 
 void TextOutput::Flush()
 {
-    WorkNote::Instance().Hide();
+    if (m_isTerminal)
+        WorkNote::Instance().Hide();
     errno = 0;
     if (m_error == 0 && m_used > 0 && !WriteUtf8(m_stream, {m_buffer.data(), m_used}))
         m_error = errno != 0 ? errno : EIO;

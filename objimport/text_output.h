@@ -33,6 +33,7 @@ private:
     void WriteNumber(Number number);
 
     std::FILE* m_stream;
+    bool m_isTerminal;
     std::string m_buffer;
     std::size_t m_used = 0;
     int m_error = 0;
