@@ -10,7 +10,7 @@ namespace {
 
 void PrintNotImported(const GK_MdxObjectAttributes& attributes)
 {
-    PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n",
+    PrintOutOfMemory(L"Out of memory: an object with the name \"%s\" is not imported.\n", 36002,
                      attributes.name.Array());
 }
 

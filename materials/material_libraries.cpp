@@ -96,7 +96,9 @@ MtlMaterials MaterialLibraries::Read(std::FILE* stream, const std::string& name)
     CMtlReader reader(stream, m_location, outcomes);
     MtlMaterials materials = reader.Read();
     if (reader.ReadFailed())
-        KelvoApp().Print(L"Errors occurred reading the library %s, may be incomplete.\n",
-                         GK_wString(std::string_view(name)).Array());
+        KelvoApp().Print(
+            KvLocalizeString(L"Errors occurred reading the library %s, may be incomplete.\n",
+                             36004),
+            GK_wString(std::string_view(name)).Array());
     return materials;
 }

@@ -3,6 +3,7 @@
 #include "plugin/import_obj_plugin.h"
 
 #include "host/app/app.h"
+#include "host/app/localize.h"
 
 CCommandOBJImportOptionsDialog::CCommandOBJImportOptionsDialog(CImportOBJPlugIn& plugIn)
     : CKelvoTestCommand(1, 0, nullptr), m_plugIn(plugIn)
@@ -44,6 +45,6 @@ const wchar_t* CCommandTestCrashImportOBJ::EnglishCommandName() const
 
 int CCommandTestCrashImportOBJ::RunCommand()
 {
-    KelvoApp().Print(L"%s ran.\n", EnglishCommandName());
+    KelvoApp().Print(KvLocalizeString(L"%s ran.\n", 36003), EnglishCommandName());
     return CommandSuccess;
 }

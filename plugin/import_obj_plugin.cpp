@@ -90,7 +90,7 @@ bool CImportOBJPlugIn::ReadFile(const wchar_t* fileName, int, CKelvoDoc& doc,
             return false;
         return Import(fileName, doc, options);
     } catch (const std::bad_alloc&) {
-        PrintOutOfMemory(L"Out of memory: the import of %s ended early.\n", fileName);
+        PrintOutOfMemory(L"Out of memory: the import of %s ended early.\n", 36001, fileName);
         return false;
     }
 }
