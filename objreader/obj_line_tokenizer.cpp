@@ -66,13 +66,26 @@ bool CObjLineTokenizer::ReadLine()
     if (m_atEnd)
         return true;
     m_tokens.Empty();
+    if (m_rawLines != nullptr)
+        m_rawLines->clear();
     CutState state;
     do {
         if (m_cursor == m_completeEnd)
             Refill(m_tokens.IsEmpty() ? m_cursor : m_tokens[0]);
+        if (m_rawLines != nullptr)
+            KeepRawLine();
         EndPhysicalLine(CutPhysicalLine(state));
     } while (state.continued && !m_atEnd);
     return true;
+}
+
+/// Appends the physical line at the cursor to the raw lines.
+void CObjLineTokenizer::KeepRawLine() const
+{
+    char* const end = std::find_if(m_cursor, m_dataEnd, IsLineEnd);
+    m_rawLines->append(m_cursor, end);
+    if (end != m_dataEnd)
+        *m_rawLines += '\n';
 }
 
 /// Cuts the physical line at the cursor into tokens; returns where it ends.

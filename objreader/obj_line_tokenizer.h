@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <memory>
+#include <string>
 
 /// Reads a text file one logical line at a time and cuts the line into tokens.
 ///
@@ -40,6 +41,11 @@ public:
     /// Reads the next logical line. False only without a stream. The line that meets the end of the
     /// file is still to be handled; after it nothing changes any more.
     bool ReadLine();
+
+    /// Has each ReadLine put the text of its physical lines into `receiver`, as it stands in the
+    /// file, with a line feed for each line end. The receiver stays the caller's and must outlive
+    /// the tokenizer.
+    void KeepRawLines(std::string& receiver) { m_rawLines = &receiver; }
 
     /// The next line is in the next segment.
     [[nodiscard]] bool AtSegmentEnd() const { return m_cursor == m_completeEnd; }
@@ -104,6 +110,7 @@ private:
         bool continued = false;
     };
 
+    void KeepRawLine() const;
     char* CutPhysicalLine(CutState& state);
     inline void CutByte(char* byte, CutState& state);
     void EndPhysicalLine(char* end);
@@ -115,6 +122,7 @@ private:
     SegmentSource m_source;
 
     GK_SimpleArray<const char*> m_tokens; ///< of the current line
+    std::string* m_rawLines = nullptr;    ///< receives the current line as it stands in the file
 
     Segment m_segment;         ///< whose lines are being cut
     TextBuffer m_joined;       ///< a line that goes beyond a segment, with the segments it is in

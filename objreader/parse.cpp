@@ -1,87 +1,11 @@
-#include "objreader/keyword.h"
 #include "objreader/obj_reading.h"
 #include "objreader/plain_lines.h"
 #include "objreader/read_ahead.h"
-#include "objreader/statements.h"
+#include "objreader/statement_table.h"
 
-#include <array>
 #include <optional>
-#include <string_view>
 
 namespace {
-
-/// What a handler's result false does.
-enum class OnFailure
-{
-    EndParse,
-    ReportBogusFace,
-    GoOn
-};
-
-/// One row of the table of statements.
-struct Statement
-{
-    std::string_view keyword;
-    bool (*handler)(ObjReading&);
-    OnFailure onFailure = OnFailure::EndParse;
-};
-
-bool ReadSpaceCurve(ObjReading& reading)
-{
-    return ReadCurve(reading, false);
-}
-
-bool ReadParamCurve(ObjReading& reading)
-{
-    return ReadCurve(reading, true);
-}
-
-constexpr Statement Vertex{"v", ReadVertex};
-constexpr Statement Normal{"vn", ReadNormal};
-constexpr Statement TexCoord{"vt", ReadTexCoord};
-constexpr Statement ParamVertex{"vp", ReadParamVertex};
-constexpr std::array Others{
-    Statement{"f", ReadFace, OnFailure::ReportBogusFace},
-    Statement{"cstype", ReadCSType},
-    Statement{"curv", ReadSpaceCurve},
-    Statement{"curv2", ReadParamCurve},
-    Statement{"deg", ReadDegree},
-    Statement{"g", ReadGroupName},
-    Statement{"group", ReadGroupName},
-    Statement{"hole", ReadTrimLoop},
-    Statement{"mtllib", ReadMaterialLibrary, OnFailure::GoOn},
-    Statement{"o", ReadObjectName},
-    Statement{"p", ReadPoint},
-    Statement{"parm", ReadParm},
-    Statement{"surf", ReadSurface},
-    Statement{"trim", ReadTrimLoop},
-    Statement{"usemtl", ReadMaterialUse},
-};
-
-/// Returns the statement of a keyword, or null for one that is ignored. Keywords count whole and
-/// without regard to case; those that begin with v are told apart by their second character alone.
-const Statement* FindStatement(const char* keyword)
-{
-    if (Lower(keyword[0]) == 'v') {
-        switch (Lower(keyword[1])) {
-        case '\0':
-            return &Vertex;
-        case 'n':
-            return &Normal;
-        case 't':
-            return &TexCoord;
-        case 'p':
-            return &ParamVertex;
-        default:
-            return nullptr;
-        }
-    }
-    for (const Statement& statement : Others) {
-        if (IsKeyword(keyword, statement.keyword))
-            return &statement;
-    }
-    return nullptr;
-}
 
 /// Hands the current line to its handler. False ends the parse.
 bool HandleStatement(ObjReading& reading)

@@ -227,4 +227,23 @@ TEST_F(Tokenizer, AStreamThatFailsEndsAndSaysSo)
     EXPECT_TRUE(tokenizer.ReadFailed());
 }
 
+TEST_F(Tokenizer, RawLinesAreTheFileWithLineFeeds)
+{
+    using namespace std::string_literals;
+    const std::string text = "v 1\\\r\n\t2 # \xFF\r\r\r\n\0g a b\\ \nc\n\\\n\nlast\\"s;
+    const std::string withLineFeeds = "v 1\\\n\t2 # \xFF\n\n\n\ng a b\\ \nc\n\\\n\nlast\\";
+    m_folder.Write(m_path, text);
+    for (const std::size_t blockSize : BlockSizes) {
+        CObjLineTokenizer tokenizer(Open("rb"), blockSize);
+        std::string raw;
+        tokenizer.KeepRawLines(raw);
+        std::string all;
+        while (!tokenizer.AtEnd()) {
+            tokenizer.ReadLine();
+            all += raw;
+        }
+        EXPECT_EQ(all, withLineFeeds) << "blocks of " << blockSize;
+    }
+}
+
 } // namespace
