@@ -139,6 +139,10 @@ void CommandLine::AddProgramOptions()
             "Write the document as JSON; -: to standard output.\n"
             "Under --each, {name} and {folder} stand for the\nfile's name and folder");
     AddSaveOptions();
+    AddSwitch("--check", check,
+              "Tell what an import of the files would lose, line\nby line, and import nothing");
+    AddText("--sarif", sarif, "PATH",
+            "Write what --check finds as SARIF; -: to standard\noutput");
     AddSwitch("--all", all, "Show every row of every list");
     AddSwitch("-q,--quiet", quiet, "Show neither messages nor summary");
     m_app->option_defaults()->group("Program");
@@ -220,7 +224,7 @@ void CommandLine::CheckUse(const std::string& mode, const std::vector<std::strin
         if (option->count() > 0 && !option->get_positional() &&
             std::find(used.begin(), used.end(), option->get_lnames().front()) == used.end())
             unused.push_back("--" + option->get_lnames().front());
-    if (!files.empty())
+    if (!files.empty() && !check)
         unused.emplace_back("files");
     if (!unused.empty())
         throw ProgramError(mode + " does not use " + Listed(unused, " and ") +
@@ -243,6 +247,12 @@ void CommandLine::CheckWhatIsAsked() const
     CheckNoEmptyValues();
     if (about)
         return CheckUse("--about", {"about", "module", "strings", "settings"});
+    if (check) {
+        CheckFiles();
+        return CheckUse("--check", {"check", "sarif", "all", "quiet", "tolerance", "strings"});
+    }
+    if (!sarif.empty())
+        throw ProgramError("--sarif needs --check");
     if (run.empty())
         return CheckFiles();
     std::vector<std::string> used = {"run", "groups", "module", "strings", "settings", "quiet"};

@@ -32,11 +32,13 @@ struct CommandLine
     bool all = false;  ///< no list is cut short
     bool about = false;
     bool quiet = false;
+    bool check = false; ///< hold the files against the format instead of importing them
     double tolerance = 0.001;
     std::string run;  ///< the command to run; empty: none
     std::string json; ///< a path, under `each` with patterns; "-": standard output; empty: none
     std::vector<std::string> saves; ///< files to write, in forms that their endings name
     ExchangePicture picture;
+    std::string sarif; ///< where to write what --check finds
     std::string settings;
     std::vector<std::string> strings;
     std::string module;

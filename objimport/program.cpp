@@ -4,6 +4,7 @@
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "objimport/about.h"
+#include "objimport/check_run.h"
 #include "objimport/command_line.h"
 #include "objimport/file_checks.h"
 #include "objimport/host_run.h"
@@ -45,8 +46,20 @@ int Import(const CommandLine& commandLine)
     return static_cast<int>(ImportFiles(commandLine, files, module));
 }
 
+int RunCheck(const CommandLine& commandLine)
+{
+    LoadStrings(commandLine);
+    std::vector<std::string> names;
+    for (const InputFile& file : FindInputFiles(commandLine))
+        names.push_back(file.name);
+    return CheckFilesAgainstFormat({names, commandLine.sarif, commandLine.tolerance,
+                                    commandLine.all, commandLine.quiet});
+}
+
 int Run(const CommandLine& commandLine)
 {
+    if (commandLine.check)
+        return RunCheck(commandLine);
     if (commandLine.run.empty() && !commandLine.about)
         return Import(commandLine);
     CheckOutputs(commandLine, {});

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "objimport/check/findings.h"
+
+#include <string_view>
+
+/// Reports, by its first bytes, a file that is no text. Returns whether it is none.
+bool ReportNoText(const CheckPlace& place, std::string_view firstBytes);

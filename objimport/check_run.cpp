@@ -1,0 +1,105 @@
+#include "objimport/check_run.h"
+
+#include "console_host/runtime/file_replacement.h"
+#include "console_host/runtime/files.h"
+#include "console_host/runtime/native_path.h"
+#include "objimport/check/file_sort.h"
+#include "objimport/check_text.h"
+#include "objimport/found_files.h"
+#include "objimport/program_error.h"
+#include "objimport/sarif.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int NothingLost = 0;
+constexpr int SomethingLost = 1;
+constexpr int NotRead = 2;
+constexpr std::size_t MostOfAKind = 20;
+
+std::string FirstBytes(const std::filesystem::path& path)
+{
+    std::array<char, 512> bytes{};
+    const File stream(OpenNative(path, "rb"));
+    const std::size_t count =
+        stream == nullptr ? 0 : std::fread(bytes.data(), 1, bytes.size(), stream.get());
+    return {bytes.data(), count};
+}
+
+[[noreturn]] void ThrowCannotWrite(const std::string& target, const std::string& why)
+{
+    throw ProgramError("cannot write " + target + ": " + why);
+}
+
+/// Checks a file that can be read; false when reading breaks off.
+bool CheckFile(const CheckRequest& request, const std::string& name, TextOutput& output,
+               Findings& findings)
+{
+    const std::filesystem::path path = PathFromUtf8(name);
+    findings.BeginGroup();
+    const int file = findings.AddFile(name);
+    ReportNoText({findings, file, 0}, FirstBytes(path));
+    FilesBeside finder(path);
+    ObjChecker checker(OpenNative(path, "rb"), findings, file, finder, request.tolerance);
+    const CheckTotals totals = checker.Check();
+    if (!request.quiet) {
+        WriteFindings(output, findings);
+        WriteCheckSummary(output, name, totals, findings);
+    }
+    return findings.CountInGroup(CheckKind::ReadError) == 0;
+}
+
+bool IsReadBy(const std::string& target, const CheckRequest& request, const Findings& findings)
+{
+    const std::filesystem::path path = PathFromUtf8(target);
+    const auto isSame = [&](const std::string& file) {
+        return IsSameFile(path, PathFromUtf8(file));
+    };
+    return std::any_of(request.files.begin(), request.files.end(), isSame) ||
+           std::any_of(findings.Files().begin(), findings.Files().end(), isSame);
+}
+
+void WriteSarifTo(std::FILE* stream, const Findings& findings)
+{
+    TextOutput output(stream);
+    WriteSarif(output, findings);
+    if (const std::string why = output.Finish(); !why.empty())
+        throw std::runtime_error(why);
+}
+
+void WriteSarifFile(const CheckRequest& request, const Findings& findings)
+try {
+    if (request.sarif == "-")
+        return WriteSarifTo(stdout, findings);
+    if (IsReadBy(request.sarif, request, findings))
+        throw std::runtime_error("it is one of the files that are checked");
+    FileReplacement file(PathFromUtf8(request.sarif), FileReplacement::Links::Follow);
+    WriteSarifTo(file.Stream(), findings);
+    file.Commit();
+} catch (const std::runtime_error& failure) {
+    ThrowCannotWrite(request.sarif == "-" ? "to standard output" : request.sarif, failure.what());
+}
+
+} // namespace
+
+int CheckFilesAgainstFormat(const CheckRequest& request)
+{
+    Findings findings(request.all ? Findings::All : MostOfAKind);
+    TextOutput output(request.sarif == "-" ? stderr : stdout);
+    bool allRead = true;
+    for (const std::string& name : request.files) {
+        const std::string why = WhyUnreadable(PathFromUtf8(name));
+        if (!why.empty())
+            TellError("cannot read " + name + ": " + why);
+        allRead = why.empty() && CheckFile(request, name, output, findings) && allRead;
+    }
+    if (const std::string why = output.Finish(); !why.empty())
+        ThrowCannotWrite("to standard output", why);
+    if (!request.sarif.empty())
+        WriteSarifFile(request, findings);
+    if (!allRead)
+        return NotRead;
+    return findings.AnyLoss() ? SomethingLost : NothingLost;
+}

@@ -1,0 +1,138 @@
+#include "objimport/check_text.h"
+
+#include "console_host/app/printable.h"
+
+#include "host/app/localize.h"
+#include "host/geokit/string.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr LocalText NoteWord{L"note", 41401};
+constexpr LocalText WarningWord{L"warning", 41402};
+constexpr LocalText ErrorWord{L"error", 41403};
+constexpr LocalText MoreOfAKind{L"%s more findings of this kind; --all shows them", 41404};
+constexpr LocalText Lines{L"%s lines: %s", 41405};
+constexpr LocalText UnreadLines{L"%s lines not read", 41406};
+constexpr LocalText Contents{L"%s positions, %s texture coordinates, %s normals, %s faces in "
+                             L"meshes, %s curves, %s surfaces",
+                             41407};
+constexpr LocalText Extent{L"from %s to %s", 41408};
+constexpr LocalText Names{L"%s group names, %s object names, %s materials used, %s defined in %s "
+                          L"libraries with %s textures",
+                          41409};
+constexpr LocalText FoundKind{L"%s  %s (%s)", 41410};
+constexpr LocalText NothingFound{L"nothing is lost", 41411};
+
+std::string Localized(const LocalText& text)
+{
+    return GK_wString(KvLocalizeString(text.text, text.id)).Utf8();
+}
+
+const LocalText& LevelWord(CheckLevel level)
+{
+    if (level == CheckLevel::Note)
+        return NoteWord;
+    return level == CheckLevel::Warning ? WarningWord : ErrorWord;
+}
+
+void WriteLine(TextOutput& output, std::string_view text)
+{
+    output.Write(PrintableLine(text));
+    output.Write('\n');
+}
+
+std::string PointText(const GK_3dPoint& point)
+{
+    return ShownNumber(point.x) + " " + ShownNumber(point.y) + " " + ShownNumber(point.z);
+}
+
+std::string KeywordCounts(const StatementCounts& statements)
+{
+    std::string counts;
+    for (const auto& [keyword, lines] : statements.ByKeyword())
+        counts.append(counts.empty() ? "" : ", ")
+            .append(ShownCount(lines.count))
+            .append(" ")
+            .append(keyword.empty() ? "..." : keyword);
+    return counts;
+}
+
+void WriteIndented(TextOutput& output, const LocalText& text,
+                   const std::vector<std::string>& arguments)
+{
+    WriteLine(output, std::string("  ").append(InWords(text, arguments)));
+}
+
+} // namespace
+
+std::string InWords(const LocalText& text, const std::vector<std::string>& arguments)
+{
+    const std::string words = Localized(text);
+    std::string result;
+    std::size_t from = 0;
+    for (const std::string& argument : arguments) {
+        const std::size_t place = words.find("%s", from);
+        if (place == std::string::npos)
+            break;
+        result.append(words, from, place - from).append(argument);
+        from = place + 2;
+    }
+    return result.append(words, from);
+}
+
+std::string InWords(const Finding& finding)
+{
+    std::vector<std::string> arguments = finding.what.arguments;
+    if (finding.why.text.text != nullptr)
+        arguments.insert(arguments.begin(), InWords(finding.why.text, finding.why.arguments));
+    return InWords(finding.what.text, arguments);
+}
+
+void WriteFindings(TextOutput& output, const Findings& findings)
+{
+    for (const Finding* finding : findings.OfGroup()) {
+        std::string line = findings.Files()[static_cast<std::size_t>(finding->file)];
+        if (finding->line > 0)
+            line.append(":").append(std::to_string(finding->line));
+        line.append(": ").append(Localized(LevelWord(finding->level))).append(": ");
+        line.append(InWords(*finding)).append(" [").append(NameOf(finding->kind)).append("]");
+        WriteLine(output, line);
+    }
+}
+
+void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTotals& totals,
+                       const Findings& findings)
+{
+    WriteLine(output, std::string(file) + ":");
+    WriteIndented(output, Lines, {ShownCount(totals.lines), KeywordCounts(totals.statements)});
+    if (totals.unread > 0)
+        WriteIndented(output, UnreadLines, {ShownCount(totals.unread)});
+    WriteIndented(output, Contents,
+                  {ShownCount(totals.positions), ShownCount(totals.texCoords),
+                   ShownCount(totals.normals), ShownCount(totals.faces), ShownCount(totals.curves),
+                   ShownCount(totals.surfaces)});
+    if (totals.low.x <= totals.high.x)
+        WriteIndented(output, Extent, {PointText(totals.low), PointText(totals.high)});
+    WriteIndented(output, Names,
+                  {ShownCount(totals.groups), ShownCount(totals.objects),
+                   ShownCount(totals.materialsUsed), ShownCount(totals.materialsDefined),
+                   ShownCount(totals.libraries), ShownCount(totals.textures)});
+    bool any = false;
+    for (std::size_t i = 0; i < CheckKindCount; ++i) {
+        const auto kind = static_cast<CheckKind>(i);
+        const std::size_t count = findings.CountInGroup(kind);
+        if (count == 0)
+            continue;
+        any = true;
+        std::string line = InWords(FoundKind, {ShownCount(count), Localized(DescriptionOf(kind)),
+                                               std::string(NameOf(kind))});
+        if (count > findings.MostOfAKind())
+            line.append("; ").append(
+                InWords(MoreOfAKind, {ShownCount(count - findings.MostOfAKind())}));
+        WriteLine(output, std::string("  ").append(line));
+    }
+    if (!any)
+        WriteIndented(output, NothingFound, {});
+}

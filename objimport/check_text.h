@@ -1,0 +1,22 @@
+#pragma once
+
+#include "objimport/check/findings.h"
+#include "objimport/check/obj_checker.h"
+#include "objimport/text_output.h"
+
+#include <string>
+#include <string_view>
+
+/// Returns a text in the user's language with its arguments, in UTF-8.
+std::string InWords(const LocalText& text, const std::vector<std::string>& arguments);
+
+/// Returns what a finding says, without its place.
+std::string InWords(const Finding& finding);
+
+/// Writes the findings of the last group in the form of compilers, and of those that were not kept
+/// how many there are.
+void WriteFindings(TextOutput& output, const Findings& findings);
+
+/// Writes what a file holds, and how many findings of each kind there are.
+void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTotals& totals,
+                       const Findings& findings);
