@@ -5,7 +5,8 @@
 #include "host/app/localize.h"
 #include "host/geokit/string.h"
 
-#include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace {
 
@@ -45,7 +46,14 @@ void WriteLine(TextOutput& output, std::string_view text)
 
 std::string PointText(const GK_3dPoint& point)
 {
-    return ShownNumber(point.x) + " " + ShownNumber(point.y) + " " + ShownNumber(point.z);
+    std::string text;
+    for (const double coordinate : {point.x, point.y, point.z}) {
+        std::array<char, 32> digits{}; // of a number in single precision
+        const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                                static_cast<float>(coordinate));
+        text.append(text.empty() ? "" : " ").append(digits.data(), end);
+    }
+    return text;
 }
 
 std::string KeywordCounts(const StatementCounts& statements)

@@ -26,13 +26,19 @@ inline constexpr CheckText Nothing{
 
 // Statements that are not read.
 inline constexpr CheckText GeometryNotRead{
-    NotRead, Warning, {L"%s lines (%s) are not read: the geometry in them is lost", 41111}};
+    NotRead,
+    Warning,
+    {L"lines with \"%s\" are not read (%s in all): their geometry is lost", 41111}};
 inline constexpr CheckText AttributesNotRead{
-    NotRead, Note, {L"%s lines (%s) are not read: they hold no geometry", 41112}};
+    NotRead, Note, {L"lines with \"%s\" are not read (%s in all): they hold no geometry", 41112}};
 inline constexpr CheckText UnknownNotRead{
-    UnknownStatement, Warning, {L"%s lines (%s) are not read: no such statement is known", 41113}};
+    UnknownStatement,
+    Warning,
+    {L"lines with \"%s\" are not read (%s in all): no such statement is known", 41113}};
 inline constexpr CheckText TransparencyNotRead{
-    NotRead, Warning, {L"%s lines (%s) are not read; transparency is taken from \"d\"", 41114}};
+    NotRead,
+    Warning,
+    {L"lines with \"%s\" are not read (%s in all): transparency is taken from \"d\"", 41114}};
 
 // Vertices.
 inline constexpr CheckText VertexNotFinite{
@@ -70,7 +76,7 @@ inline constexpr CheckText TooManyFields{
     Warning,
     {L"the face is refused: the corner \"%s\" has more than three fields", 41137}};
 inline constexpr CheckText TooFewPlaces{
-    FlatFace, Warning, {L"the face is dropped: its corners lie at %s places", 41138}};
+    FlatFace, Warning, {L"the face is dropped: fewer than three of its corners lie apart", 41138}};
 inline constexpr CheckText NoArea{
     FlatFace, Note, {L"the face has no area: its corners lie on a line", 41139}};
 inline constexpr CheckText SomeTexCoords{

@@ -130,8 +130,8 @@ std::size_t FaceChecks::CountCornerPlaces(const FaceRun& face)
     return CountPlaces(m_points) + static_cast<std::size_t>(end - nowhere.begin());
 }
 
-/// Whether a face stays that has a corner which is not finite. A polygon becomes a fan of triangles,
-/// of which one at least must have three corners apart.
+/// Whether a face stays that has a corner which is not finite. A polygon becomes a fan of
+/// triangles, of which one at least must have three corners apart.
 bool FaceChecks::HasSoundTriangle(const FaceRun& face) const
 {
     constexpr std::size_t LeastOfAPolygon = 5;
@@ -160,9 +160,8 @@ void FaceChecks::CheckFlatFace(const CheckPlace& place, const Group_Object& reco
 {
     constexpr std::size_t PlacesOfAFace = 3;
     const bool finite = std::all_of(m_points.begin(), m_points.end(), VertexChecks::IsFinite);
-    const std::size_t places = CountCornerPlaces(face);
-    if (places < PlacesOfAFace) {
-        place.Report(CheckTexts::TooFewPlaces, places);
+    if (CountCornerPlaces(face) < PlacesOfAFace) {
+        place.Report(CheckTexts::TooFewPlaces);
         return;
     }
     if (finite) {
@@ -171,7 +170,7 @@ void FaceChecks::CheckFlatFace(const CheckPlace& place, const Group_Object& reco
         return;
     }
     if (!HasSoundTriangle(face)) {
-        place.Report(CheckTexts::TooFewPlaces, places);
+        place.Report(CheckTexts::TooFewPlaces);
         return;
     }
     ++m_meshFaces;

@@ -54,7 +54,7 @@ void ReportAll(CheckPlace place, const StatementCounts& ignored,
         if (keyword == "end" || keyword.starts_with('#'))
             continue;
         place.line = lines.first;
-        place.Report(textFor(keyword), lines.count, keyword.empty() ? "..." : keyword);
+        place.Report(textFor(keyword), keyword.empty() ? "..." : keyword, lines.count);
     }
 }
 

@@ -90,12 +90,13 @@ TEST(Check, TellsWhatIsNotRead)
 {
     ExpectFindings({
         {Triangle + "s off\ns 1\nl 1 2\ns 2\nL 2 3\nend\nsomething else\n"s,
-         {"6: not-read: 2 lines (s) are not read: they hold no geometry",
-          "7: not-read: 2 lines (l) are not read: the geometry in them is lost",
-          "11: unknown-statement: 1 lines (something) are not read: no such statement is known"}},
+         {"6: not-read: lines with \"s\" are not read (2 in all): they hold no geometry",
+          "7: not-read: lines with \"l\" are not read (2 in all): their geometry is lost",
+          "11: unknown-statement: lines with \"something\" are not read (1 in all): no such "
+          "statement is known"}},
         {"v 0 0 0\nl 1 1\n",
          {"0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
-          "2: not-read: 1 lines (l) are not read: the geometry in them is lost"}},
+          "2: not-read: lines with \"l\" are not read (1 in all): their geometry is lost"}},
         {"\xFF\xFEv\0 \0"s,
          {"0: no-text: the file is UTF-16 text, which is not read; save it as UTF-8",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
@@ -103,7 +104,8 @@ TEST(Check, TellsWhatIsNotRead)
         {"PK\x03\x04",
          {"0: no-text: the file is no OBJ text but an archive",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
-          "1: unknown-statement: 1 lines (pk) are not read: no such statement is known"}},
+          "1: unknown-statement: lines with \"pk\" are not read (1 in all): no such statement is "
+          "known"}},
     });
 }
 
@@ -118,7 +120,7 @@ TEST(Check, TellsWhatIsWrongWithFacesAndPoints)
         {Triangle + "f 1 1 1/1/1/1\n"s,
          {refused + "the corner \"1/1/1/1\" has more than three fields"}},
         {Triangle + "f 1 2 2\n"s,
-         {"5: flat-face: the face is dropped: its corners lie at 2 places"}},
+         {"5: flat-face: the face is dropped: fewer than three of its corners lie apart"}},
         {Triangle + "v 2 0 0\nv 3 0 0\nv 4 0 0\nf 1 2 4 5 6\n"s,
          {"8: flat-face: the face has no area: its corners lie on a line"}},
         {Triangle + "v nan 0 0\nf 1 2 3 4\nf 2 3 4\np 4\np 4 1\n"s,
@@ -218,9 +220,11 @@ TEST(Check, ReadsLibraries)
     const std::vector<std::string> expected{
         "b.mtl:2: number-ignored: \"x\" is no number: 1 is taken for it",
         "b.mtl:3: number-ignored: \"Ns\" is ignored: no number follows",
-        "b.mtl:4: not-read: 1 lines (tr) are not read; transparency is taken from \"d\"",
-        "b.mtl:5: not-read: 1 lines (illum) are not read: they hold no geometry",
-        "b.mtl:6: unknown-statement: 1 lines (kind) are not read: no such statement is known",
+        "b.mtl:4: not-read: lines with \"tr\" are not read (1 in all): transparency is taken from "
+        "\"d\"",
+        "b.mtl:5: not-read: lines with \"illum\" are not read (1 in all): they hold no geometry",
+        "b.mtl:6: unknown-statement: lines with \"kind\" are not read (1 in all): no such "
+        "statement is known",
         "b.mtl:7: texture-name: the texture \"wood 2.png\" becomes \"wood2.png\", which is there",
         "b.mtl:8: texture-name: the texture \"wood 3.png\" becomes \"wood3.png\", which is not "
         "there",
