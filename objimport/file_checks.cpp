@@ -7,30 +7,27 @@
 #include "objimport/program_error.h"
 #include "objimport/settings_file.h"
 
-#include <compare>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 
 namespace {
 
-/// What tells the places of files apart, whether there are files yet or not: a file's identity, or
-/// its folder's with its name.
-struct FilePlace
-{
-    std::optional<FileIdentity> identity;
-    std::filesystem::path name;
-    auto operator<=>(const FilePlace&) const = default;
-};
+/// What tells the places of files apart, whether there are files yet or not: volume and index of a
+/// file, or those of its folder with its name.
+using FilePlace = std::tuple<std::uint64_t, std::uint64_t, std::filesystem::path::string_type>;
 
 FilePlace PlaceOf(const std::filesystem::path& path)
 {
-    if (const std::optional<FileIdentity> identity = IdentityOf(path))
-        return {identity, {}};
+    if (const std::optional<FileIdentity> file = IdentityOf(path))
+        return {file->volume, file->index, {}};
     const std::filesystem::path target = FollowLinks(path);
-    const std::optional<FileIdentity> folder = IdentityOf(FolderOf(target));
-    return {folder, folder ? target.filename() : target};
+    if (const std::optional<FileIdentity> folder = IdentityOf(FolderOf(target)))
+        return {folder->volume, folder->index, target.filename().native()};
+    return {0, 0, target.native()};
 }
 
 /// What the files of a run are used for, each by the one that came first.
@@ -59,11 +56,10 @@ private:
     std::map<FilePlace, std::string> m_uses;
 };
 
-void CheckPlaceholders(const std::string& option, const std::string& path, bool each)
+void CheckPlaceholders(const std::string& path, bool each)
 {
     if (!each && HasPlaceholders(path))
-        throw ProgramError(option + ' ' + path +
-                           ": {name} and {folder} stand for something under --each only");
+        throw ProgramError(path + ": {name} and {folder} stand for something under --each only");
 }
 
 /// Adds what is written of an input, or of all together.
@@ -77,7 +73,7 @@ void AddOutputs(FileUses& uses, const CommandLine& commandLine, const InputFile&
     }
     for (const std::string& path : commandLine.saves) {
         const std::string file = OutputName(path, input.name);
-        uses.AddWritten(file, "the saved file " + file + of);
+        uses.AddWritten(file, std::string("the saved file ").append(file).append(of));
     }
 }
 
@@ -85,9 +81,9 @@ void AddOutputs(FileUses& uses, const CommandLine& commandLine, const InputFile&
 
 void CheckOutputs(const CommandLine& commandLine, const std::vector<InputFile>& inputs)
 {
-    CheckPlaceholders("--json", commandLine.json, commandLine.each);
+    CheckPlaceholders(commandLine.json, commandLine.each);
     for (const std::string& path : commandLine.saves)
-        CheckPlaceholders("--save", path, commandLine.each);
+        CheckPlaceholders(path, commandLine.each);
     FileUses uses;
     uses.AddRead(commandLine.module, "the module");
     for (const std::string& file : commandLine.strings)
