@@ -34,6 +34,9 @@ public:
 
     [[nodiscard]] const tinygltf::Model& Model() const { return m_model; }
 
+    /// Returns about how many bytes of memory the writing of the model takes.
+    [[nodiscard]] std::size_t RoomToWrite() const;
+
     [[nodiscard]] std::string Contents() const;
     [[nodiscard]] std::vector<std::string> Losses() const;
 
@@ -170,6 +173,23 @@ void GlbMaker::Finish()
         AddRoot();
 }
 
+std::size_t GlbMaker::RoomToWrite() const
+{
+    // What the description of each part takes, as a tree and as text.
+    constexpr std::size_t OfNode = 1500;
+    constexpr std::size_t OfMesh = 1500;
+    constexpr std::size_t OfAccessor = 1000;
+    constexpr std::size_t OfMaterial = 4000;
+    constexpr std::size_t CopiesOfText = 6;
+    std::size_t text = m_notes.TextSize();
+    for (const tinygltf::Node& node : m_model.nodes)
+        text += node.name.size();
+    const std::size_t data = m_model.buffers.empty() ? 0 : m_model.buffers.front().data.size();
+    return OfNode * m_model.nodes.size() + OfMesh * m_model.meshes.size() +
+           OfAccessor * m_model.accessors.size() + OfMaterial * m_model.materials.size() +
+           CopiesOfText * text + data;
+}
+
 std::string GlbMaker::Contents() const
 {
     std::string text = Counted(m_document.objects.size(), "object", "objects") + " with " +
@@ -199,6 +219,14 @@ std::vector<std::string> GlbMaker::Losses() const
     return losses;
 }
 
+/// Throws std::bad_alloc unless so much memory is free. The JSON that tinygltf builds ends the
+/// program when memory runs out while it is destroyed.
+void CheckMemory(std::size_t size)
+{
+    unsigned char* volatile room = new unsigned char[size];
+    delete[] room;
+}
+
 } // namespace
 
 void WriteGlb(const ExchangeRequest& request, ExchangeOutcome& outcome)
@@ -213,6 +241,7 @@ void WriteGlb(const ExchangeRequest& request, ExchangeOutcome& outcome)
     GlbMaker maker(*request.document);
     maker.AddObjects();
     maker.Finish();
+    CheckMemory(maker.RoomToWrite());
     StreamOutput output(request.stream);
     std::ostream stream(&output);
     tinygltf::TinyGLTF().WriteGltfSceneToStream(&maker.Model(), stream, false, true);

@@ -58,6 +58,8 @@ void GlbNotes::AddLayer(const GK_MdxObjectAttributes& attributes, tinygltf::Valu
     if (attributes.layerIndex < 0 || layer >= m_document.layers.size())
         return;
     std::vector<std::string> path = PathOfLayer(layer);
+    for (const std::string& name : path)
+        m_textSize += name.size();
     notes["layer"] = tinygltf::Value(path.back());
     if (path.size() > 1)
         notes["layerPath"] = TextList(std::move(path));
@@ -70,6 +72,7 @@ void GlbNotes::AddGroups(const GK_MdxObjectAttributes& attributes, tinygltf::Val
         if (group < 0 || static_cast<std::size_t>(group) >= m_document.groups.size())
             continue;
         names.push_back(m_document.groups[static_cast<std::size_t>(group)].name.Utf8());
+        m_textSize += names.back().size();
         if (!TakeRoom(names.back().size())) {
             ++m_incomplete;
             return;
@@ -84,8 +87,10 @@ void GlbNotes::AddSource(std::size_t index, tinygltf::Value::Object& notes)
     const std::vector<ExchangeSource>& sources = m_document.sources;
     while (m_source + 1 < sources.size() && sources[m_source + 1].firstObject <= index)
         ++m_source;
-    if (m_source < sources.size() && sources[m_source].firstObject <= index)
-        notes["source"] = tinygltf::Value(m_sources[m_source]);
+    if (m_source >= sources.size() || sources[m_source].firstObject > index)
+        return;
+    m_textSize += m_sources[m_source].size();
+    notes["source"] = tinygltf::Value(m_sources[m_source]);
 }
 
 tinygltf::Value GlbNotes::NotesFor(std::size_t index)

@@ -19,6 +19,9 @@ public:
     /// Returns the notes for an object. To be called for one object after the other.
     tinygltf::Value NotesFor(std::size_t index);
 
+    /// Returns the length of all texts of the notes.
+    [[nodiscard]] std::size_t TextSize() const { return m_textSize; }
+
     /// Appends what is not in the file.
     void AddLosses(std::vector<std::string>& losses) const;
 
@@ -37,5 +40,6 @@ private:
     std::vector<std::string> m_sources;
     std::size_t m_source = 0;
     std::size_t m_room;
+    std::size_t m_textSize = 0;
     std::size_t m_incomplete = 0; ///< objects without some of their notes
 };
