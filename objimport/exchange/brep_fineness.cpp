@@ -188,5 +188,6 @@ BrepFineness FinenessOf(const GK_Brep& brep, double tolerance)
     fineness.placing = {box.Middle(), ScaleFor(fineness.size)};
     fineness.tolerance =
         WithinCount(std::clamp(tolerance, Finest * fineness.size, Coarsest * fineness.size), count);
+    fineness.mostTriangles = 500'000 + 4 * static_cast<std::size_t>(count.Points());
     return fineness;
 }

@@ -182,13 +182,24 @@ SurfaceMesh MeshOf(const TopoDS_Face& face, const Placing& placing, EdgePoints& 
     return mesh;
 }
 
+// Returns of how many polynomial pieces the trims consist: as many points stand on them at least.
+std::size_t PiecesOf(const GK_Brep& brep)
+{
+    std::size_t pieces = 0;
+    for (int i = 0; i < brep.TrimCount(); ++i) {
+        const GK_NurbsCurve curve = brep.Trim(i).AsBspline();
+        pieces += static_cast<std::size_t>(std::max(curve.controlPointCount - curve.order + 1, 1));
+    }
+    return pieces;
+}
+
 class Triangulation
 {
 public:
     Triangulation(const GK_Brep& brep, double tolerance)
         : m_brep(brep), m_fineness(FinenessOf(brep, tolerance)), m_edgePoints(m_fineness.placing)
     {
-        m_result.tolerance = m_fineness.tolerance;
+        m_result.isCoarse = m_fineness.tolerance > tolerance;
     }
 
     BrepTriangles Run()
@@ -204,17 +215,23 @@ public:
     }
 
 private:
-    // The faster way at times leaves part of a face without triangles.
+    // The faster way at times leaves part of a face without triangles; the time of both grows
+    // faster than the number of points.
     void DivideEdges()
     {
+        constexpr std::size_t MostPieces = 100'000;
+        constexpr std::size_t MostForSlowWay = 10'000;
+        const std::size_t pieces = PiecesOf(m_brep);
         if (m_fineness.tolerance == 0.0)
             throw std::runtime_error("it has no size, or one beyond all numbers");
+        if (pieces > MostPieces)
+            throw std::runtime_error("its loops consist of " + std::to_string(pieces) +
+                                     " pieces, more than " + std::to_string(MostPieces));
         m_faces = LibraryFaces(m_brep, m_fineness.placing);
-        for (const auto way : {IMeshTools_MeshAlgoType_Delabella, IMeshTools_MeshAlgoType_Watson}) {
-            Divide(m_faces, m_fineness.tolerance * m_fineness.placing.scale, way);
-            if (std::ranges::all_of(m_faces, AreTrianglesSound))
-                return;
-        }
+        const double deflection = m_fineness.tolerance * m_fineness.placing.scale;
+        Divide(m_faces, deflection, IMeshTools_MeshAlgoType_Delabella);
+        if (pieces <= MostForSlowWay && !std::ranges::all_of(m_faces, AreTrianglesSound))
+            Divide(m_faces, deflection, IMeshTools_MeshAlgoType_Watson);
     }
 
     void AddFace(int index)
@@ -225,12 +242,13 @@ private:
         const auto* surface =
             GK_NurbsSurface::Cast(m_brep.Surface(m_brep.Face(index).surfaceIndex));
         SurfaceMesh mesh = MeshOf(face, m_fineness.placing, m_edgePoints);
-        RefineToTolerance(mesh, *surface, m_fineness.tolerance, MostTriangles);
+        const std::size_t most = m_fineness.mostTriangles;
+        if (!RefineToTolerance(mesh, *surface, m_fineness.tolerance,
+                               most - std::min(most, m_result.triangles.size())))
+            m_result.isCoarse = true;
         RemoveCollapsed(mesh);
         AppendWithNormals(mesh, *surface, m_result);
     }
-
-    static constexpr std::size_t MostTriangles = 500'000;
 
     const GK_Brep& m_brep;
     BrepFineness m_fineness;

@@ -20,9 +20,8 @@ struct BrepTriangles
     std::size_t facesWithout = 0;      ///< faces that could not be made triangles
     std::string whyWithout;            ///< why the first of them could not; a clause
 
-    /// The distance from the surfaces within which the triangles lie: what was asked for, or more
-    /// where that would have taken too many of them.
-    double tolerance = 0.0;
+    /// Whether triangles lie farther off than was asked for, since there would be too many.
+    bool isCoarse = false;
 };
 
 /// Returns whether this build can make triangles of breps. When it cannot, no brep has any.

@@ -56,14 +56,15 @@ private:
     std::map<int, int> m_onePoints; ///< meshes of one point at the origin, by their materials
     std::size_t m_vertices = 0;
     std::size_t m_triangles = 0;
-    std::size_t m_coarse = 0;                          ///< curves
+    std::size_t m_coarseLines = 0;
+    std::size_t m_coarseSurfaces = 0;
     std::map<std::string, std::size_t> m_facesWithout; ///< of breps, by the reason
 };
 
 void GlbMaker::NoteLosses(const ObjectDrawing& drawing)
 {
     if (drawing.isCoarse)
-        ++m_coarse;
+        ++(drawing.kind == ObjectDrawing::Kind::Line ? m_coarseLines : m_coarseSurfaces);
     if (drawing.facesWithout > 0)
         m_facesWithout[drawing.whyWithout] += drawing.facesWithout;
 }
@@ -208,9 +209,12 @@ std::vector<std::string> GlbMaker::Losses() const
     for (const auto& [why, count] : m_facesWithout)
         losses.push_back(Counted(count, "face of a brep is", "faces of breps are") +
                          " left out: " + why);
-    if (m_coarse > 0)
-        losses.push_back(Counted(m_coarse, "curve is", "curves are") +
+    if (m_coarseLines > 0)
+        losses.push_back(Counted(m_coarseLines, "curve is", "curves are") +
                          " not followed within the tolerance: it would take too many points");
+    if (m_coarseSurfaces > 0)
+        losses.push_back(Counted(m_coarseSurfaces, "surface is", "surfaces are") +
+                         " not followed within the tolerance: it would take too many triangles");
     if (m_buffer.ClampedCount() > 0)
         losses.push_back(Counted(m_buffer.ClampedCount(), "coordinate lies", "coordinates lie") +
                          " beyond single precision, at whose limits they stand now");

@@ -84,6 +84,7 @@ void DrawBrep(const GK_Brep& brep, double tolerance, DrawnEdges edges, ObjectDra
     drawing.triangles = std::move(faces.triangles);
     drawing.facesWithout = faces.facesWithout;
     drawing.whyWithout = std::move(faces.whyWithout);
+    drawing.isCoarse = faces.isCoarse;
     if (edges == DrawnEdges::None)
         return;
     for (int i = 0; i < brep.EdgeCount(); ++i) {

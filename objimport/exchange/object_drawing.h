@@ -50,7 +50,7 @@ struct ObjectDrawing
 
     std::size_t facesWithout = 0; ///< faces of a brep that could not be made triangles
     std::string whyWithout;       ///< why, as a clause
-    bool isCoarse = false;        ///< a curve that its line follows less closely than was asked for
+    bool isCoarse = false;        ///< a curve or brep is followed less closely than was asked for
 
     // What the views are of, where that does not stand in the object.
     std::vector<GK_3dPoint> ownPositions;

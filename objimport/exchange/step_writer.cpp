@@ -1,6 +1,7 @@
 #include "objimport/exchange/step_writer.h"
 
 #include "objimport/exchange/library_failure.h"
+#include "objimport/exchange/step_seams.h"
 #include "objimport/exchange/step_text.h"
 #include "objimport/exchange/stream_output.h"
 
@@ -86,6 +87,7 @@ void WriteModel(const Handle(XSControl_WorkSession) & session, std::ostream& str
         throw std::runtime_error("the geometry library makes no STEP model of it");
     FillHeader(model);
     NumberParts(*model);
+    DropPlaneCurvesAtPoles(*model);
     StepData_StepWriter writer(model);
     writer.SendModel(protocol);
     if (writer.CheckList().Status() == Interface_CheckFail)

@@ -113,11 +113,16 @@ TEST(BrepTriangles, AreAsGoodAtEverySizeAndPlace)
 // A sphere shows both: the distance of places on triangles, and of normals, from a formula.
 TEST(BrepTriangles, LieWithinTheToleranceOfTheSurface)
 {
-    for (const double tolerance : {0.1, 1e-3, 2e-4}) {
+    struct Case
+    {
+        double tolerance;
+        double allowed;
+    };
+    for (const auto [tolerance, allowed] :
+         {Case{0.1, 2e-3}, {1e-3, 1e-3}, {2e-4, 2e-4}, {1e-9, 2e-4}}) {
         const ImportedText file(ObjText({Whole(SphereShape(1))}, {}), 1e-3);
         const BrepTriangles triangles = TrianglesOfBrep(*file.Breps().at(0), tolerance);
-        const double allowed = std::min(tolerance, 2e-3);
-        EXPECT_NEAR(triangles.tolerance, allowed, 1e-5);
+        EXPECT_EQ(triangles.isCoarse, tolerance < allowed);
         double off = 0.0;
         double turned = 0.0;
         for (const auto& t : triangles.triangles)
@@ -180,6 +185,7 @@ TEST(BrepTriangles, AreNotManyMoreThanWhatTheSurfaceConsistsOf)
     EXPECT_EQ(triangles.facesWithout, 0U) << triangles.whyWithout;
     EXPECT_LT(triangles.triangles.size(), 500'000U);
     EXPECT_GT(triangles.triangles.size(), 20'000U);
+    EXPECT_TRUE(triangles.isCoarse);
 }
 
 TEST(BrepTriangles, NameFacesThatTheLibraryDoesNotTake)
