@@ -162,9 +162,10 @@ void WriteScatteredWithSeams(const std::string& path, std::size_t bytes, Scatter
             const auto corner = [&](long long down, long long right) {
                 const std::string point =
                     std::to_string(numbering.NumberOf(surface.Place(row + down, column + right)));
-                const long long texture =
-                    chartNumbering.NumberOf(charts.Place(row + down, column + right, column));
-                return point + "/" + std::to_string(texture) + "/" + point;
+                std::string text = point + "/";
+                text += std::to_string(
+                    chartNumbering.NumberOf(charts.Place(row + down, column + right, column)));
+                return text.append("/").append(point);
             };
             WriteTwoTriangles(sink, {corner(0, 0), corner(1, 0), corner(1, 1), corner(0, 1)});
         }
