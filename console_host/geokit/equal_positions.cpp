@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Finds quickly which positions may have an equal one: those whose hash falls on the same one of
-/// many places as that of another position.
+/// Tells quickly which positions may have an equal one: those whose hash shares one of many places
+/// with that of another position.
 class SharedPlaces
 {
 public:

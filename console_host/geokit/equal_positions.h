@@ -15,14 +15,14 @@
 GK_SimpleArray<int> FirstEqualPositions(std::span<const GK_3fPoint> positions,
                                         KelvoWorkSharing* threads);
 
-/// The bits of a position, the same for -0 and 0.
+/// Returns the bits of a position, the same for -0 and 0.
 inline std::array<std::uint32_t, 3> PositionKey(const GK_3fPoint& position)
 {
     const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value + 0.0F); };
     return {bits(position.x), bits(position.y), bits(position.z)};
 }
 
-/// Well mixed, and the same for positions that compare equal.
+/// Returns a well-mixed hash, the same for positions that compare equal.
 inline std::uint64_t PositionHash(const GK_3fPoint& position)
 {
     const auto [x, y, z] = PositionKey(position);

@@ -51,7 +51,7 @@ GK_SimpleArray<int> RemoveInvalidFaces(GK_Mesh& mesh, Marks& used, KelvoWorkShar
     return newIndices;
 }
 
-/// Takes the faces that are gone out of the polygons, and the polygons that lose their last one.
+/// Removes the faces that are gone from the polygons, and polygons left without a face.
 void UpdateNgonFaces(GK_MeshNgonList& ngons, const GK_SimpleArray<int>& newIndices)
 {
     for (int i = 0; i < ngons.Count(); ++i) {
@@ -85,7 +85,7 @@ void KeepMarked(GK_SimpleArray<T>& list, const Marks& used)
     list.SetCount(kept);
 }
 
-/// The new index of each vertex.
+/// Returns the new index of each vertex.
 GK_SimpleArray<int> NewVertexIndices(const Marks& used)
 {
     GK_SimpleArray<int> newIndices;

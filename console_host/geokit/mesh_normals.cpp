@@ -30,7 +30,7 @@ bool SquareIsOrdinary(double squared)
     return squared > 1e-280 && squared < 1e280;
 }
 
-/// The unit vector of any vector; zero when it is zero or not finite.
+/// Returns the unit vector of any vector; zero when it is zero or not finite.
 GK_3dVector ScaledUnitVector(const GK_3dVector& vector)
 {
     const double largest = std::max({std::abs(vector.x), std::abs(vector.y), std::abs(vector.z)});
