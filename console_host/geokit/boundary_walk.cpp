@@ -113,9 +113,7 @@ void Walker::Split(DomainLoop& loop)
 {
     std::vector<DomainPiece>& pieces = loop.pieces;
     const std::size_t count = pieces.size();
-    std::size_t first = 0;
-    while (first < count && !IsBreak(pieces[(first + count - 1) % count], pieces[first], m_plane))
-        ++first;
+    const std::size_t first = FirstAfterBreak(pieces, m_plane);
     if (first == count) {
         if (count == 0)
             return;
@@ -221,6 +219,15 @@ bool IsBreak(const DomainPiece& piece, const DomainPiece& next, const ParameterP
     const Uv start = next.piece.Start();
     return next.afterSeam || plane.PeriodsBetween(end, start) != Uv{} ||
            (plane.CommonPole(end, start) && !plane.Coincide(end, start));
+}
+
+std::size_t FirstAfterBreak(const std::vector<DomainPiece>& pieces, const ParameterPlane& plane)
+{
+    const std::size_t count = pieces.size();
+    std::size_t first = 0;
+    while (first < count && !IsBreak(pieces[(first + count - 1) % count], pieces[first], plane))
+        ++first;
+    return first;
 }
 
 BoundaryWalk WalkBoundary(std::vector<DomainLoop> loops, const ParameterPlane& plane, bool natural)

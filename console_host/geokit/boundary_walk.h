@@ -52,6 +52,9 @@ SeamPlaces StripSeams(std::vector<DomainLoop>& loops, const ParameterPlane& plan
 /// seam, along a pole or along what was taken out.
 bool IsBreak(const DomainPiece& piece, const DomainPiece& next, const ParameterPlane& plane);
 
+/// Returns the first piece of a loop that follows a break; the number of pieces when none does.
+std::size_t FirstAfterBreak(const std::vector<DomainPiece>& pieces, const ParameterPlane& plane);
+
 /// Closes loops along the sides of the domain: where a loop arrives at a seam or a pole, the
 /// boundary of the face goes on along the sides, counter-clockwise, until a loop departs from them.
 /// A loop without pieces stands for the sides themselves. With `natural` they bound the face, and

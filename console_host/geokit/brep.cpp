@@ -8,7 +8,7 @@
 namespace {
 
 template <class Pointer>
-auto At(const GK_ClassArray<Pointer>& list, int index) -> decltype(list[0].get())
+const auto* At(const GK_ClassArray<Pointer>& list, int index)
 {
     return index >= 0 && index < list.Count() ? list[index].get() : nullptr;
 }
@@ -142,29 +142,14 @@ GK_BrepTrim& GK_Brep::NewSingularTrim(const GK_BrepVertex& vertex, GK_BrepLoop& 
     return trim;
 }
 
-GK_Surface* GK_Brep::Surface(int index)
-{
-    return At(m_surfaces, index);
-}
-
 const GK_Surface* GK_Brep::Surface(int index) const
 {
     return At(m_surfaces, index);
 }
 
-GK_Curve* GK_Brep::TrimCurve(int index)
-{
-    return At(m_trimCurves, index);
-}
-
 const GK_Curve* GK_Brep::TrimCurve(int index) const
 {
     return At(m_trimCurves, index);
-}
-
-GK_Curve* GK_Brep::EdgeCurve(int index)
-{
-    return At(m_edgeCurves, index);
 }
 
 const GK_Curve* GK_Brep::EdgeCurve(int index) const

@@ -92,16 +92,6 @@ private:
     bool m_natural = false; // the sides of the domain bound the face
 };
 
-// Returns whether the loop has places where it continues elsewhere on the sides of the domain.
-bool HasBreak(const DomainLoop& loop, const ParameterPlane& plane)
-{
-    const std::vector<DomainPiece>& pieces = loop.pieces;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        if (IsBreak(pieces[i], pieces[(i + 1) % pieces.size()], plane))
-            return true;
-    return false;
-}
-
 BoundedFaces Bounder::Run()
 {
     if (!Shape() || !Orient())
@@ -301,7 +291,8 @@ void Bounder::DropCrossingAtSeams(std::vector<DomainLoop>& loops)
 {
     constexpr double Near = 3e-6;
     const auto isMerged = [&](const DomainLoop& loop) {
-        return loop.type == GK_BrepLoop::inner && HasBreak(loop, m_plane);
+        return loop.type == GK_BrepLoop::inner &&
+               FirstAfterBreak(loop.pieces, m_plane) < loop.pieces.size();
     };
     if (std::none_of(loops.begin(), loops.end(), isMerged))
         return;

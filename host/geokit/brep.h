@@ -144,11 +144,8 @@ public:
     [[nodiscard]] int VertexCount() const { return m_vertices.Count(); }
 
     /// Return the surface or curve of an index, which the brep owns; null when there is none.
-    [[nodiscard]] GK_Surface* Surface(int index);
     [[nodiscard]] const GK_Surface* Surface(int index) const;
-    [[nodiscard]] GK_Curve* TrimCurve(int index);
     [[nodiscard]] const GK_Curve* TrimCurve(int index) const;
-    [[nodiscard]] GK_Curve* EdgeCurve(int index);
     [[nodiscard]] const GK_Curve* EdgeCurve(int index) const;
 
     /// Return a part by its index.

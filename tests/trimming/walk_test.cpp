@@ -28,6 +28,17 @@ std::unique_ptr<VX_Brep> Plate()
     return plate;
 }
 
+// The curve, to be damaged: a brep itself lets nobody change its curves.
+GK_Curve& Changed(const GK_Curve* curve)
+{
+    return const_cast<GK_Curve&>(*curve);
+}
+
+GK_NurbsCurve& BsplineOf(const GK_Curve* curve)
+{
+    return *GK_NurbsCurve::Cast(&Changed(curve));
+}
+
 // Adds to the first coordinate of a curve's control points.
 void MoveAll(GK_NurbsCurve& curve, int stride, double distance)
 {
@@ -83,14 +94,13 @@ TEST(BrepWalk, FindsEachFault)
         {"from vertex 0", [](GK_Brep& b) { b.Vertex(0).point.z += 0.05; }},
         {"leaves the domain",
          [](GK_Brep& b) {
-             dynamic_cast<LineCurve&>(*b.TrimCurve(0)) = {{0, 0, 0}, {4.1, 0, 0}, {0, 4}};
+             dynamic_cast<LineCurve&>(Changed(b.TrimCurve(0))) = {{0, 0, 0}, {4.1, 0, 0}, {0, 4}};
          }},
         {"is not inside the outer loop",
-         [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.TrimCurve(4)), 3, 30.0); }},
-        {"does not run along edge 4",
-         [](GK_Brep& b) { GK_NurbsCurve::Cast(b.EdgeCurve(4))->Reverse(); }},
+         [](GK_Brep& b) { MoveAll(BsplineOf(b.TrimCurve(4)), 3, 30.0); }},
+        {"does not run along edge 4", [](GK_Brep& b) { BsplineOf(b.EdgeCurve(4)).Reverse(); }},
         {"from the surface along trim 4",
-         [](GK_Brep& b) { MoveAll(*GK_NurbsCurve::Cast(b.EdgeCurve(4)), 3, 0.1); }},
+         [](GK_Brep& b) { MoveAll(BsplineOf(b.EdgeCurve(4)), 3, 0.1); }},
         {"trim 1 starts at (4, 0.5)",
          [](GK_Brep& b) { b.Trim(1).SetDomain(GK_Interval(0.5, 4.0)); }},
         {"has 0 trims", [](GK_Brep& b) { LoseEdge(b, 1); }},
