@@ -40,7 +40,7 @@ std::optional<std::wstring> InputAnswers::Answer(const std::wstring& question, b
         case LineResult::Complete:
             return std::wstring(GK_wString(std::string_view(line)).View());
         case LineResult::TooLong:
-            Note(L"That line is too long and was not taken.");
+            Note(L"That line is too long and is ignored.");
             break;
         case LineResult::End:
             if (m_showQuestions)

@@ -54,11 +54,13 @@ std::string PlainHelpText(std::string_view page)
 
 bool ShowHelpTopic(int topicId)
 {
+    const std::filesystem::path file = HelpFile(topicId);
     std::string text;
     try {
-        text = ReadWholeFile(HelpFile(topicId));
-    } catch (const std::runtime_error&) {
-        WriteForPerson(stderr, "There is no help on topic " + std::to_string(topicId) + " here.\n");
+        text = ReadWholeFile(file);
+    } catch (const std::runtime_error& failure) {
+        WriteForPerson(stderr, "cannot show the help page " + PrintableLine(Utf8Path(file)) + ": " +
+                                   failure.what() + "\n");
         return false;
     }
     if (Dialogs().open > 0)

@@ -90,7 +90,7 @@ ProfileStore::ProfileStore(std::filesystem::path path) : m_path(std::move(path))
 /// replaced by settings.
 void ProfileStore::Load()
 {
-    const std::runtime_error isOther("it is no settings file");
+    const std::runtime_error isOther("it is not a settings file");
     const std::string contents = ReadWholeFile(m_path);
     if (contents.find('\0') != std::string::npos)
         throw isOther;

@@ -19,7 +19,7 @@ public:
     ProfileStore() = default;
 
     /// Loads the settings of a file. A file that does not exist yet holds none; neither does one
-    /// that cannot be read or that is no settings file, which is never replaced.
+    /// that cannot be read or that is not a settings file, which is never replaced.
     explicit ProfileStore(std::filesystem::path path);
 
     bool ReadInt(const wchar_t* section, const wchar_t* entry, int& value) override;

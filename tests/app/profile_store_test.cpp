@@ -138,7 +138,7 @@ TEST(ProfileStore, DoesNotReplaceWhatIsNoSettingsFile)
         testing::internal::CaptureStderr();
         EXPECT_EQ(store.Save(), one.isTaken) << one.contents;
         const bool isSaid =
-            testing::internal::GetCapturedStderr().find("no settings file") != std::string::npos;
+            testing::internal::GetCapturedStderr().find("not a settings file") != std::string::npos;
         EXPECT_NE(isSaid, one.isTaken) << one.contents;
         EXPECT_EQ(folder.Read("settings.ini") == one.contents, !one.isTaken) << one.contents;
     }

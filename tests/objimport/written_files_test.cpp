@@ -75,7 +75,7 @@ TEST_F(WrittenFiles, NeverReplaceWhatIsReadOrWrittenOtherwise)
                   "that the import has read");
     ExpectRefused({"--settings", s, "--json", At("maps/brick.png")}, "maps/brick.png", "a texture",
                   "textured.obj");
-    ExpectRefused({"--settings", At("house.mtl")}, "house.mtl", "no settings file");
+    ExpectRefused({"--settings", At("house.mtl")}, "house.mtl", "not a settings file");
     EXPECT_FALSE(fs::exists(folder / "new"));
 }
 

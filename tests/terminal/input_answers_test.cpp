@@ -58,7 +58,7 @@ TEST(InputAnswers, RefusesALineThatNobodyTypes)
     const std::string tooLong(1'000'000, 'x');
     std::string shown;
     EXPECT_THAT(AnswersIn("a\n" + tooLong + "\nb\n" + tooLong, shown), ElementsAre(L"a", L"b"));
-    const std::string note = "That line is too long and was not taken.\n";
+    const std::string note = "That line is too long and is ignored.\n";
     EXPECT_EQ(shown, note + note);
 }
 
