@@ -3,6 +3,7 @@
 #include "objimport/exchange/brep_triangles.h"
 #include "objimport/exchange/counted.h"
 #include "objimport/exchange/document_origin.h"
+#include "objimport/exchange/drawing_losses.h"
 #include "objimport/exchange/glb_buffer.h"
 #include "objimport/exchange/glb_materials.h"
 #include "objimport/exchange/glb_notes.h"
@@ -45,7 +46,6 @@ private:
     int MeshOfOnePoint(int material);
     int AddPrimitive(tinygltf::Primitive primitive);
     void AddRoot();
-    void NoteLosses(const ObjectDrawing& drawing);
 
     const ExchangeDocument& m_document;
     GK_3dPoint m_origin;
@@ -56,18 +56,8 @@ private:
     std::map<int, int> m_onePoints; ///< meshes of one point at the origin, by their materials
     std::size_t m_vertices = 0;
     std::size_t m_triangles = 0;
-    std::size_t m_coarseLines = 0;
-    std::size_t m_coarseSurfaces = 0;
-    std::map<std::string, std::size_t> m_facesWithout; ///< of breps, by the reason
+    DrawingLosses m_losses;
 };
-
-void GlbMaker::NoteLosses(const ObjectDrawing& drawing)
-{
-    if (drawing.isCoarse)
-        ++(drawing.kind == ObjectDrawing::Kind::Line ? m_coarseLines : m_coarseSurfaces);
-    if (drawing.facesWithout > 0)
-        m_facesWithout[drawing.whyWithout] += drawing.facesWithout;
-}
 
 int GlbMaker::AddPrimitive(tinygltf::Primitive primitive)
 {
@@ -123,7 +113,7 @@ void GlbMaker::AddObjects()
     for (std::size_t i = 0; i < m_document.objects.size(); ++i) {
         const ExchangeObject& object = m_document.objects[i];
         const ObjectDrawing drawing = DrawObject(object, m_document.tolerance);
-        NoteLosses(drawing);
+        m_losses.Note(drawing);
         tinygltf::Node node;
         node.name = object.attributes->name.Utf8();
         node.extras = m_notes.NotesFor(i);
@@ -206,15 +196,7 @@ std::string GlbMaker::Contents() const
 std::vector<std::string> GlbMaker::Losses() const
 {
     std::vector<std::string> losses;
-    for (const auto& [why, count] : m_facesWithout)
-        losses.push_back(Counted(count, "face of a brep is", "faces of breps are") +
-                         " left out: " + why);
-    if (m_coarseLines > 0)
-        losses.push_back(Counted(m_coarseLines, "curve is", "curves are") +
-                         " not followed within the tolerance: it would take too many points");
-    if (m_coarseSurfaces > 0)
-        losses.push_back(Counted(m_coarseSurfaces, "surface is", "surfaces are") +
-                         " not followed within the tolerance: it would take too many triangles");
+    m_losses.AppendTo(losses);
     if (m_buffer.ClampedCount() > 0)
         losses.push_back(Counted(m_buffer.ClampedCount(), "coordinate lies", "coordinates lie") +
                          " beyond single precision, at whose limits they stand now");
