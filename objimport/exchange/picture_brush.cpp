@@ -1,5 +1,7 @@
 #include "objimport/exchange/picture_brush.h"
 
+#include "objimport/exchange/picture_textures.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -8,8 +10,12 @@ namespace {
 
 PictureVertex MakeVertex(const GK_3dPoint& place, PictureColor color)
 {
-    return {static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z),
-            color};
+    return {static_cast<float>(place.x),
+            static_cast<float>(place.y),
+            static_cast<float>(place.z),
+            color,
+            0.0F,
+            0.0F};
 }
 
 /// Returns the vector made unit; another one when it has no direction.
@@ -36,16 +42,39 @@ PictureColor Lit(PictureColor color, double brightness)
     return {channel(color.red), channel(color.green), channel(color.blue), color.alpha};
 }
 
+/// Returns the colour of a vertex: its own, as opaque as the surface's, or the surface's.
+PictureColor ColorAt(const ObjectDrawing& drawing, std::uint32_t vertex, PictureColor color)
+{
+    if (drawing.colors.empty())
+        return color;
+    const GK_Color& own = drawing.colors[vertex];
+    return {static_cast<std::uint8_t>(own.Red()), static_cast<std::uint8_t>(own.Green()),
+            static_cast<std::uint8_t>(own.Blue()), color.alpha};
+}
+
+void SetPlaceInImage(const GK_2fPoint& coordinates, PictureVertex& corner)
+{
+    corner.u = std::isfinite(coordinates.x) ? coordinates.x : 0.0F;
+    corner.v = std::isfinite(coordinates.y) ? coordinates.y : 0.0F;
+}
+
 } // namespace
 
-void PictureBrush::DrawTriangles(const ObjectDrawing& drawing, PictureColor color, Sides sides)
+bool PictureBrush::Paint::IsTransparent() const
 {
+    return color.alpha < 255 || (image != nullptr && image->isTransparent);
+}
+
+void PictureBrush::DrawTriangles(const ObjectDrawing& drawing, const Paint& paint, Sides sides)
+{
+    m_canvas.SetImage(paint.image);
     for (const ObjectDrawing::Triangle& triangle : drawing.triangles)
-        DrawTriangle(drawing, triangle, color, sides);
+        DrawTriangle(drawing, triangle, paint, sides);
+    m_canvas.SetImage(nullptr);
 }
 
 void PictureBrush::DrawTriangle(const ObjectDrawing& drawing,
-                                const ObjectDrawing::Triangle& triangle, PictureColor color,
+                                const ObjectDrawing::Triangle& triangle, const Paint& paint,
                                 Sides sides)
 {
     std::array<GK_3dPoint, 3> places;
@@ -63,21 +92,18 @@ void PictureBrush::DrawTriangle(const ObjectDrawing& drawing,
     const GK_3dVector flat = UnitOr(side * across, {0.0, 0.0, 1.0});
     PictureTriangle corners;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        PictureColor own = color;
-        if (!drawing.colors.empty()) {
-            const GK_Color& given = drawing.colors[triangle[i]];
-            own = {static_cast<std::uint8_t>(given.Red()), static_cast<std::uint8_t>(given.Green()),
-                   static_cast<std::uint8_t>(given.Blue()), color.alpha};
-        }
         GK_3dVector normal = flat;
         if (!drawing.normals.empty()) {
             const GK_3fVector& given = drawing.normals[triangle[i]];
             normal = UnitOr(side * m_camera.ToEye({given.x, given.y, given.z}), flat);
         }
-        corners[i] = MakeVertex(places[i], Lit(own, Brightness(normal)));
+        const PictureColor color = ColorAt(drawing, triangle[i], paint.color);
+        corners[i] = MakeVertex(places[i], Lit(color, Brightness(normal)));
+        if (paint.image != nullptr)
+            SetPlaceInImage(drawing.textureCoordinates[triangle[i]], corners[i]);
     }
-    m_canvas.Add(color.alpha == 255 ? PictureCanvas::Mode::Surface
-                                    : PictureCanvas::Mode::Transparent,
+    m_canvas.Add(paint.IsTransparent() ? PictureCanvas::Mode::Transparent
+                                       : PictureCanvas::Mode::Surface,
                  corners);
 }
 

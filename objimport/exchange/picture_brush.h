@@ -21,9 +21,18 @@ public:
     {
     }
 
-    /// Draws the triangles of a mesh or brep in a colour, which those of its vertices replace where
-    /// there are any, in the light that falls on them. Both sides are alike.
-    void DrawTriangles(const ObjectDrawing& drawing, PictureColor color, Sides sides);
+    /// How a surface is covered. The colours of its vertices replace the colour, where there are
+    /// any. The image is laid over by the texture coordinates, which there must be; null: none.
+    struct Paint
+    {
+        PictureColor color;
+        const PictureImage* image = nullptr;
+
+        [[nodiscard]] bool IsTransparent() const;
+    };
+
+    /// Draws the triangles of a mesh or brep in the light that falls on them. Both sides are alike.
+    void DrawTriangles(const ObjectDrawing& drawing, const Paint& paint, Sides sides);
 
     /// Draw lines, and squares or discs at points, of a width in pixels that is the same in every
     /// direction.
@@ -34,7 +43,7 @@ public:
 
 private:
     void DrawTriangle(const ObjectDrawing& drawing, const ObjectDrawing::Triangle& triangle,
-                      PictureColor color, Sides sides);
+                      const Paint& paint, Sides sides);
     void DrawFan(std::span<const GK_3dPoint> corners, PictureColor color);
 
     const PictureCamera& m_camera;

@@ -1,5 +1,7 @@
 #include "objimport/exchange/picture_canvas.h"
 
+#include "objimport/exchange/picture_textures.h"
+
 #include "host/app/dib.h"
 
 #include <GL/osmesa.h>
@@ -60,6 +62,8 @@ PictureCanvas::PictureCanvas(int width, int height, double farthest, double near
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     CheckDrawn();
 }
 
@@ -89,12 +93,39 @@ void PictureCanvas::SetMode() const
     glDepthMask(m_mode == Mode::Transparent ? GL_FALSE : GL_TRUE);
 }
 
+void PictureCanvas::SetImage(const PictureImage* image)
+{
+    if (image == m_image)
+        return;
+    Flush(m_mode);
+    m_image = image;
+    if (image == nullptr)
+        return glDisable(GL_TEXTURE_2D);
+    glEnable(GL_TEXTURE_2D);
+    BindImage();
+}
+
+void PictureCanvas::BindImage()
+{
+    const auto [place, isNew] = m_textures.try_emplace(m_image, 0U);
+    if (!isNew)
+        return glBindTexture(GL_TEXTURE_2D, place->second);
+    glGenTextures(1, &place->second);
+    glBindTexture(GL_TEXTURE_2D, place->second);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_GENERATE_MIPMAP, GL_TRUE);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, m_image->width, m_image->height, 0, GL_RGBA,
+                 GL_UNSIGNED_BYTE, m_image->pixels.data());
+}
+
 void PictureCanvas::Flush(Mode next)
 {
     if (!m_corners.empty()) {
         SetMode();
         glVertexPointer(3, GL_FLOAT, sizeof(PictureVertex), &m_corners.front().x);
         glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(PictureVertex), &m_corners.front().color);
+        glTexCoordPointer(2, GL_FLOAT, sizeof(PictureVertex), &m_corners.front().u);
         glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(m_corners.size()));
     }
     m_corners.clear();

@@ -2,11 +2,13 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <vector>
 
 class CKelvoDib;
+struct PictureImage;
 
 struct PictureColor
 {
@@ -26,6 +28,8 @@ struct PictureVertex
     float y = 0.0F;
     float z = 0.0F;
     PictureColor color;
+    float u = 0.0F; ///< place in the image, if there is one; v runs up
+    float v = 0.0F;
 };
 
 using PictureTriangle = std::array<PictureVertex, 3>;
@@ -78,6 +82,10 @@ public:
         m_corners.insert(m_corners.end(), triangle.begin(), triangle.end());
     }
 
+    /// Covers the triangles that follow with an image, which dims their colours; with none when
+    /// it is null. The image stays the caller's and must outlive the canvas.
+    void SetImage(const PictureImage* image);
+
     /// Ends the tile and copies it to its place in the image, whose pixels have 24 bits.
     void Finish(CKelvoDib& image);
 
@@ -90,6 +98,7 @@ private:
     };
 
     void Flush(Mode next);
+    void BindImage();
     void SetMode() const;
 
     int m_width;
@@ -100,5 +109,7 @@ private:
     Mode m_mode = Mode::Surface;
     std::vector<PictureVertex> m_corners;
     std::vector<std::uint32_t> m_samples; ///< of the canvas, two by two for a pixel
+    const PictureImage* m_image = nullptr;
+    std::map<const PictureImage*, unsigned> m_textures; ///< as the context knows them
     std::unique_ptr<void, EndContext> m_context;
 };

@@ -45,19 +45,10 @@ PictureColor Narrow(PictureColor color)
     return {darker(color.red), darker(color.green), darker(color.blue), 255};
 }
 
-bool HasColorTexture(const GK_Material& material)
-{
-    return std::any_of(material.Textures().begin(), material.Textures().end(),
-                       [](const GK_Texture& texture) {
-                           return texture.on && !texture.filename.IsEmpty() &&
-                                  texture.type == GK_Texture::TYPE::bitmap_texture;
-                       });
-}
-
 } // namespace
 
 PictureScene::PictureScene(const ExchangeDocument& document, const ExchangePicture& picture)
-    : m_document(document), m_camera(picture.view, document.isZUp),
+    : m_document(document), m_textures(document), m_camera(picture.view, document.isZUp),
       m_lineWidth(std::max(2.0, std::min(picture.width, picture.height) / 350.0)),
       m_hasMeshEdges(HasLargeFaces(document, picture)), m_kept(document.objects.size())
 {
@@ -65,7 +56,6 @@ PictureScene::PictureScene(const ExchangeDocument& document, const ExchangePictu
         Prepare(i);
     std::stable_sort(m_transparent.begin(), m_transparent.end(),
                      [](const auto& a, const auto& b) { return a.depth < b.depth; });
-    CountTextures();
     m_camera.Fit(picture.width, picture.height);
 }
 
@@ -106,24 +96,10 @@ void PictureScene::Include(const ObjectDrawing& drawing, std::size_t object)
         m_points += drawing.positions.size();
     if (nearest < farthest)
         return; // nothing is shown
-    if (isSurface && ColorOf(drawing).alpha < 255)
+    if (isSurface && PaintOf(drawing).IsTransparent())
         m_transparent.push_back({object, nearest / 2.0 + farthest / 2.0});
     else
         m_opaque.push_back(object);
-}
-
-void PictureScene::CountTextures()
-{
-    std::vector<bool> isUsed(m_document.materials.size());
-    for (const ExchangeObject& object : m_document.objects) {
-        const int index = object.attributes->materialIndex;
-        if (object.attributes->MaterialSource() == GK::material_from_object && index >= 0 &&
-            index < std::ssize(m_document.materials))
-            isUsed[static_cast<std::size_t>(index)] = true;
-    }
-    for (std::size_t i = 0; i < isUsed.size(); ++i)
-        if (isUsed[i] && HasColorTexture(m_document.materials[i]))
-            ++m_textured;
 }
 
 ObjectDrawing PictureScene::Drawing(std::size_t object) const
@@ -145,14 +121,24 @@ PictureColor PictureScene::ColorOf(const ObjectDrawing& drawing) const
             static_cast<std::uint8_t>(std::lround(255.0 * opacity))};
 }
 
+PictureBrush::Paint PictureScene::PaintOf(const ObjectDrawing& drawing) const
+{
+    PictureBrush::Paint paint{ColorOf(drawing), nullptr};
+    if (!drawing.textureCoordinates.empty())
+        paint.image = m_textures.ImageFor(drawing.material);
+    if (paint.image != nullptr)
+        paint.color = {255, 255, 255, paint.color.alpha}; // the image has the colours
+    return paint;
+}
+
 void PictureScene::DrawSurface(const ObjectDrawing& drawing, PictureBrush& brush) const
 {
-    const PictureColor color = ColorOf(drawing);
-    if (color.alpha == 255) {
-        brush.DrawTriangles(drawing, color, PictureBrush::Sides::Both);
+    const PictureBrush::Paint paint = PaintOf(drawing);
+    if (paint.IsTransparent()) {
+        brush.DrawTriangles(drawing, paint, PictureBrush::Sides::Back);
+        brush.DrawTriangles(drawing, paint, PictureBrush::Sides::Front);
     } else {
-        brush.DrawTriangles(drawing, color, PictureBrush::Sides::Back);
-        brush.DrawTriangles(drawing, color, PictureBrush::Sides::Front);
+        brush.DrawTriangles(drawing, paint, PictureBrush::Sides::Both);
     }
     for (const ObjectDrawing::Segment& segment : drawing.edges)
         brush.DrawSegment(segment, m_lineWidth / 2.0, Edge);
@@ -202,9 +188,6 @@ std::vector<std::string> PictureScene::Losses() const
     if (m_tooFar > 0)
         losses.push_back(Counted(m_tooFar, "corner or point lies", "corners or points lie") +
                          " too far off to be shown");
-    if (m_textured > 0)
-        losses.push_back(
-            "the " + Counted(m_textured, "texture of a material is", "textures of materials are") +
-            " left out: the picture shows the colours of materials alone");
+    m_textures.AppendLosses(losses);
     return losses;
 }

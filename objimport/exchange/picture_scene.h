@@ -2,6 +2,7 @@
 
 #include "objimport/exchange/drawing_losses.h"
 #include "objimport/exchange/picture_brush.h"
+#include "objimport/exchange/picture_textures.h"
 
 #include <memory>
 
@@ -33,14 +34,15 @@ private:
 
     void Prepare(std::size_t object);
     void Include(const ObjectDrawing& drawing, std::size_t object);
-    void CountTextures();
     [[nodiscard]] ObjectDrawing Drawing(std::size_t object) const;
     [[nodiscard]] PictureColor ColorOf(const ObjectDrawing& drawing) const;
+    [[nodiscard]] PictureBrush::Paint PaintOf(const ObjectDrawing& drawing) const;
     void DrawOne(std::size_t object, PictureBrush& brush) const;
     void DrawSurface(const ObjectDrawing& drawing, PictureBrush& brush) const;
     void DrawPoints(const ObjectDrawing& drawing, PictureBrush& brush) const;
 
     const ExchangeDocument& m_document;
+    PictureTextures m_textures;
     PictureCamera m_camera;
     double m_lineWidth;                                 ///< of curves, in pixels
     bool m_hasMeshEdges;                                ///< which help where faces are large
@@ -49,6 +51,5 @@ private:
     std::vector<Transparent> m_transparent; ///< the farthest first
     std::size_t m_points = 0;
     std::size_t m_tooFar = 0; ///< positions that cannot be shown
-    std::size_t m_textured = 0;
     DrawingLosses m_losses;
 };

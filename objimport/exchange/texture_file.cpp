@@ -141,20 +141,29 @@ TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image)
     return state;
 }
 
-TextureState ReadTextureWithAlpha(const GK_wString& colors, const GK_wString& alpha,
-                                  EmbeddedImage& image)
+TextureState ReadPixels(const GK_wString& colors, const GK_wString& alpha, CKelvoDib& image)
 {
     std::unique_ptr<std::FILE, CloseFile> stream;
-    CKelvoDib alphaPixels;
-    CKelvoDib colorPixels;
     if (!colors.IsEmpty())
-        if (const TextureState state = Open(colors, colorPixels, stream);
-            state != TextureState::Read)
+        if (const TextureState state = Open(colors, image, stream); state != TextureState::Read)
             return state;
+    if (alpha.IsEmpty())
+        return TextureState::Read;
+    CKelvoDib alphaPixels;
     if (const TextureState state = Open(alpha, alphaPixels, stream); state != TextureState::Read)
         return state;
     if (colors.IsEmpty())
-        colorPixels = White(alphaPixels.Width(), alphaPixels.Height());
-    SetPng(Combine(colorPixels, alphaPixels), image);
+        image = White(alphaPixels.Width(), alphaPixels.Height());
+    image = Combine(image, alphaPixels);
     return TextureState::Read;
+}
+
+TextureState ReadTextureWithAlpha(const GK_wString& colors, const GK_wString& alpha,
+                                  EmbeddedImage& image)
+{
+    CKelvoDib pixels;
+    const TextureState state = ReadPixels(colors, alpha, pixels);
+    if (state == TextureState::Read)
+        SetPng(pixels, image);
+    return state;
 }

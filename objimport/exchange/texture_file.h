@@ -26,9 +26,12 @@ enum class TextureState
 /// host reads becomes a PNG. Throws std::bad_alloc when out of memory.
 TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image);
 
-/// Reads an image and another one, whose alpha channel, or brightness when it has none, says how
-/// opaque the first is, and makes one PNG of both. An empty name of the first stands for white. The
-/// state is that of the first of the two that could not be read. Throws std::bad_alloc when out of
-/// memory.
+/// Reads the pixels of an image, as opaque as another one says: by its alpha channel, or by its
+/// brightness when it has none. Without the name of the first it is white, without that of the
+/// other it stays as it is; one of them is not empty. The state is that of the first of the two
+/// that could not be read. Throws std::bad_alloc when out of memory.
+TextureState ReadPixels(const GK_wString& colors, const GK_wString& alpha, CKelvoDib& image);
+
+/// The same, as one PNG of both.
 TextureState ReadTextureWithAlpha(const GK_wString& colors, const GK_wString& alpha,
                                   EmbeddedImage& image);

@@ -262,6 +262,80 @@ TEST(Picture, TakesTheColorsOfVertices)
     EXPECT_EQ(Strongest(picture.At(80, 50)), Blue);
 }
 
+/// Writes an image of two by two pixels, upper left, upper right, lower left, lower right; the
+/// number is the opacity of the last.
+std::string WriteImage(const std::string& name, unsigned char lastAlpha)
+{
+    constexpr std::array<std::array<unsigned char, 3>, 4> BlueFirst = {
+        {{0, 200, 0}, {0, 0, 0}, {0, 0, 200}, {200, 0, 0}}};
+    CKelvoDib image(2, 2, 32, true);
+    for (std::size_t i = 0; i < BlueFirst.size(); ++i) {
+        unsigned char* pixel = image.FindDIBBits() + 4 * (i ^ 2U); // the bottom row comes first
+        std::copy(BlueFirst[i].begin(), BlueFirst[i].end(), pixel);
+        pixel[3] = i == 3 ? lastAlpha : 255;
+    }
+    std::string path = testing::TempDir() + name;
+    EXPECT_NE(image.WriteToFile(std::filesystem::path(path).wstring().c_str()), 0);
+    return path;
+}
+
+GK_Material Papered(const std::string& path)
+{
+    GK_Material material = Paint(10, 10, 10);
+    GK_Texture texture;
+    texture.filename = GK_wString(std::filesystem::path(path).wstring());
+    material.AddTexture(texture);
+    return material;
+}
+
+std::unique_ptr<GK_Mesh> QuadWithCoordinates(const GK_3dPoint& corner)
+{
+    auto mesh = Quad(corner, {1, 0, 0}, {0, 1, 0});
+    for (const GK_2fPoint at : {GK_2fPoint{0, 0}, {1, 0}, {1, 1}, {0, 1}})
+        mesh->textureCoordinates.Append(at);
+    return mesh;
+}
+
+TEST(Picture, CoversSurfacesWithTheirTextures)
+{
+    for (const bool isOpaque : {true, false}) {
+        const std::string path = WriteImage("covers.png", isOpaque ? 255 : 0);
+        DocumentBuilder builder;
+        builder.AddMaterial(Papered(path));
+        builder.AddMesh(QuadWithCoordinates({0, 0, 1}));
+        builder.AddMaterial(Paint(220, 220, 0));
+        builder.AddMesh(Quad({0, 0, 0}, {1, 0, 0}, {0, 1, 0}));
+        const Picture picture = Draw(builder.View(), {ExchangeView::Front, 200, 200});
+        EXPECT_EQ(Strongest(picture.At(55, 55)), Green);
+        EXPECT_EQ(Strongest(picture.At(55, 145)), Red);
+        EXPECT_LT(picture.At(145, 55)[Green], 20) << "black";
+        const Color last = picture.At(145, 145);
+        EXPECT_EQ(Strongest(last) == Blue, isOpaque);
+        EXPECT_EQ(last[Red] > 150, !isOpaque) << "what is behind";
+        EXPECT_THAT(picture.outcome.losses, IsEmpty());
+        std::filesystem::remove(path);
+    }
+}
+
+TEST(Picture, ShowsTheMaterialWhereThereIsNoTexture)
+{
+    const std::string path = WriteImage("without.png", 255);
+    DocumentBuilder builder;
+    GK_Material papered = Papered(path);
+    papered.SetDiffuse(GK_Color(0, 0, 220));
+    builder.AddMaterial(papered);
+    builder.AddMesh(Quad({0, 0, 0}, {1, 0, 0}, {0, 1, 0})); // no coordinates
+    GK_Material missing = Papered(path + ".not.there.png");
+    missing.SetDiffuse(GK_Color(220, 0, 0));
+    builder.AddMaterial(missing);
+    builder.AddMesh(QuadWithCoordinates({2, 0, 0}));
+    const Picture picture = Draw(builder.View(), {ExchangeView::Front, 300, 120});
+    EXPECT_EQ(Strongest(picture.At(50, 60)), Blue);
+    EXPECT_EQ(Strongest(picture.At(250, 60)), Red);
+    EXPECT_THAT(picture.outcome.losses, ElementsAre("1 texture is missing"));
+    std::filesystem::remove(path);
+}
+
 /// Whether a pixel is as dark as the edges of faces.
 bool IsEdge(const Color& color)
 {
