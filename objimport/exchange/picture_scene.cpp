@@ -149,12 +149,12 @@ void PictureScene::DrawPoints(const ObjectDrawing& drawing, PictureBrush& brush)
     // Where points are many, they need be neither round nor large to be seen.
     constexpr std::size_t Many = 20'000;
     const double width = m_lineWidth * (m_points > Many ? 1.0 : 3.0);
-    for (std::size_t i = 0; i < drawing.positions.size(); ++i) {
-        const PictureColor color = Narrow(ColorOf(drawing));
+    const PictureColor color = Narrow(ColorOf(drawing));
+    for (const GK_3dPoint& point : drawing.positions) {
         if (m_points > Many)
-            brush.DrawSquare(drawing.positions[i], width, color);
+            brush.DrawSquare(point, width, color);
         else
-            brush.DrawDisc(drawing.positions[i], width, color);
+            brush.DrawDisc(point, width, color);
     }
 }
 

@@ -14,6 +14,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+// Read by the leak sanitizer: Mesa keeps a list of what it has drawn to until the process ends.
+extern "C" const char* __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __lsan_default_suppressions()  // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:libOSMesa\n";
+}
+
 namespace {
 
 using testing::ElementsAre;
