@@ -15,11 +15,13 @@
 #include <gtest/gtest.h>
 
 // Read by the leak sanitizer: Mesa keeps a list of what it has drawn to until the process ends.
-extern "C" const char* __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier)
-extern "C" const char* __lsan_default_suppressions()  // NOLINT(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libOSMesa\n";
 }
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
 
 namespace {
 
