@@ -28,6 +28,16 @@ void CopyRow(const std::uint8_t* samples, std::size_t stride, int count, unsigne
     }
 }
 
+/// Throws std::bad_alloc unless there is memory for what Mesa needs to draw that many samples,
+/// which does not always notice when there is none.
+void CheckMemory(std::size_t sampleCount)
+{
+    constexpr std::size_t OfSample = 16;
+    constexpr std::size_t OfCompiler = std::size_t{256} << 20U; // and of its threads' stacks
+    unsigned char* volatile room = new unsigned char[OfCompiler + sampleCount * OfSample];
+    delete[] room;
+}
+
 /// Throws when drawing has failed.
 void CheckDrawn()
 {
@@ -51,6 +61,7 @@ PictureCanvas::PictureCanvas(int width, int height, double farthest, double near
                 Fineness)
 {
     m_corners.reserve(MostCorners);
+    CheckMemory(m_samples.size());
     m_context.reset(OSMesaCreateContextExt(OSMESA_RGBA, 24, 0, 0, nullptr));
     if (!m_context ||
         OSMesaMakeCurrent(static_cast<OSMesaContext>(m_context.get()), m_samples.data(),
