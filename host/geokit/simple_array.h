@@ -38,9 +38,17 @@ public:
 
     GK_SimpleArray(GK_SimpleArray&& other) noexcept { Swap(other); }
 
-    GK_SimpleArray& operator=(GK_SimpleArray other) noexcept
+    GK_SimpleArray& operator=(const GK_SimpleArray& other)
     {
-        Swap(other);
+        GK_SimpleArray copy(other);
+        Swap(copy);
+        return *this;
+    }
+
+    GK_SimpleArray& operator=(GK_SimpleArray&& other) noexcept
+    {
+        GK_SimpleArray taken(std::move(other));
+        Swap(taken);
         return *this;
     }
 
