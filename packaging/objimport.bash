@@ -1,8 +1,10 @@
 # Completion of objimport's command line in bash: options as its own help names them, their values,
 # OBJ files.
 
+# The help writes a switch and its opposite as one: --[no-]z-up.
 _objimport_options() {
-    "$1" --help 2>/dev/null | grep -E '^ +-' | grep -oE -e '--[a-z][a-z-]*' | sort -u
+    "$1" --help 2>/dev/null | grep -E '^ +-' |
+        sed -E 's/--\[no-\]([a-z-]+)/--\1 --no-\1/' | grep -oE -e '--[a-z][a-z-]*' | sort -u
 }
 
 # The values that the help lists for an option, as in "--groups none|layers".
