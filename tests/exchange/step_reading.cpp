@@ -26,6 +26,23 @@
 #include <memory>
 #include <stdexcept>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <STEPCAFControl_Controller.hxx>
+#include <sanitizer/lsan_interface.h>
+
+namespace {
+
+/// What the library makes once and keeps to the end of the program is no leak.
+[[maybe_unused]] const bool isPrepared = [] {
+    __lsan_disable();
+    STEPCAFControl_Controller::Init();
+    __lsan_enable();
+    return true;
+}();
+
+} // namespace
+#endif
+
 namespace {
 
 std::string TextOf(const TCollection_ExtendedString& text)
