@@ -34,19 +34,18 @@ std::string FirstBytes(const std::filesystem::path& path)
 }
 
 /// Checks a file that can be read; false when reading breaks off.
-bool CheckFile(const CheckRequest& request, const std::string& name, TextOutput& output,
+bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& output,
                Findings& findings)
 {
-    const std::filesystem::path path = PathFromUtf8(name);
     findings.BeginGroup();
-    const int file = findings.AddFile(name);
-    ReportNoText({findings, file, 0}, FirstBytes(path));
-    FilesBeside finder(path);
-    ObjChecker checker(OpenNative(path, "rb"), findings, file, finder, request.tolerance);
+    const int file = findings.AddFile(input.name);
+    ReportNoText({findings, file, 0}, FirstBytes(input.path));
+    FilesBeside finder(input.path);
+    ObjChecker checker(OpenNative(input.path, "rb"), findings, file, finder, request.tolerance);
     const CheckTotals totals = checker.Check();
     if (!request.quiet) {
         WriteFindings(output, findings);
-        WriteCheckSummary(output, name, totals, findings);
+        WriteCheckSummary(output, input.name, totals, findings);
     }
     return findings.CountInGroup(CheckKind::ReadError) == 0;
 }
@@ -54,11 +53,12 @@ bool CheckFile(const CheckRequest& request, const std::string& name, TextOutput&
 bool IsReadBy(const std::string& target, const CheckRequest& request, const Findings& findings)
 {
     const std::filesystem::path path = PathFromUtf8(target);
-    const auto isSame = [&](const std::string& file) {
+    const auto isInput = [&](const InputFile& input) { return IsSameFile(path, input.path); };
+    const auto isFile = [&](const std::string& file) {
         return IsSameFile(path, PathFromUtf8(file));
     };
-    return std::any_of(request.files.begin(), request.files.end(), isSame) ||
-           std::any_of(findings.Files().begin(), findings.Files().end(), isSame);
+    return std::any_of(request.files.begin(), request.files.end(), isInput) ||
+           std::any_of(findings.Files().begin(), findings.Files().end(), isFile);
 }
 
 void WriteSarifTo(std::FILE* stream, const Findings& findings)
@@ -89,11 +89,11 @@ int CheckFilesAgainstFormat(const CheckRequest& request)
     Findings findings(request.all ? Findings::All : MostOfAKind);
     TextOutput output(request.sarif == "-" ? stderr : stdout);
     bool allRead = true;
-    for (const std::string& name : request.files) {
-        const std::string why = WhyUnreadable(PathFromUtf8(name));
+    for (const InputFile& input : request.files) {
+        const std::string& why = input.whyUnreadable;
         if (!why.empty())
-            TellError("cannot read " + name + ": " + why);
-        allRead = why.empty() && CheckFile(request, name, output, findings) && allRead;
+            TellError("cannot read " + input.name + ": " + why);
+        allRead = why.empty() && CheckFile(request, input, output, findings) && allRead;
     }
     if (const std::string why = output.Finish(); !why.empty())
         ThrowCannotWrite("to standard output", why);

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "objimport/input_file.h"
+
+#include <span>
 #include <string>
-#include <vector>
 
 /// What --check is asked for. Texts are UTF-8.
 struct CheckRequest
 {
-    std::vector<std::string> files;
-    std::string
-        sarif; ///< where findings are written as SARIF; empty: nowhere; "-": standard output
+    std::span<const InputFile> files; ///< streams among them have been kept
+    std::string sarif; ///< where findings are written; empty: nowhere; "-": standard output
     double tolerance = 0.001;
     bool all = false; ///< no list is cut short
     bool quiet = false;

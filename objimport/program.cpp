@@ -49,11 +49,10 @@ int Import(const CommandLine& commandLine)
 int RunCheck(const CommandLine& commandLine)
 {
     LoadStrings(commandLine);
-    std::vector<std::string> names;
-    for (const InputFile& file : FindInputFiles(commandLine))
-        names.push_back(file.name);
-    return CheckFilesAgainstFormat({names, commandLine.sarif, commandLine.tolerance,
-                                    commandLine.all, commandLine.quiet});
+    std::vector<InputFile> files = FindInputFiles(commandLine);
+    KeepStreams(files);
+    return CheckFilesAgainstFormat(
+        {files, commandLine.sarif, commandLine.tolerance, commandLine.all, commandLine.quiet});
 }
 
 int Run(const CommandLine& commandLine)

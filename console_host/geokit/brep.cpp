@@ -171,14 +171,16 @@ void GK_Brep::RemoveUnused()
         loop.trimIndices.Shrink();
     for (GK_BrepTrim& trim : m_trims) {
         edges.push_back(&trim.edgeIndex);
-        vertices.insert(vertices.end(), {&trim.vertexIndex[0], &trim.vertexIndex[1]});
+        for (int& vertex : trim.vertexIndex)
+            vertices.push_back(&vertex);
     }
     KeepNamed(m_edges, edges);
     for (GK_BrepEdge& edge : m_edges) {
         edge.trimIndices.Shrink();
         edge.edgeIndex = static_cast<int>(edgeCurves.size());
         edgeCurves.push_back(&edge.curveIndex);
-        vertices.insert(vertices.end(), {&edge.vertexIndex[0], &edge.vertexIndex[1]});
+        for (int& vertex : edge.vertexIndex)
+            vertices.push_back(&vertex);
     }
     KeepNamed(m_surfaces, surfaces);
     KeepNamed(m_edgeCurves, edgeCurves);

@@ -2,6 +2,7 @@
 
 #include "objreader/keyword.h"
 #include "objreader/obj_line_tokenizer.h"
+#include "objreader/statement_table.h"
 #include "objreader/text_bytes.h"
 
 #include <algorithm>
@@ -12,21 +13,10 @@ namespace {
 constexpr std::size_t MostKeywords = 12;
 constexpr std::size_t LongestKeyword = 24;
 
-/// Keywords of statements that are read, and "end", which only says what the next statement says as
-/// well.
-constexpr std::string_view ReadKeywords[] = {"f",     "cstype", "curv",   "curv2", "deg", "g",
-                                             "group", "hole",   "mtllib", "o",     "p",   "parm",
-                                             "surf",  "trim",   "usemtl", "end"};
-
-/// Whether lines with this keyword are read; those that begin with v are told apart by their second
-/// character alone.
+/// Whether lines with this keyword are read; "end" only says what the next statement says as well.
 bool IsRead(const char* keyword)
 {
-    if (Lower(keyword[0]) == 'v')
-        return std::string_view("ntp").find(Lower(keyword[1])) != std::string_view::npos ||
-               keyword[1] == '\0';
-    return std::any_of(std::begin(ReadKeywords), std::end(ReadKeywords),
-                       [&](std::string_view known) { return IsKeyword(keyword, known); });
+    return FindStatement(keyword) != nullptr || IsKeyword(keyword, "end");
 }
 
 /// Whether the line begins as vertices and faces do, which are always read.
