@@ -50,6 +50,11 @@ public:
             i += AddObject(i);
         m_shapes->UpdateAssemblies();
     }
+    Assembly(const Assembly&) = delete;
+    Assembly& operator=(const Assembly&) = delete;
+
+    /// What the parts say of each other would keep them all.
+    ~Assembly() { m_library->Main().Root().ForgetAllAttributes(Standard_True); }
 
     [[nodiscard]] std::string Write(std::FILE* stream) const
     {
