@@ -141,8 +141,7 @@ void CommandLine::AddProgramOptions()
     AddSaveOptions();
     AddSwitch("--check", check,
               "Tell what an import of the files would lose, line\nby line, and import nothing");
-    AddText("--sarif", sarif, "PATH",
-            "Write what --check finds as SARIF; -: to standard\noutput");
+    AddText("--sarif", sarif, "PATH", "Write what --check finds as SARIF; -: to standard\noutput");
     AddSwitch("--all", all, "Show every row of every list");
     AddSwitch("-q,--quiet", quiet, "Show neither messages nor summary");
     m_app->option_defaults()->group("Program");

@@ -48,7 +48,8 @@ std::optional<FoundFile> PlainFileAt(const std::filesystem::path& path, const st
 {
     if (KindOfFile(path) != FileKind::Plain)
         return std::nullopt;
-    FoundFile found{WidePath(path), Utf8Path(path), EndOf(path, name), true};
+    const std::string shown = Utf8Path(std::filesystem::path(path).make_preferred());
+    FoundFile found{WidePath(path), shown, EndOf(path, name), true};
     found.sameCase = IsSameName(found.writtenAs, name);
     return found;
 }

@@ -14,8 +14,8 @@ struct ListCounts
 
     friend ListCounts operator-(const ListCounts& a, const ListCounts& b)
     {
-        return {a.vertices - b.vertices, a.vertexColors - b.vertexColors,
-                a.texCoords - b.texCoords, a.normals - b.normals};
+        return {a.vertices - b.vertices, a.vertexColors - b.vertexColors, a.texCoords - b.texCoords,
+                a.normals - b.normals};
     }
 };
 
