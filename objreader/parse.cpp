@@ -157,7 +157,7 @@ bool ParseWithTeam(ObjReading& reading, const ThreadUse& threads)
     constexpr std::size_t SegmentsPerThread = 2;
     ReadAhead ahead(source.Reader(), threads.blockSize,
                     SegmentsPerThread * threads.team.ThreadCount());
-    source.SetAhead(&ahead);
+    const SegmentSource::AheadUse use(source, ahead);
     bool result = false;
     threads.team.Run([&](unsigned thread) {
         if (thread != 0)
@@ -165,7 +165,6 @@ bool ParseWithTeam(ObjReading& reading, const ThreadUse& threads)
         const StopAtEnd stop{ahead};
         result = ParseLines(reading, [] { return true; });
     });
-    source.SetAhead(nullptr);
     return result;
 }
 

@@ -25,8 +25,22 @@ public:
     /// Where segments come from when they are not read ahead.
     [[nodiscard]] SegmentReader& Reader() { return m_reader; }
 
-    /// From now on segments come from `ahead`, which reads from Reader(); null: no longer.
-    void SetAhead(ReadAhead* ahead) { m_ahead = ahead; }
+    /// While this lives, segments come from a ReadAhead, which reads from Reader().
+    class AheadUse
+    {
+    public:
+        /// Both must outlive this.
+        AheadUse(SegmentSource& source, ReadAhead& ahead) : m_source(source)
+        {
+            source.m_ahead = &ahead;
+        }
+        AheadUse(const AheadUse&) = delete;
+        AheadUse& operator=(const AheadUse&) = delete;
+        ~AheadUse() { m_source.m_ahead = nullptr; }
+
+    private:
+        SegmentSource& m_source;
+    };
 
 private:
     SegmentReader m_reader;

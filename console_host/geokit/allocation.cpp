@@ -15,14 +15,14 @@ namespace {
 
 std::atomic<long>& Failures() noexcept
 {
-    static std::atomic<long> failures = 0;
+    static constinit std::atomic<long> failures = 0;
     return failures;
 }
 
 /// Returns how many allocations, with the one that is to fail, are left; 0: none is to fail.
-long& AllocationsToFailure() noexcept
+std::atomic<long>& AllocationsToFailure() noexcept
 {
-    static long left = 0;
+    static constinit std::atomic<long> left = 0;
     return left;
 }
 
@@ -80,6 +80,12 @@ BlockHeader* Resize(BlockHeader* header, std::size_t size) noexcept
     return resized;
 }
 
+bool IsToFail() noexcept
+{
+    std::atomic<long>& left = AllocationsToFailure();
+    return left > 0 && --left == 0;
+}
+
 } // namespace
 
 void NoteAllocationFailure() noexcept
@@ -105,8 +111,7 @@ void FailAllocation(long nth) noexcept
 
 void* GK_Reallocate(void* block, std::size_t size)
 {
-    long& left = AllocationsToFailure();
-    if ((left > 0 && --left == 0) || size > LargestBlock)
+    if (IsToFail() || size > LargestBlock)
         NoteAllocationFailureAndThrow();
     BlockHeader* const header = Resize(HeaderOf(block), size + sizeof(BlockHeader));
     if (header == nullptr)

@@ -44,9 +44,12 @@ TEST_F(WorkOnATerminal, TakesItsNoteAwayWhenItIsStopped)
     PseudoTerminal terminal(Command());
     terminal.ShownUpTo("scene.txt: making objects");
     terminal.Type("\x03");
-    const std::string rest = terminal.ShownUpTo("");
+    std::string rest = terminal.ShownUpTo("");
+    // The terminal shows the key before or after the signal does its work.
+    if (const std::size_t key = rest.find("^C"); key != std::string::npos)
+        rest.erase(key, 2);
     EXPECT_THAT(rest, HasSubstr("\r    "));
-    EXPECT_EQ(rest.back(), '\r');
+    EXPECT_THAT(rest, testing::EndsWith("\r"));
     EXPECT_EQ(terminal.ExitStatus(), -1) << "a signal ended it";
 }
 
