@@ -80,11 +80,7 @@ void DocumentObjects::BuildRecord(Group_Object& record)
     StageLaps laps(m_times, m_sampling.NextWeight());
     m_attributes.Default();
     m_objectAttributes.MakeAttributes(record, m_attributes);
-    const int material = m_doc.MaterialTable().FindMaterial(GK_wString(*record.materialName), true);
-    if (material != -1) {
-        m_attributes.materialIndex = material;
-        m_attributes.SetMaterialSource(GK::material_from_object);
-    }
+    m_objectAttributes.SetMaterial(record, m_attributes);
     laps.Lap(ImportStage::Attributes);
     AddMesh(laps);
     AddCurves(*record.geometry);

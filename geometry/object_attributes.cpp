@@ -65,6 +65,16 @@ void ObjectAttributes::EnterGroupNames(const Group_Object& record)
     names.entered = true;
 }
 
+void ObjectAttributes::SetMaterial(const Group_Object& record,
+                                   GK_MdxObjectAttributes& attributes) const
+{
+    const int material = m_doc.MaterialTable().FindMaterial(GK_wString(*record.materialName), true);
+    if (material == -1)
+        return;
+    attributes.materialIndex = material;
+    attributes.SetMaterialSource(GK::material_from_object);
+}
+
 int ObjectAttributes::FindOrAddGroup(const GK_wString& name)
 {
     const int found = m_doc.GroupTable().FindGroup(name, 1);

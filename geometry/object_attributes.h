@@ -11,7 +11,7 @@
 /// Document objects are added as ordinary ones, not as references to a linked file.
 inline constexpr bool AddAsReference = false;
 
-/// The layers, groups and names of the document objects of a file.
+/// The layers, groups, names and materials of the document objects of a file.
 class ObjectAttributes
 {
 public:
@@ -21,6 +21,9 @@ public:
     /// Sets the layer, groups and name of a record's objects that the choices call for. False for
     /// an unknown `HowToAddGs`.
     bool MakeAttributes(const Group_Object& record, GK_MdxObjectAttributes& attributes);
+
+    /// Sets the material of a record's objects when the document has one of its name.
+    void SetMaterial(const Group_Object& record, GK_MdxObjectAttributes& attributes) const;
 
     /// Finds or adds the groups or layers of a record's group names, once for all records that
     /// share them.
