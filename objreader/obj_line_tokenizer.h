@@ -81,8 +81,8 @@ public:
     /// The end of the file was met.
     [[nodiscard]] bool AtEnd() const { return m_atEnd; }
 
-    /// Reading broke off with an error of the stream, which counts as the end of the file.
-    [[nodiscard]] bool ReadFailed() const { return m_segment.readFailed; }
+    /// The end of the file was met because of an error of the stream.
+    [[nodiscard]] bool ReadFailed() const { return m_atEnd && m_segment.readFailed; }
 
     [[nodiscard]] int TokenCount() const { return m_tokens.Count(); }
 

@@ -19,7 +19,8 @@ public:
     void Next(Segment& segment);
 
     /// Reads segments for the thread that calls Next, until all are read or Stop is called. Out of
-    /// memory it leaves the reading to that thread. On any number of threads.
+    /// memory, or where a line is very long, it leaves the reading to that thread. On any number of
+    /// threads.
     void Work() noexcept;
 
     void Stop();
@@ -31,16 +32,27 @@ private:
         bool ready = false;
     };
 
-    bool ReadOne();
-    Slot* ReadIntoSlot();
-    [[nodiscard]] bool MayRead() const
+    /// Who a segment is read for.
+    enum class Use
     {
-        return !m_stopped && !m_readAll && m_count < m_ring.size();
+        Later,
+        AtOnce ///< unless others are to be taken before it
+    };
+
+    bool ReadOne(Use use);
+    bool ReadOneForNext();
+    Slot* ReadIntoSlot(Use use);
+    [[nodiscard]] bool MayReadLong(Use use) const { return use == Use::AtOnce && m_count == 0; }
+    [[nodiscard]] bool MayRead(Use use) const
+    {
+        return !m_stopped && !m_readAll && m_count < m_ring.size() &&
+               (!m_isLong || MayReadLong(use));
     }
     [[nodiscard]] bool NextIsReady() const { return m_count > 0 && m_ring[m_first].ready; }
 
     SegmentReader& m_reader;
     std::size_t m_blockSize;
+    std::size_t m_mostAhead; ///< bytes of a segment that is read before it is needed
 
     std::mutex m_readMutex; ///< held while the stream is read
 
@@ -50,5 +62,6 @@ private:
     std::size_t m_first = 0;
     std::size_t m_count = 0;
     bool m_readAll = false;
+    bool m_isLong = false; ///< the next segment to be read is too long to be read ahead
     bool m_stopped = false;
 };

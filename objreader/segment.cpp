@@ -39,7 +39,11 @@ void Segment::ReadRuns()
     const PlainTarget target{lists, *faces, false};
     const char* const front = text.bytes.get();
     std::size_t place = 0;
-    while (place < text.size) {
+    // More of them would take room out of proportion to the text. Whoever takes the segment reads
+    // the rest.
+    constexpr std::size_t TextPerRun = 1024;
+    const std::size_t most = text.size / TextPerRun + 1;
+    while (place < text.size && runs.size() < most) {
         const PlainRun run = ReadPlainLines(front, place, End(), target);
         place = run.end;
         if (run.IsEmpty())
@@ -51,24 +55,33 @@ void Segment::ReadRuns()
     faces->faceEnds.Shrink();
 }
 
-void SegmentReader::Read(Segment& segment, std::size_t blockSize)
+bool SegmentReader::Read(Segment& segment, std::size_t blockSize, std::size_t most)
 {
     segment.runs.clear();
     segment.text.size = 0;
     segment.times = StageTimes();
     StageLaps laps(segment.times);
     try {
-        FillBuffer(segment, blockSize);
+        if (!FillBuffer(segment, blockSize, most)) {
+            PutBack(segment);
+            return false;
+        }
         laps.Lap(ImportStage::ReadBytes);
+        return true;
     } catch (const std::bad_alloc&) {
-        if (segment.text.size > 0)
-            std::swap(segment.text, m_rest);
+        PutBack(segment);
         throw;
     }
 }
 
-/// Reads blocks until a line ends in one.
-void SegmentReader::FillBuffer(Segment& segment, std::size_t blockSize)
+void SegmentReader::PutBack(Segment& segment)
+{
+    if (segment.text.size > 0)
+        std::swap(segment.text, m_rest);
+}
+
+/// Reads blocks until a line ends in one. False, having read more than `most` bytes, when none does.
+bool SegmentReader::FillBuffer(Segment& segment, std::size_t blockSize, std::size_t most)
 {
     TextBuffer& text = segment.text;
     text.Reserve(m_rest.size + blockSize);
@@ -78,16 +91,19 @@ void SegmentReader::FillBuffer(Segment& segment, std::size_t blockSize)
     m_rest.size = 0;
     std::size_t end = 0;
     while (end == 0 && !segment.isLast) {
+        if (text.size > most)
+            return false;
         text.Reserve(text.size + blockSize);
         end = ReadBlock(segment, blockSize);
     }
     if (segment.isLast)
-        return;
+        return true;
     const std::size_t restSize = text.size - end;
     m_rest.Reserve(restSize);
     std::memcpy(m_rest.bytes.get(), text.bytes.get() + end, restSize);
     m_rest.size = restSize;
     text.size = end;
+    return true;
 }
 
 /// Appends a block; returns after which byte the last whole line ends, or 0 when none does.

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -65,14 +66,17 @@ public:
     explicit SegmentReader(std::FILE* stream) : m_stream(stream) {}
 
     /// Reads the next segment, of `blockSize` bytes and what the last block had left, or more where
-    /// lines are longer, into the buffer that `segment` has. Throws std::bad_alloc when out of
-    /// memory; what was read is then part of the next segment. Not to be called after the last one.
-    void Read(Segment& segment, std::size_t blockSize);
+    /// lines are longer, into the buffer that `segment` has. False when it has more than `most`
+    /// bytes. Throws std::bad_alloc when out of memory. In both cases, what was read is part of the
+    /// next segment. Not to be called after the last one.
+    bool Read(Segment& segment, std::size_t blockSize,
+              std::size_t most = std::numeric_limits<std::size_t>::max());
 
     [[nodiscard]] std::size_t BytesRead() const { return m_bytesRead; }
 
 private:
-    void FillBuffer(Segment& segment, std::size_t blockSize);
+    bool FillBuffer(Segment& segment, std::size_t blockSize, std::size_t most);
+    void PutBack(Segment& segment);
     std::size_t ReadBlock(Segment& segment, std::size_t blockSize);
 
     std::FILE* m_stream;

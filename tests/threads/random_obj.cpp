@@ -128,6 +128,8 @@ private:
                         "g c:\\a b c",
                         "\tv 1 2 3",
                         "mtllib none.mtl"});
+        if (Chance(20)) // far beyond the small blocks of tests
+            (m_text += m_lineEnd).append("#f").append(static_cast<std::size_t>(Below(3000)), ' ');
         if (m_faulty && Chance(40))
             m_text += Pick({"\nusemtl", "\nvt x", "\nv 1"});
         EndLine();
