@@ -59,7 +59,7 @@ void SortDistinct(std::vector<V_TN_IDX>& corners)
     if (corners.empty())
         return;
     const VertexRange range = RangeOfVertices(corners);
-    constexpr std::int64_t SlotsPerCorner = 2;
+    constexpr std::int64_t SlotsPerCorner = 8;
     if (range.count <= SlotsPerCorner * static_cast<std::int64_t>(corners.size()))
         corners = SortByVertex(corners, range);
     else

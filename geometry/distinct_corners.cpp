@@ -80,8 +80,10 @@ void DistinctCorners::FindPositions(std::span<const FaceRun> runs, int vertexCou
 {
     m_positions = Positions();
     std::mutex mutex;
-    KelvoForEachIndex(team, runs.size(), [&](std::size_t i) {
-        const Positions positions = PositionsOf(runs[i], vertexCount);
+    KelvoForEachRangeOf(team, runs.size(), 1, [&](std::size_t begin, std::size_t end) {
+        Positions positions;
+        for (const FaceRun& run : runs.subspan(begin, end - begin))
+            positions.Add(PositionsOf(run, vertexCount));
         const std::lock_guard lock(mutex);
         m_positions.Add(positions);
     });
@@ -97,12 +99,14 @@ void DistinctCorners::FillSlots(std::span<const FaceRun> runs, KelvoWorkSharing*
 
     std::mutex mutex;
     const bool sharedByThreads = team != nullptr && runs.size() > 1;
-    KelvoForEachIndex(team, runs.size(), [&](std::size_t i) {
+    KelvoForEachRangeOf(team, runs.size(), 1, [&](std::size_t begin, std::size_t end) {
         std::vector<V_TN_IDX> others;
-        if (sharedByThreads)
-            FillSlotsOf<true>(runs[i], others);
-        else
-            FillSlotsOf<false>(runs[i], others);
+        for (const FaceRun& run : runs.subspan(begin, end - begin)) {
+            if (sharedByThreads)
+                FillSlotsOf<true>(run, others);
+            else
+                FillSlotsOf<false>(run, others);
+        }
         if (others.empty())
             return;
         const std::lock_guard lock(mutex);

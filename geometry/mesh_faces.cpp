@@ -71,6 +71,78 @@ void FillNgon(const GK_MeshNgon& ngon, std::span<const int> s, std::span<const i
 
 } // namespace
 
+/// Makes the faces of runs. Its room is used again from run to run.
+class MeshFaces::Filler
+{
+public:
+    explicit Filler(const MeshFaces& faces)
+        : m_corners(faces.m_corners), m_ngons(faces.m_ngons), m_mesh(faces.m_mesh),
+          m_cutter(faces.m_mesh)
+    {
+    }
+
+    void FillRun(const FaceRun& run, RunPlace place)
+    {
+        for (int face = 0; face < run.faceCount;) {
+            face = TakeNumbers(run, face);
+            int first = 0;
+            for (const int end : m_ends) {
+                Fill({m_numbers.begin() + first, m_numbers.begin() + end}, place);
+                first = end;
+            }
+        }
+    }
+
+private:
+    /// Takes the vertices of some faces; returns which one follows them. Places that files name in
+    /// a scattered order are fetched early and many at a time.
+    int TakeNumbers(const FaceRun& run, int face)
+    {
+        constexpr int ManyCorners = 256;
+        constexpr std::ptrdiff_t CornersAhead = 32;
+        const int* const endOfRun = run.Values().data() + run.Values().size();
+        const std::ptrdiff_t ahead = CornersAhead * run.form.stride;
+        m_numbers.Empty();
+        m_ends.Empty();
+        for (; face < run.faceCount && m_numbers.Count() < ManyCorners; ++face) {
+            const std::span<const int> values = run.FaceValues(face);
+            const int* const end = values.data() + values.size();
+            for (const int* row = values.data(); row != end; row += run.form.stride) {
+                if (endOfRun - row > ahead)
+                    m_corners.FetchNumberOf(row[ahead]);
+                const int number = m_corners.NumberOf(run.CornerAt(row));
+                if (number < 0)
+                    continue;
+                m_numbers.Append(number);
+                __builtin_prefetch(m_mesh.vertices.Array() + number);
+            }
+            m_ends.Append(m_numbers.Count());
+        }
+        return face;
+    }
+
+    /// Makes one face, and steps to the place of the next.
+    void Fill(std::span<const int> s, RunPlace& place)
+    {
+        if (s.size() < 3)
+            return;
+        if (s.size() <= MostSimpleCorners) {
+            m_mesh.faces[place.meshFace++] = SimpleFace(m_mesh, s);
+            return;
+        }
+        const GK_MeshNgon ngon = m_ngons->Ngon(place.ngon++);
+        FillNgon(ngon, s, m_cutter.Cut(s), place.meshFace, m_mesh);
+        place.meshFace += static_cast<int>(ngon.fi.size());
+    }
+
+    const DistinctCorners& m_corners;
+    GK_MeshNgonList* m_ngons;
+    GK_Mesh& m_mesh;
+    PolygonCutter m_cutter;
+    GK_SimpleArray<int> m_numbers; ///< of the corners of some faces, end to end
+    GK_SimpleArray<int> m_ends;    ///< one for each of these faces
+};
+
 MeshFaces::MeshFaces(const DistinctCorners& corners, std::span<const FaceRun> runs,
                      KelvoWorkSharing* team, GK_Mesh& mesh)
     : m_corners(corners), m_runs(runs), m_team(team), m_mesh(mesh)
@@ -86,16 +158,6 @@ int MeshFaces::CornerCount(const FaceRun& run, std::span<const int> values) cons
     for (std::size_t i = 0; i < values.size(); i += run.form.stride)
         count += m_corners.NumberOf(run.CornerAt(&values[i])) >= 0 ? 1 : 0;
     return count;
-}
-
-/// Appends the vertices of a face.
-inline void MeshFaces::TakeNumbers(const FaceRun& run, std::span<const int> values,
-                                   GK_SimpleArray<int>& numbers) const
-{
-    numbers.Empty();
-    for (std::size_t i = 0; i < values.size(); i += run.form.stride)
-        if (const int number = m_corners.NumberOf(run.CornerAt(&values[i])); number >= 0)
-            numbers.Append(number);
 }
 
 bool MeshFaces::Place()
@@ -133,27 +195,11 @@ bool MeshFaces::PlaceRun(const FaceRun& run, RunPlace& next)
 
 void MeshFaces::Fill() const
 {
-    KelvoForEachIndex(m_team, m_runs.size(), [this](std::size_t i) {
-        FillRun(m_runs[i], m_places[i]);
-        ReleaseFaces(m_runs[i]);
-    });
-}
-
-void MeshFaces::FillRun(const FaceRun& run, RunPlace place) const
-{
-    PolygonCutter cutter(m_mesh);
-    GK_SimpleArray<int> numbers;
-    for (int face = 0; face < run.faceCount; ++face) {
-        TakeNumbers(run, run.FaceValues(face), numbers);
-        const std::span<const int> s(numbers.begin(), numbers.end());
-        if (s.size() < 3)
-            continue;
-        if (s.size() <= MostSimpleCorners) {
-            m_mesh.faces[place.meshFace++] = SimpleFace(m_mesh, s);
-            continue;
+    KelvoForEachRangeOf(m_team, m_runs.size(), 1, [this](std::size_t begin, std::size_t end) {
+        Filler filler(*this);
+        for (std::size_t i = begin; i < end; ++i) {
+            filler.FillRun(m_runs[i], m_places[i]);
+            ReleaseFaces(m_runs[i]);
         }
-        const GK_MeshNgon ngon = m_ngons->Ngon(place.ngon++);
-        FillNgon(ngon, s, cutter.Cut(s), place.meshFace, m_mesh);
-        place.meshFace += static_cast<int>(ngon.fi.size());
-    }
+    });
 }

@@ -32,11 +32,10 @@ private:
         int ngon = 0;
     };
 
+    class Filler;
+
     bool PlaceRun(const FaceRun& run, RunPlace& next);
-    void FillRun(const FaceRun& run, RunPlace place) const;
     [[nodiscard]] int CornerCount(const FaceRun& run, std::span<const int> values) const;
-    void TakeNumbers(const FaceRun& run, std::span<const int> values,
-                     GK_SimpleArray<int>& numbers) const;
 
     const DistinctCorners& m_corners;
     std::span<const FaceRun> m_runs;

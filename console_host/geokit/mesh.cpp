@@ -88,10 +88,14 @@ double SixfoldVolume(const GK_Mesh& mesh, std::span<const GK_MeshFace> faces,
         return GK_DotProduct(a - basePoint, GK_CrossProduct(b - a, c - a));
     };
     return WithPositions(mesh, [&](const auto& position) {
+        constexpr std::size_t FacesAhead = 16;
         double sum = 0.0;
-        for (const GK_MeshFace& face : faces) {
+        for (std::size_t i = 0; i < faces.size(); ++i) {
+            const GK_MeshFace& face = faces[i];
             if (!IndicesInRange(face, mesh.VertexCount()))
                 continue;
+            if (i + FacesAhead < faces.size())
+                FetchCorners(faces[i + FacesAhead], mesh.VertexCount(), position);
             const GK_3dPoint a = position(face.vi[0]);
             const GK_3dPoint c = position(face.vi[2]);
             sum += sixfold(a, position(face.vi[1]), c);

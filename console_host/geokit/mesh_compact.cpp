@@ -1,4 +1,4 @@
-#include "host/geokit/mesh.h"
+#include "console_host/geokit/mesh_positions.h"
 
 #include <cstdint>
 
@@ -14,8 +14,13 @@ bool MarkVertices(const GK_Mesh& mesh, Marks& used, KelvoWorkSharing* threads)
     std::atomic<bool> allValid = true;
     const auto faceCount = static_cast<std::size_t>(mesh.FaceCount());
     KelvoForEachRange(threads, faceCount, [&](std::size_t begin, std::size_t end) {
+        constexpr std::size_t FacesAhead = 16;
+        const Positions positions(mesh.vertices.Array());
         for (std::size_t i = begin; i < end; ++i) {
             const GK_MeshFace& face = mesh.faces[static_cast<int>(i)];
+            if (i + FacesAhead < end)
+                FetchCorners(mesh.faces[static_cast<int>(i + FacesAhead)], mesh.VertexCount(),
+                             positions);
             if (!face.IsValid(mesh.VertexCount(), mesh.vertices.Array())) {
                 allValid = false;
                 return;

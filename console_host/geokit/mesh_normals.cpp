@@ -45,9 +45,9 @@ GK_3dVector ScaledUnitVector(const GK_3dVector& vector)
 template <class Position>
 GK_3dVector AreaVector(const GK_MeshFace& face, const Position& position)
 {
-    const GK_3dPoint& a = position(face.vi[0]);
-    const GK_3dPoint& b = position(face.vi[1]);
-    const GK_3dPoint& c = position(face.vi[2]);
+    const GK_3dPoint a = position(face.vi[0]);
+    const GK_3dPoint b = position(face.vi[1]);
+    const GK_3dPoint c = position(face.vi[2]);
     return face.IsTriangle() ? GK_CrossProduct(b - a, c - a)
                              : GK_CrossProduct(c - a, position(face.vi[3]) - b);
 }
@@ -139,6 +139,9 @@ void SumNormals(const GK_Mesh& mesh, const VertexRange& range, GK_3dVector* sums
             if (!range.HoldsOneOf(face) || !IndicesInRange(face, mesh.VertexCount()))
                 continue;
             block[count++] = &face;
+            FetchCorners(face, mesh.VertexCount(), position);
+            for (const int vertex : face.vi)
+                __builtin_prefetch(sums + vertex, 1);
             if (count == BlockSize)
                 addBlock();
         }

@@ -61,17 +61,26 @@ void KelvoForEachIndex(KelvoWorkSharing* threads, std::size_t count, const Work&
     });
 }
 
-/// Divides the numbers below `count` into ranges, some for each thread, and calls `work` with the
-/// beginning and the end of each, as KelvoForEachIndex does. Without threads there is one range.
+/// Divides the numbers below `count` into ranges of at least `smallest`, some for each thread, and
+/// calls `work` with the beginning and the end of each, as KelvoForEachIndex does. Without threads
+/// there is one range.
+template <class Work>
+void KelvoForEachRangeOf(KelvoWorkSharing* threads, std::size_t count, std::size_t smallest,
+                         const Work& work)
+{
+    constexpr std::size_t RangesPerThread = 8;
+    const std::size_t ranges =
+        threads == nullptr ? 1
+                           : std::clamp<std::size_t>(count / smallest, 1,
+                                                     threads->ThreadCount() * RangesPerThread);
+    KelvoForEachIndex(threads, ranges,
+                      [&](std::size_t i) { work(count * i / ranges, count * (i + 1) / ranges); });
+}
+
+/// As KelvoForEachRangeOf, for numbers each of which is little work.
 template <class Work>
 void KelvoForEachRange(KelvoWorkSharing* threads, std::size_t count, const Work& work)
 {
     constexpr std::size_t Smallest = 4096;
-    constexpr std::size_t RangesPerThread = 4;
-    const std::size_t ranges =
-        threads == nullptr ? 1
-                           : std::clamp<std::size_t>(count / Smallest, 1,
-                                                     threads->ThreadCount() * RangesPerThread);
-    KelvoForEachIndex(threads, ranges,
-                      [&](std::size_t i) { work(count * i / ranges, count * (i + 1) / ranges); });
+    KelvoForEachRangeOf(threads, count, Smallest, work);
 }
