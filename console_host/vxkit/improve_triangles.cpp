@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -37,6 +37,8 @@ private:
         return m_points[static_cast<std::size_t>(corner)];
     }
 
+    template <class Use>
+    void ForEachDiagonal(const Use& use) const;
     void Connect();
     void Join(int side, int other);
     void SetTriangle(int first, const std::array<int, 3>& corners);
@@ -48,26 +50,48 @@ private:
     std::vector<int> m_opposite;
 };
 
-/// Joins the two sides of each diagonal: those with the same two ends.
-void TriangleMesh::Connect()
+/// Calls `use` with each diagonal's side and its lower and upper end.
+template <class Use>
+void TriangleMesh::ForEachDiagonal(const Use& use) const
 {
-    std::vector<int> sides(m_corners.size());
-    const auto ends = [this](int side) {
-        return std::pair<int, int>(std::minmax({From(side), From(Next(side))}));
-    };
-    int count = 0;
     for (int side = 0; side < std::ssize(m_corners); ++side) {
-        const auto [lower, upper] = ends(side);
+        const auto [lower, upper] = std::minmax({From(side), From(Next(side))});
         const bool isOutline =
             upper == lower + 1 || (lower == 0 && upper == std::ssize(m_points) - 1);
         if (!isOutline)
-            sides[static_cast<std::size_t>(count++)] = side;
+            use(side, lower, upper);
     }
-    sides.resize(static_cast<std::size_t>(count));
-    std::sort(sides.begin(), sides.end(), [&ends](int a, int b) { return ends(a) < ends(b); });
-    for (std::size_t i = 0; i + 1 < sides.size(); ++i)
-        if (ends(sides[i]) == ends(sides[i + 1]))
-            Join(sides[i], sides[i + 1]);
+}
+
+/// Joins the two sides of each diagonal: those with the same two ends.
+void TriangleMesh::Connect()
+{
+    struct Side
+    {
+        int upper;
+        int side;
+        auto operator<=>(const Side&) const = default;
+    };
+    // Distributed to their lower ends, only a few sides each are left to be sorted.
+    std::vector<int> ends(m_points.size());
+    const auto endOf = [&ends](int lower) -> int& { return ends[static_cast<std::size_t>(lower)]; };
+    ForEachDiagonal([&](int /*side*/, int lower, int /*upper*/) { ++endOf(lower); });
+    int sum = 0;
+    for (int& end : ends)
+        sum += std::exchange(end, sum);
+    std::vector<Side> sides(static_cast<std::size_t>(sum));
+    ForEachDiagonal([&](int side, int lower, int upper) {
+        sides[static_cast<std::size_t>(endOf(lower)++)] = {upper, side};
+    });
+
+    auto first = sides.begin();
+    for (const int end : ends) {
+        const auto last = sides.begin() + end;
+        std::sort(first, last);
+        for (; first != last; ++first)
+            if (first + 1 != last && first->upper == (first + 1)->upper)
+                Join(first->side, (first + 1)->side);
+    }
 }
 
 void TriangleMesh::Join(int side, int other)

@@ -16,6 +16,12 @@ PlanarPoint Difference(const PlanarPoint& a, const PlanarPoint& b)
     return {a.x - b.x, a.y - b.y};
 }
 
+/// From the top down, and from the left to the right.
+bool LiesBefore(const PlanarPoint& a, const PlanarPoint& b)
+{
+    return a.y != b.y ? a.y > b.y : a.x < b.x;
+}
+
 } // namespace
 
 SweepPolygon::SweepPolygon(std::span<const PlanarPoint> points)
@@ -64,16 +70,34 @@ int SweepPolygon::RemoveRepetitions(TriangleWriter& triangles)
 
 bool SweepPolygon::IsBefore(int i, int j) const
 {
-    const auto isBefore = [](const PlanarPoint& a, const PlanarPoint& b) {
-        return a.y != b.y ? a.y > b.y : a.x < b.x;
-    };
     const PlanarPoint& a = Point(i);
     const PlanarPoint& b = Point(j);
     if (a != b)
-        return isBefore(a, b);
+        return LiesBefore(a, b);
     const PlanarPoint stepA = InwardStep(i);
     const PlanarPoint stepB = InwardStep(j);
-    return stepA != stepB ? isBefore(stepA, stepB) : i < j;
+    return stepA != stepB ? LiesBefore(stepA, stepB) : i < j;
+}
+
+std::vector<int> SweepPolygon::CornersInOrder(int count) const
+{
+    // Sorted with their points, they are compared without a look anywhere else.
+    struct Corner
+    {
+        PlanarPoint point;
+        int index;
+    };
+    std::vector<Corner> corners;
+    corners.reserve(static_cast<std::size_t>(count));
+    for (int i = m_first; std::ssize(corners) < count; i = Next(i))
+        corners.push_back({Point(i), i});
+    std::sort(corners.begin(), corners.end(), [this](const Corner& a, const Corner& b) {
+        return a.point != b.point ? LiesBefore(a.point, b.point) : IsBefore(a.index, b.index);
+    });
+    std::vector<int> indices(corners.size());
+    std::transform(corners.begin(), corners.end(), indices.begin(),
+                   [](const Corner& corner) { return corner.index; });
+    return indices;
 }
 
 bool SweepPolygon::IsLeftOf(int from, int i) const

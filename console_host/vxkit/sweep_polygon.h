@@ -28,6 +28,9 @@ public:
     /// Returns whether the sweeping line meets corner `i` before corner `j`.
     [[nodiscard]] bool IsBefore(int i, int j) const;
 
+    /// Returns the corners, `count` of them, in the order in which the sweeping line meets them.
+    [[nodiscard]] std::vector<int> CornersInOrder(int count) const;
+
     /// Returns whether corner `i` lies to the left of the side from corner `from` to the next one.
     [[nodiscard]] bool IsLeftOf(int from, int i) const;
 

@@ -261,12 +261,7 @@ bool TriangulateBySweep(std::span<const PlanarPoint> points, TriangleWriter& tri
 {
     SweepPolygon polygon(points);
     const int count = polygon.RemoveRepetitions(triangles);
-    std::vector<int> corners;
-    corners.reserve(static_cast<std::size_t>(count));
-    for (int i = polygon.First(); std::ssize(corners) < count; i = polygon.Next(i))
-        corners.push_back(i);
-    std::sort(corners.begin(), corners.end(),
-              [&polygon](int i, int j) { return polygon.IsBefore(i, j); });
+    const std::vector<int> corners = polygon.CornersInOrder(count);
     Sweep sweep(polygon, static_cast<int>(points.size()), triangles);
     return std::all_of(corners.begin(), corners.end(),
                        [&sweep](int corner) { return sweep.Meet(corner); }) &&
