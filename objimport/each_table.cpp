@@ -24,7 +24,7 @@ std::size_t CountMissingTextures(const ConsoleDoc& doc)
 /// What a file lost, in a few words.
 std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
 {
-    std::size_t lines = 0;
+    std::size_t lines = import.unread.end.linesAfter;
     for (const auto& [keyword, count] : import.unread.keywords)
         lines += count;
     std::string text;

@@ -51,14 +51,17 @@ void WriteInconsistencies(const Page& page, const ImportJournal& journal)
 
 void WriteNotRead(const Page& page, const UnreadLines& unread)
 {
-    if (unread.keywords.empty())
-        return;
     std::string list;
-    for (const auto& [keyword, count] : unread.keywords)
+    const auto add = [&list](std::size_t lines, const std::string& which) {
         list.append(list.empty() ? "" : ", ")
-            .append(Say(Texts::LinesOf, {Counted(count, Texts::Lines),
-                                         keyword.empty() ? "..." : PrintableLine(keyword)}));
-    page.Warning("  " + Say(Texts::NotRead, {list}));
+            .append(Say(Texts::LinesOf, {Counted(lines, Texts::Lines), which}));
+    };
+    for (const auto& [keyword, count] : unread.keywords)
+        add(count, keyword.empty() ? "..." : PrintableLine(keyword));
+    if (unread.end.linesAfter > 0)
+        add(unread.end.linesAfter, Say(Texts::AfterLine, {Number(unread.end.line)}));
+    if (!list.empty())
+        page.Warning("  " + Say(Texts::NotRead, {list}));
 }
 
 void WriteUndefined(const Page& page, const std::vector<std::string>& names)

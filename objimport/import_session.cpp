@@ -21,12 +21,23 @@
 namespace {
 
 /// A file that does not open has nothing to say of itself; nor has one when out of memory.
-UnreadLines UnreadLinesOf(const InputFile& file)
+UnreadLines UnreadLinesOf(const InputFile& file, bool endedEarly)
 try {
+    EarlyEnd end;
+    if (endedEarly)
+        if (File whole(OpenNative(file.path, "rb")); whole != nullptr)
+            end = FindEarlyEnd(whole.release());
     File stream(OpenNative(file.path, "rb"));
-    return stream != nullptr ? FindUnreadLines(stream.release()) : UnreadLines();
+    return stream != nullptr ? FindUnreadLines(stream.release(), end) : UnreadLines();
 } catch (const std::bad_alloc&) {
     return {};
+}
+
+/// Returns whether the module said of the file that its reading ended early.
+bool EndedEarly(const ImportJournal& journal)
+{
+    const auto& prints = journal.prints;
+    return std::find(prints.begin(), prints.end(), Say(Texts::ReadingErrors)) != prints.end();
 }
 
 /// What the note says while a file is imported.
@@ -84,7 +95,7 @@ const ImportRecord& ImportSession::Import(const InputFile& file)
                                    (import.result ? "something of it is missing\n"
                                                   : "the reading ended before its end\n"));
     if (m_looksForUnreadLines && !import.journal.cancelled)
-        import.unread = UnreadLinesOf(file);
+        import.unread = UnreadLinesOf(file, EndedEarly(import.journal));
     return import;
 }
 

@@ -58,6 +58,12 @@ inline constexpr ProgramText Reading{L"%s: %s %% read", 60021};
 inline constexpr ProgramText Building{L"%s: making objects", 60022};
 inline constexpr ProgramText Writing{L"writing %s", 60023};
 
+inline constexpr ProgramText AfterLine{L"after line %s", 60024};
+
+/// What the module prints when it stops reading a file early.
+inline constexpr ProgramText ReadingErrors{
+    L"Errors occurred reading this file, may be incomplete.\n", 24465};
+
 inline constexpr CountedText Objects{{L"%s object", 60030}, {L"%s objects", 60031}};
 inline constexpr CountedText Meshes{{L"%s mesh", 60032}, {L"%s meshes", 60033}};
 inline constexpr CountedText Curves{{L"%s curve", 60034}, {L"%s curves", 60035}};

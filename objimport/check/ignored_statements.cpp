@@ -1,6 +1,7 @@
 #include "objimport/check/ignored_statements.h"
 
 #include "objimport/check/check_texts.h"
+#include "objreader/keyword.h"
 
 #include <algorithm>
 #include <array>
@@ -50,8 +51,7 @@ void ReportAll(CheckPlace place, const StatementCounts& ignored,
                const CheckText& (*textFor)(std::string_view))
 {
     for (const auto& [keyword, lines] : ignored.ByKeyword()) {
-        // What only ends a curve or surface, and comments after blanks, say nothing.
-        if (keyword == "end" || keyword.starts_with('#'))
+        if (keyword.starts_with('#'))
             continue;
         place.line = lines.first;
         place.Report(textFor(keyword), keyword.empty() ? "..." : keyword, lines.count);
@@ -59,6 +59,16 @@ void ReportAll(CheckPlace place, const StatementCounts& ignored,
 }
 
 } // namespace
+
+bool IsLossOfContent(const CObjLineTokenizer& tokenizer)
+{
+    const char* const keyword = tokenizer.Token(0);
+    if (keyword[0] == '#' || IsKeyword(keyword, "end"))
+        return false;
+    const char* const state = tokenizer.Token(1);
+    const bool isOff = state == nullptr || IsKeyword(state, "off") || IsKeyword(state, "0");
+    return !IsKeyword(keyword, "s") || !isOff;
+}
 
 void ReportIgnoredStatements(CheckPlace place, const StatementCounts& ignored)
 {

@@ -2,6 +2,12 @@
 
 #include "objimport/check/findings.h"
 #include "objimport/check/statement_counts.h"
+#include "objreader/obj_line_tokenizer.h"
+
+/// Returns whether something is lost with the current line, whose statement is not read. Nothing is
+/// with one that only ends a curve or surface, that turns smoothing off, or that is a comment after
+/// blanks.
+bool IsLossOfContent(const CObjLineTokenizer& tokenizer);
 
 // Report the statements that are not read, with their counts, each at its first line.
 

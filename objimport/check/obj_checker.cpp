@@ -158,10 +158,7 @@ bool ObjChecker::HandleLine()
     const Statement* const statement = FindStatement(keyword);
     m_totals.statements.Count(statement != nullptr ? statement->keyword : keyword, m_place.line);
     if (statement == nullptr) {
-        const char* const state = m_tokenizer.Token(1);
-        const bool isOff = IsKeyword(keyword, "s") &&
-                           (state == nullptr || IsKeyword(state, "off") || IsKeyword(state, "0"));
-        if (!isOff)
+        if (IsLossOfContent(m_tokenizer))
             m_ignored.Count(keyword, m_place.line);
         return true;
     }

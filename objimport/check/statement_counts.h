@@ -15,6 +15,8 @@ public:
         std::size_t first = 0; ///< the first such line, from 1
     };
 
+    using Keywords = std::map<std::string, Lines, std::less<>>;
+
     /// Counts a line. Keywords count without regard to case; of more than a few hundred different
     /// ones the rest are counted together, under an empty name.
     void Count(std::string_view keyword, std::size_t line) { CountLines(keyword, line, 1); }
@@ -23,12 +25,9 @@ public:
     void CountLines(std::string_view keyword, std::size_t firstLine, std::size_t count);
 
     /// Returns the lines by keywords in small letters.
-    [[nodiscard]] const std::map<std::string, Lines, std::less<>>& ByKeyword() const
-    {
-        return m_lines;
-    }
+    [[nodiscard]] const Keywords& ByKeyword() const { return m_lines; }
 
 private:
-    std::map<std::string, Lines, std::less<>> m_lines;
+    Keywords m_lines;
     std::string m_lower; ///< scratch
 };

@@ -1,23 +1,19 @@
 #include "objimport/check/unread_lines.h"
 
+#include "objimport/check/ignored_statements.h"
+#include "objimport/check/obj_checker.h"
+#include "objimport/check/raw_line.h"
+#include "objimport/check/statement_counts.h"
 #include "objreader/keyword.h"
 #include "objreader/obj_line_tokenizer.h"
 #include "objreader/statement_table.h"
 #include "objreader/text_bytes.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace {
 
 constexpr std::size_t MostKeywords = 12;
-constexpr std::size_t LongestKeyword = 24;
-
-/// Whether lines with this keyword are read; "end" only says what the next statement says as well.
-bool IsRead(const char* keyword)
-{
-    return FindStatement(keyword) != nullptr || IsKeyword(keyword, "end");
-}
 
 /// Whether the line begins as vertices and faces do, which are always read.
 bool IsPlainStart(const char* line)
@@ -45,19 +41,22 @@ bool SkipPlainLine(CObjLineTokenizer& tokenizer)
     return true;
 }
 
-void CountKeyword(UnreadLines& found, std::string_view keyword)
+/// Appends the keywords in the order of their first lines.
+void AppendKeywords(UnreadLines& found, const StatementCounts& ignored)
 {
-    auto& keywords = found.keywords;
-    keyword = keyword.substr(0, LongestKeyword);
-    auto place = std::find_if(keywords.begin(), keywords.end(),
-                              [&](const auto& known) { return known.first == keyword; });
-    if (place == keywords.end() && keywords.size() >= MostKeywords)
-        place = std::find_if(keywords.begin(), keywords.end(),
-                             [](const auto& known) { return known.first.empty(); });
-    if (place == keywords.end())
-        place = keywords.insert(
-            place, {keywords.size() < MostKeywords ? std::string(keyword) : std::string(), 0});
-    ++place->second;
+    std::vector<const StatementCounts::Keywords::value_type*> order;
+    for (const auto& keyword : ignored.ByKeyword())
+        order.push_back(&keyword);
+    std::sort(order.begin(), order.end(),
+              [](const auto* a, const auto* b) { return a->second.first < b->second.first; });
+    std::size_t rest = 0;
+    for (const auto* keyword : order)
+        if (keyword->first.empty() || found.keywords.size() == MostKeywords)
+            rest += keyword->second.count;
+        else
+            found.keywords.emplace_back(keyword->first, keyword->second.count);
+    if (rest > 0)
+        found.keywords.emplace_back(std::string(), rest);
 }
 
 void NoteMaterial(UnreadLines& found, const CObjLineTokenizer& tokenizer)
@@ -69,24 +68,56 @@ void NoteMaterial(UnreadLines& found, const CObjLineTokenizer& tokenizer)
         found.materials.insert(std::move(name));
 }
 
+void NoteLine(const CObjLineTokenizer& tokenizer, std::size_t line, UnreadLines& found,
+              StatementCounts& ignored)
+{
+    const char* const keyword = tokenizer.Token(0);
+    if (keyword == nullptr)
+        return;
+    if (FindStatement(keyword) == nullptr && IsLossOfContent(tokenizer))
+        ignored.Count(keyword, line);
+    else if (IsKeyword(keyword, "usemtl"))
+        NoteMaterial(found, tokenizer);
+}
+
+/// What a file names is left where it is.
+class NoFiles final : public FileFinder
+{
+public:
+    std::optional<FoundFile> FindLibrary(const std::string&) override { return std::nullopt; }
+    std::optional<FoundFile> FindTexture(const std::string&) override { return std::nullopt; }
+};
+
 } // namespace
 
-UnreadLines FindUnreadLines(std::FILE* stream)
+UnreadLines FindUnreadLines(std::FILE* stream, const EarlyEnd& end)
 {
     UnreadLines found;
+    found.end = end;
+    StatementCounts ignored;
     CObjLineTokenizer tokenizer(stream);
-    while (!tokenizer.AtEnd()) {
-        if (SkipPlainLine(tokenizer))
+    std::string raw;
+    tokenizer.KeepRawLines(raw);
+    std::size_t line = 1;
+    while (!tokenizer.AtEnd() && (end.linesAfter == 0 || line <= end.line)) {
+        if (SkipPlainLine(tokenizer)) {
+            ++line;
             continue;
+        }
         if (!tokenizer.ReadLine())
             break;
-        const char* const keyword = tokenizer.Token(0);
-        if (keyword == nullptr)
-            continue;
-        if (!IsRead(keyword))
-            CountKeyword(found, keyword);
-        else if (IsKeyword(keyword, "usemtl"))
-            NoteMaterial(found, tokenizer);
+        NoteLine(tokenizer, line, found, ignored);
+        line += CountRawLines(raw);
     }
+    AppendKeywords(found, ignored);
     return found;
+}
+
+EarlyEnd FindEarlyEnd(std::FILE* stream)
+{
+    Findings findings(0);
+    NoFiles finder;
+    ObjChecker checker(stream, findings, findings.AddFile({}), finder, 0.0);
+    const CheckTotals totals = checker.Check();
+    return {totals.lines, totals.unread};
 }

@@ -7,17 +7,31 @@
 #include <utility>
 #include <vector>
 
+/// Where an import stops reading a file that goes on.
+struct EarlyEnd
+{
+    std::size_t line = 0;       ///< the last one that is read, from 1
+    std::size_t linesAfter = 0; ///< 0: the file is read to its end
+};
+
 /// What an import ignores in a file, or looks for in vain, as far as the file's own lines tell.
 struct UnreadLines
 {
-    /// Keywords that are not read, each with its number of lines, in the order of the file; after
-    /// many different ones the rest together, under no keyword.
+    /// Keywords that are not read, in small letters, each with its number of lines, in the order of
+    /// the file; after many different ones the rest together, under no keyword.
     std::vector<std::pair<std::string, std::size_t>> keywords;
+
+    EarlyEnd end;
 
     /// The materials that "usemtl" statements name, each once.
     std::set<std::string> materials;
 };
 
-/// Returns what an import of the file of a stream, which is taken over, ignores. The lines that
-/// nearly all files consist of are only stepped over, so this takes a fraction of an import's time.
-UnreadLines FindUnreadLines(std::FILE* stream);
+/// Returns what an import of the file of a stream, which is taken over, ignores up to where it
+/// stops reading. The lines that nearly all files consist of are only stepped over, so this takes a
+/// fraction of an import's time.
+UnreadLines FindUnreadLines(std::FILE* stream, const EarlyEnd& end = {});
+
+/// Returns where an import stops reading the file of a stream, which is taken over. Every line is
+/// read as an import reads it.
+EarlyEnd FindEarlyEnd(std::FILE* stream);

@@ -82,9 +82,10 @@ UnreadLines Unread(const std::string& text)
 TEST(UnreadLines, AreCountedByKeyword)
 {
     EXPECT_THAT(Unread("").keywords, ElementsAre());
-    const UnreadLines found = Unread("v 0 0 0\nl 1 2\n# l 1\nvt 0 0\r\nL 1\rf 1 2 \\\nl 3\n"
-                                     " l 5\nvertex 1\nend\nusemtl a  b\nUSEMTL c\nusemtl\nl");
-    EXPECT_THAT(found.keywords, ElementsAre(Pair("l", 3), Pair("L", 1), Pair("vertex", 1)));
+    const UnreadLines found =
+        Unread("v 0 0 0\nl 1 2\n# l 1\nvt 0 0\r\nL 1\rf 1 2 \\\nl 3\n"
+               " l 5\nvertex 1\nend\nusemtl a  b\nUSEMTL c\nusemtl\ns off\n # s 1\nl");
+    EXPECT_THAT(found.keywords, ElementsAre(Pair("l", 4), Pair("vertex", 1)));
     EXPECT_THAT(found.materials, ElementsAre("a b", "c"));
 }
 

@@ -126,7 +126,10 @@ TEST(FileReport, TellsOutcomeAndLosses)
 
     ImportRecord failed;
     failed.file = "bad.obj";
-    EXPECT_EQ(Report(failed, doc), "bad.obj: the import failed, 0 objects\n");
+    failed.unread.end = {1044, 1};
+    EXPECT_EQ(Report(failed, doc), "bad.obj: the import failed, 0 objects\n"
+                                   "  not read: 1 line (after line 1,044); --check names them\n");
+    failed.unread = {};
     failed.journal.cancelled = true;
     EXPECT_EQ(Report(failed, doc), "bad.obj: cancelled, 0 objects\n");
 }
