@@ -28,6 +28,6 @@ add_library(exchange_breps STATIC
     surface_mesh.cpp
     surface_mesh_refine.cpp)
 target_include_directories(exchange_breps SYSTEM PUBLIC ${OCCT_INCLUDE_FOLDER})
-target_link_libraries(exchange_breps PUBLIC kelvohost ${occt_libraries})
+target_link_libraries(exchange_breps PUBLIC exchange_texts kelvohost ${occt_libraries})
 set_target_properties(exchange_breps PROPERTIES
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)

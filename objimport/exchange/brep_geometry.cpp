@@ -1,5 +1,7 @@
 #include "objimport/exchange/brep_geometry.h"
 
+#include "objimport/exchange/exchange_texts.h"
+
 #include "host/geokit/nurbs_surface.h"
 
 #include <Geom2d_BSplineCurve.hxx>
@@ -63,14 +65,15 @@ gp_Pnt LibraryPoint(const GK_3dPoint& point, const Placing& placing)
 void CheckDegree(int degree)
 {
     if (degree > Geom_BSplineCurve::MaxDegree())
-        throw std::runtime_error("its degree is " + std::to_string(degree) + ", above " +
-                                 std::to_string(Geom_BSplineCurve::MaxDegree()));
+        throw std::runtime_error(
+            Say(ExchangeTexts::DegreeTooHigh,
+                {std::to_string(degree), std::to_string(Geom_BSplineCurve::MaxDegree())}));
 }
 
 void CheckCurve(const GK_NurbsCurve& curve)
 {
     if (!curve.IsValid())
-        throw std::runtime_error("one of its curves is not sound");
+        throw std::runtime_error(Say(ExchangeTexts::CurveUnsound));
     CheckDegree(curve.Degree());
 }
 
@@ -141,7 +144,7 @@ Handle(Geom_BSplineSurface) LibrarySurface(const GK_Surface& surface, const Plac
 {
     const auto* nurbs = GK_NurbsSurface::Cast(&surface);
     if (nurbs == nullptr || !nurbs->IsValid())
-        throw std::runtime_error("its surface is not a sound B-spline");
+        throw std::runtime_error(Say(ExchangeTexts::SurfaceUnsound));
     CheckDegree(std::max(nurbs->Degree(0), nurbs->Degree(1)));
     const int rows = nurbs->ControlPointCount(0);
     const int columns = nurbs->ControlPointCount(1);

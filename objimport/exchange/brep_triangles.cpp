@@ -2,6 +2,7 @@
 
 #include "objimport/exchange/brep_fineness.h"
 #include "objimport/exchange/brep_shape.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/library_failure.h"
 #include "objimport/exchange/surface_mesh.h"
 
@@ -129,7 +130,7 @@ public:
         if (points.empty())
             points = PointsOf(edge, polygon->NbNodes(), at);
         if (points.size() != static_cast<std::size_t>(polygon->NbNodes()))
-            throw std::runtime_error("it was divided otherwise than its neighbour");
+            throw std::runtime_error(Say(ExchangeTexts::DividedDifferently));
         for (int i = 1; i <= polygon->NbNodes(); ++i)
             at(i) = points[static_cast<std::size_t>(i) - 1];
     }
@@ -223,10 +224,11 @@ private:
         constexpr std::size_t MostForSlowWay = 10'000;
         const std::size_t pieces = PiecesOf(m_brep);
         if (m_fineness.tolerance == 0.0)
-            throw std::runtime_error("it has no size, or one beyond all numbers");
+            throw std::runtime_error(Say(ExchangeTexts::NoFiniteSize));
         if (pieces > MostPieces)
-            throw std::runtime_error("its loops consist of " + std::to_string(pieces) +
-                                     " pieces, more than " + std::to_string(MostPieces));
+            throw std::runtime_error(
+                Say(ExchangeTexts::TooManyPieces,
+                    {ExchangeTexts::Number(pieces), ExchangeTexts::Number(MostPieces)}));
         m_faces = LibraryFaces(m_brep, m_fineness.placing);
         const double deflection = m_fineness.tolerance * m_fineness.placing.scale;
         Divide(m_faces, deflection, IMeshTools_MeshAlgoType_Delabella);
@@ -238,7 +240,7 @@ private:
     {
         const TopoDS_Face& face = m_faces[static_cast<std::size_t>(index)];
         if (!AreTrianglesSound(face))
-            throw std::runtime_error("the geometry library finds no triangles that cover it");
+            throw std::runtime_error(Say(ExchangeTexts::NoTriangles));
         const auto* surface =
             GK_NurbsSurface::Cast(m_brep.Surface(m_brep.Face(index).surfaceIndex));
         SurfaceMesh mesh = MeshOf(face, m_fineness.placing, m_edgePoints);

@@ -1,6 +1,7 @@
 // For builds without the library that makes triangles of trimmed surfaces.
 
 #include "objimport/exchange/brep_triangles.h"
+#include "objimport/exchange/exchange_texts.h"
 
 bool HasBrepTriangles()
 {
@@ -12,6 +13,6 @@ BrepTriangles TrianglesOfBrep(const GK_Brep& brep, double)
     BrepTriangles none;
     none.facesWithout = static_cast<std::size_t>(brep.FaceCount());
     none.faceEnds.resize(none.facesWithout);
-    none.whyWithout = "this build was made without Open CASCADE";
+    none.whyWithout = Say(ExchangeTexts::WithoutLibrary);
     return none;
 }

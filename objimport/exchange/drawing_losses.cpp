@@ -1,6 +1,6 @@
 #include "objimport/exchange/drawing_losses.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 
 void DrawingLosses::Note(const ObjectDrawing& drawing)
 {
@@ -13,12 +13,9 @@ void DrawingLosses::Note(const ObjectDrawing& drawing)
 void DrawingLosses::AppendTo(std::vector<std::string>& losses) const
 {
     for (const auto& [why, count] : m_facesWithout)
-        losses.push_back(Counted(count, "face of a brep is", "faces of breps are") +
-                         " left out: " + why);
+        losses.push_back(Counted(count, ExchangeTexts::FacesLeftOut, why));
     if (m_coarseLines > 0)
-        losses.push_back(Counted(m_coarseLines, "curve is", "curves are") +
-                         " not followed within the tolerance: it would take too many points");
+        losses.push_back(Counted(m_coarseLines, ExchangeTexts::CoarseCurves));
     if (m_coarseSurfaces > 0)
-        losses.push_back(Counted(m_coarseSurfaces, "surface is", "surfaces are") +
-                         " not followed within the tolerance: it would take too many triangles");
+        losses.push_back(Counted(m_coarseSurfaces, ExchangeTexts::CoarseSurfaces));
 }

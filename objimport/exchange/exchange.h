@@ -85,11 +85,12 @@ struct ExchangeRequest
     std::FILE* stream = nullptr;
 };
 
-/// What became of it. Texts are UTF-8, one line each, without a full stop.
+/// What became of it. Texts are in the user's language but for the error, in UTF-8, one line each,
+/// without a full stop.
 struct ExchangeOutcome
 {
     std::string error;               ///< why nothing whole was written; empty: all is well
-    std::string contents;            ///< what is in the file: "3 nodes, 24 triangles"
+    std::string contents;            ///< what is in the file: "2 curves, 24 points"
     std::vector<std::string> losses; ///< what the form, or this build, cannot hold, with counts
 };
 

@@ -1,9 +1,9 @@
 #include "objimport/exchange/glb_file.h"
 
 #include "objimport/exchange/brep_triangles.h"
-#include "objimport/exchange/counted.h"
 #include "objimport/exchange/document_origin.h"
 #include "objimport/exchange/drawing_losses.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/glb_buffer.h"
 #include "objimport/exchange/glb_materials.h"
 #include "objimport/exchange/glb_notes.h"
@@ -183,13 +183,14 @@ std::size_t GlbMaker::RoomToWrite() const
 
 std::string GlbMaker::Contents() const
 {
-    std::string text = Counted(m_document.objects.size(), "object", "objects") + " with " +
-                       Counted(m_vertices, "vertex", "vertices") + " and " +
-                       Counted(m_triangles, "triangle", "triangles");
+    std::string text =
+        Say(ExchangeTexts::ObjectsWith, {Counted(m_document.objects.size(), ExchangeTexts::Objects),
+                                         Counted(m_vertices, ExchangeTexts::Vertices),
+                                         Counted(m_triangles, ExchangeTexts::Triangles)});
     if (!m_model.materials.empty())
-        text += ", " + Counted(m_model.materials.size(), "material", "materials");
+        text += ", " + Counted(m_model.materials.size(), ExchangeTexts::Materials);
     if (!m_model.images.empty())
-        text += ", " + Counted(m_model.images.size(), "image", "images");
+        text += ", " + Counted(m_model.images.size(), ExchangeTexts::Images);
     return text;
 }
 
@@ -198,8 +199,7 @@ std::vector<std::string> GlbMaker::Losses() const
     std::vector<std::string> losses;
     m_losses.AppendTo(losses);
     if (m_buffer.ClampedCount() > 0)
-        losses.push_back(Counted(m_buffer.ClampedCount(), "coordinate lies", "coordinates lie") +
-                         " beyond single precision, at whose limits they stand now");
+        losses.push_back(Counted(m_buffer.ClampedCount(), ExchangeTexts::ClampedCoordinates));
     m_materials.AddLosses(losses);
     m_notes.AddLosses(losses);
     return losses;
@@ -220,8 +220,9 @@ void WriteGlb(const ExchangeRequest& request, ExchangeOutcome& outcome)
     // The description of an object takes several KB of memory while it is put together.
     constexpr std::size_t MostObjects = 1'000'000;
     if (request.document->objects.size() > MostObjects) {
-        outcome.error = "the document has " + NumberText(request.document->objects.size()) +
-                        " objects; a GLB is written of up to " + NumberText(MostObjects);
+        outcome.error = "the document has " +
+                        ExchangeTexts::Number(request.document->objects.size()) +
+                        " objects; a GLB is written of up to " + ExchangeTexts::Number(MostObjects);
         return;
     }
     GlbMaker maker(*request.document);

@@ -1,6 +1,6 @@
 #include "objimport/exchange/glb_materials.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/linear_color.h"
 
 #include "host/runtime/file.h"
@@ -193,15 +193,13 @@ void GlbMaterials::SetFirstImageView(int view)
 void GlbMaterials::AddLosses(std::vector<std::string>& losses) const
 {
     if (!m_missing.empty())
-        losses.push_back(Counted(m_missing.size(), "texture is", "textures are") +
-                         " missing: " + FirstOf(m_missing));
+        losses.push_back(
+            Counted(m_missing.size(), ExchangeTexts::TexturesMissing, FirstOf(m_missing)));
     if (!m_broken.empty())
-        losses.push_back(Counted(m_broken.size(), "texture", "textures") +
-                         " could not be read: " + FirstOf(m_broken));
+        losses.push_back(
+            Counted(m_broken.size(), ExchangeTexts::TexturesBroken, FirstOf(m_broken)));
     if (m_bumps > 0)
-        losses.push_back(Counted(m_bumps, "bump texture is", "bump textures are") +
-                         " left out: glTF has none");
+        losses.push_back(Counted(m_bumps, ExchangeTexts::BumpsLeftOut));
     if (m_further > 0)
-        losses.push_back(Counted(m_further, "texture is", "textures are") +
-                         " left out: glTF has one of a kind in a material");
+        losses.push_back(Counted(m_further, ExchangeTexts::TexturesLeftOut));
 }

@@ -1,6 +1,6 @@
 #include "objimport/exchange/glb_notes.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 
 #include <algorithm>
 #include <utility>
@@ -106,6 +106,5 @@ tinygltf::Value GlbNotes::NotesFor(std::size_t index)
 void GlbNotes::AddLosses(std::vector<std::string>& losses) const
 {
     if (m_incomplete > 0)
-        losses.push_back("the groups of " + Counted(m_incomplete, "object are", "objects are") +
-                         " left out: there are too many of them");
+        losses.push_back(Counted(m_incomplete, ExchangeTexts::GroupsLeftOut));
 }

@@ -1,5 +1,7 @@
 #include "objimport/exchange/library_failure.h"
 
+#include "objimport/exchange/exchange_texts.h"
+
 #include <Standard_Failure.hxx>
 #include <Standard_OutOfMemory.hxx>
 #include <exception>
@@ -18,7 +20,7 @@ std::optional<std::string> FailureOf(const std::function<void()>& work)
         throw std::bad_alloc();
     } catch (const Standard_Failure& failure) {
         const std::string text = failure.GetMessageString();
-        return "the geometry library says: " +
-               (text.empty() ? std::string(failure.DynamicType()->Name()) : text);
+        return Say(ExchangeTexts::LibrarySays,
+                   {text.empty() ? std::string(failure.DynamicType()->Name()) : text});
     }
 }

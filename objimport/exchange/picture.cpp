@@ -1,6 +1,6 @@
 #include "objimport/exchange/picture.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/picture_canvas.h"
 #include "objimport/exchange/picture_scene.h"
 #include "objimport/exchange/stream_output.h"
@@ -42,11 +42,11 @@ std::string WritePng(const CKelvoDib& image, std::FILE* stream)
 
 std::string ContentsOf(const PictureScene& scene, const ExchangePicture& picture)
 {
-    std::string text =
-        std::to_string(picture.width) + " x " + std::to_string(picture.height) + " pixels, ";
-    if (scene.ShownCount() == 0)
-        return text + "empty: there is nothing in the document to be seen";
-    return text + Counted(scene.ShownCount(), "object", "objects");
+    const std::string shown = scene.ShownCount() == 0
+                                  ? Say(ExchangeTexts::NothingSeen)
+                                  : Counted(scene.ShownCount(), ExchangeTexts::Objects);
+    return Say(ExchangeTexts::Pixels,
+               {std::to_string(picture.width), std::to_string(picture.height), shown});
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "objimport/exchange/picture_scene.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 
 #include "host/geokit/mesh.h"
 
@@ -186,8 +186,7 @@ std::vector<std::string> PictureScene::Losses() const
     std::vector<std::string> losses;
     m_losses.AppendTo(losses);
     if (m_tooFar > 0)
-        losses.push_back(Counted(m_tooFar, "corner or point lies", "corners or points lie") +
-                         " too far off to be shown");
+        losses.push_back(Counted(m_tooFar, ExchangeTexts::TooFarOff));
     m_textures.AppendLosses(losses);
     return losses;
 }

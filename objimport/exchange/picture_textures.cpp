@@ -1,6 +1,6 @@
 #include "objimport/exchange/picture_textures.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/texture_file.h"
 
 #include <algorithm>
@@ -114,7 +114,7 @@ const PictureImage* PictureTextures::ImageFor(int material) const
 void PictureTextures::AppendLosses(std::vector<std::string>& losses) const
 {
     if (m_missing > 0)
-        losses.push_back(Counted(m_missing, "texture is missing", "textures are missing"));
+        losses.push_back(Counted(m_missing, ExchangeTexts::PictureTexturesMissing));
     if (m_broken > 0)
-        losses.push_back(Counted(m_broken, "texture cannot be read", "textures cannot be read"));
+        losses.push_back(Counted(m_broken, ExchangeTexts::PictureTexturesBroken));
 }

@@ -1,6 +1,6 @@
 #include "objimport/exchange/step_file.h"
 
-#include "objimport/exchange/counted.h"
+#include "objimport/exchange/exchange_texts.h"
 #include "objimport/exchange/step_document.h"
 
 namespace {
@@ -8,15 +8,15 @@ namespace {
 std::string ContentsOf(const StepDocument::Counts& counts)
 {
     std::string text;
-    const auto add = [&](std::size_t count, const char* one, const char* many) {
+    const auto add = [&](std::size_t count, const std::string& counted) {
         if (count > 0)
-            text += (text.empty() ? "" : ", ") + Counted(count, one, many);
+            text += (text.empty() ? "" : ", ") + counted;
     };
-    add(counts.surfaces, "surface", "surfaces");
-    if (counts.surfaces > 0)
-        text += " with " + Counted(counts.faces, "face", "faces");
-    add(counts.curves, "curve", "curves");
-    add(counts.points, "point", "points");
+    add(counts.surfaces,
+        Say(ExchangeTexts::SurfacesWith, {Counted(counts.surfaces, ExchangeTexts::Surfaces),
+                                          Counted(counts.faces, ExchangeTexts::Faces)}));
+    add(counts.curves, Counted(counts.curves, ExchangeTexts::Curves));
+    add(counts.points, Counted(counts.points, ExchangeTexts::Points));
     return text;
 }
 
@@ -24,12 +24,11 @@ std::vector<std::string> LossesOf(const StepDocument::Left& left)
 {
     std::vector<std::string> losses;
     if (left.meshes > 0)
-        losses.push_back(Counted(left.meshes, "mesh is", "meshes are") +
-                         " left out: the STEP file holds surfaces, curves and points");
+        losses.push_back(Counted(left.meshes, ExchangeTexts::MeshesLeftOut));
     for (const auto& [why, count] : left.surfaces)
-        losses.push_back(Counted(count, "surface is", "surfaces are") + " left out: " + why);
+        losses.push_back(Counted(count, ExchangeTexts::SurfacesLeftOut, why));
     for (const auto& [why, count] : left.curves)
-        losses.push_back(Counted(count, "curve is", "curves are") + " left out: " + why);
+        losses.push_back(Counted(count, ExchangeTexts::CurvesLeftOut, why));
     return losses;
 }
 

@@ -6,11 +6,18 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>
+#include <set>
+#include <sstream>
 #include <string>
 
 namespace {
 
 namespace fs = std::filesystem;
+
+fs::path Example(const char* name)
+{
+    return fs::path(PROJECT_FOLDER) / "examples" / name;
+}
 
 /// Uses the German table for as long as it lives.
 class GermanTable
@@ -18,42 +25,64 @@ class GermanTable
 public:
     GermanTable()
     {
-        ConsoleApp::Instance().SetStrings(
-            StringTable::Load(fs::path(PROJECT_FOLDER) / "examples" / "summary.de.txt"));
+        ConsoleApp::Instance().SetStrings(StringTable::Load(Example("summary.de.txt")));
     }
     GermanTable(const GermanTable&) = delete;
     GermanTable& operator=(const GermanTable&) = delete;
     ~GermanTable() { ConsoleApp::Instance().SetStrings({}); }
 };
 
-/// The program's texts by their ids, as they stand in its sources.
-std::map<int, std::wstring> TextsOfSources()
+using TextsById = std::map<int, std::wstring>;
+
+/// Adds the texts that a source gives ids; none may have the id of another.
+void AddTextsOfSource(const fs::path& path, TextsById& texts)
 {
-    std::map<int, std::wstring> texts;
-    static const std::regex TextAndId(R"lit(L"((?:[^"\\]|\\.)*)",\s*(60\d{3})\})lit");
-    for (const char* name : {"program_texts.h", "host_reasons.cpp"}) {
-        const std::string source = std::regex_replace(
-            ReadBytes(fs::path(PROJECT_FOLDER) / "objimport" / name), std::regex(R"("\s+L")"), "");
-        for (std::sregex_iterator found(source.begin(), source.end(), TextAndId), end; found != end;
-             ++found) {
-            const std::string text = found->str(1);
-            EXPECT_TRUE(
-                texts.emplace(std::stoi(found->str(2)), std::wstring(text.begin(), text.end()))
-                    .second)
-                << found->str();
-        }
+    static const std::regex TextAndId(R"lit(L"((?:[^"\\]|\\.)*)",\s*(\d+)[})])lit");
+    static const std::regex Joint(R"("\s+L")");
+    const std::string source = std::regex_replace(ReadBytes(path), Joint, "");
+    for (std::sregex_iterator found(source.begin(), source.end(), TextAndId), end; found != end;
+         ++found) {
+        const std::string text = found->str(1);
+        const std::wstring wide(text.begin(), text.end());
+        EXPECT_TRUE(texts.emplace(std::stoi(found->str(2)), wide).second)
+            << found->str() << " in " << path;
     }
+}
+
+/// The program's texts by their ids, as they stand in its sources.
+TextsById TextsOfSources()
+{
+    TextsById texts;
+    for (const auto& entry :
+         fs::recursive_directory_iterator(fs::path(PROJECT_FOLDER) / "objimport"))
+        if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
+            AddTextsOfSource(entry.path(), texts);
     return texts;
 }
 
-TEST(ProgramTexts, AreAllInTheGermanTable)
+TEST(ProgramTexts, AreAllInGerman)
 {
-    const std::map<int, std::wstring> texts = TextsOfSources();
-    EXPECT_GT(texts.size(), 150U);
-    StringTable table = StringTable::Load(fs::path(PROJECT_FOLDER) / "examples" / "summary.de.txt");
+    const TextsById texts = TextsOfSources();
+    for (const int id : {41001, 41135, 41201, 41411, 41502, 41579, 60002, 60264})
+        EXPECT_TRUE(texts.contains(id)) << id;
+    StringTable table = StringTable::Load(Example("strings.de.txt"));
+    table.Add(StringTable::Load(Example("summary.de.txt")));
     for (const auto& [id, text] : texts)
         EXPECT_NE(table.Localize(text.c_str(), id), text.c_str())
             << id << " is not translated, or has other placeholders";
+}
+
+TEST(ProgramTexts, AreWhatTheGermanTableHolds)
+{
+    const TextsById texts = TextsOfSources();
+    std::istringstream lines(ReadBytes(Example("summary.de.txt")));
+    std::set<int> ids;
+    for (std::string line; std::getline(lines, line);) {
+        const int id = std::stoi(line);
+        EXPECT_TRUE(ids.insert(id).second) << line;
+        EXPECT_TRUE(texts.contains(id)) << line;
+    }
+    EXPECT_GT(ids.size(), 300U);
 }
 
 TEST(ProgramTexts, TakeTheirArgumentsInOrder)

@@ -101,6 +101,17 @@ TEST_F(SavedFiles, AreWrittenAndTold)
     EXPECT_EQ(Save({"--quiet", "--save", At("a.glb")}).output, "");
 }
 
+TEST_F(SavedFiles, AreToldInTheUsersLanguage)
+{
+    fs::remove_all(folder / "maps");
+    const ProcessResult result =
+        Save({"--strings", At("summary.de.txt"), "--save", At("a.glb")}, "textured.obj");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, HasSubstr(" Objekte ("));
+    EXPECT_THAT(result.output, HasSubstr(" Dreiecke), "));
+    EXPECT_THAT(result.output, HasSubstr(" Texturen fehlen: "));
+}
+
 TEST_F(SavedFiles, AreTurnedWhenTheImportTurnsTheFile)
 {
     EXPECT_EQ(Save({"--z-up", "--save", At("a.glb")}).status, 0);
