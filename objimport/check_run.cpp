@@ -33,7 +33,7 @@ std::string FirstBytes(const std::filesystem::path& path)
     throw ProgramError("cannot write " + target + ": " + why);
 }
 
-/// Checks a file that can be read; false when reading breaks off.
+/// Checks a file that can be read; returns false when reading fails before its end.
 bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& output,
                Findings& findings)
 {

@@ -21,7 +21,7 @@ std::string Lower(std::string text)
     return text;
 }
 
-/// "a", "a and b", "a, b and c".
+/// Returns "a", "a and b", "a, b and c".
 std::string Listed(const std::vector<std::string>& words, const char* last)
 {
     std::string text;

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Null when there is none.
+/// Returns a name; none when it is empty.
 std::optional<std::string> TextOf(const GK_wString& name)
 {
     return name.IsEmpty() ? std::nullopt : std::optional(name.Utf8());

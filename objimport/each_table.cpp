@@ -21,7 +21,7 @@ std::size_t CountMissingTextures(const ConsoleDoc& doc)
     return missing.size();
 }
 
-/// What a file lost, in a few words.
+/// Returns what a file lost, in a few words.
 std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
 {
     std::size_t lines = import.unread.end.linesAfter;

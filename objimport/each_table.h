@@ -18,8 +18,8 @@ public:
     /// Adds a file that could not be read.
     void AddUnreadable(const InputFile& file);
 
-    /// Writes one row for each file: its name, how it went, how many objects it brought, and what
-    /// was lost.
+    /// Writes one row for each file: its name, how it went, how many objects it added, and what was
+    /// lost.
     void Write(const Page& page) const;
 
 private:

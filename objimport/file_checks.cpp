@@ -16,8 +16,8 @@
 
 namespace {
 
-/// What tells the places of files apart, whether there are files yet or not: volume and index of a
-/// file, or those of its folder with its name.
+/// What distinguishes the places of files, whether the files exist yet or not: volume and index of
+/// a file, or those of its folder with its name.
 using FilePlace = std::tuple<std::uint64_t, std::uint64_t, std::filesystem::path::string_type>;
 
 FilePlace PlaceOf(const std::filesystem::path& path)

@@ -41,7 +41,7 @@ bool IsPattern(std::string_view name)
 
 bool MatchesPattern(std::string_view name, std::string_view pattern, bool ignoreCase)
 {
-    std::string_view afterStar = pattern; // where to go on when the last '*' takes one more
+    std::string_view afterStar = pattern; // where to continue when the last '*' takes one more
     std::string_view taken = name;        // what that '*' leaves
     bool sawStar = false;
     while (!name.empty()) {

@@ -13,5 +13,5 @@ std::string OutcomeText(const ImportRecord& import);
 /// Returns the materials that a file wants and the document lacks, in the order of their names.
 std::vector<std::string> UndefinedMaterials(const ImportRecord& import, const ConsoleDoc& doc);
 
-/// Writes how the import of a file went, what it brought, and what it lost.
+/// Writes how the import of a file went, what it added, and what it lost.
 void WriteFileReport(const Page& page, const ImportRecord& import, const ConsoleDoc& doc);

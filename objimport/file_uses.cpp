@@ -18,7 +18,7 @@ bool IsTextureOf(const GK_Material& material, const FileIdentity& file)
     });
 }
 
-/// What the file is to the document, when it is to be kept: "a texture"; null otherwise.
+/// Returns what the file is to the document, when it is to be kept: "a texture"; null otherwise.
 const char* UseOf(const FileIdentity& file, const ConsoleDoc& doc)
 {
     if (ConsoleApp::Instance().FilesRead().contains(file))

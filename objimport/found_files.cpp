@@ -15,7 +15,7 @@ std::wstring Wide(const std::string& utf8)
     return std::wstring(GK_wString(std::string_view(utf8)).View());
 }
 
-/// Whether a name says where its file is: with drive, folder, name and extension.
+/// Returns whether a name says where its file is: with drive, folder, name and extension.
 bool IsFull(std::wstring_view name)
 {
     const PathParts parts = SplitPath(name);
@@ -29,14 +29,14 @@ bool HasLongPart(std::wstring_view name)
     return std::max({parts.dir.size(), parts.fname.size(), parts.ext.size()}) > MostInAPart;
 }
 
-/// The end of a path that takes the place of a name.
+/// Returns the end of a path that takes the place of a name.
 std::string EndOf(const std::filesystem::path& path, const std::string& name)
 {
     const std::string whole = Utf8Path(path);
     return whole.size() >= name.size() ? whole.substr(whole.size() - name.size()) : whole;
 }
 
-/// The same name, however its folders are told apart.
+/// Returns whether names are the same, whichever separators stand between their folders.
 bool IsSameName(std::string a, std::string b)
 {
     std::replace(a.begin(), a.end(), '\\', '/');
@@ -58,7 +58,7 @@ std::optional<FoundFile> PlainFileAt(const std::filesystem::path& path, const st
 
 FilesBeside::FilesBeside(const std::filesystem::path& objFile) : m_folder(objFile.parent_path()) {}
 
-/// A library is looked for in the current folder first.
+/// Looks for a library in the current folder first.
 std::optional<FoundFile> FilesBeside::FindLibrary(const std::string& name)
 {
     if (const std::filesystem::path unchanged(name); KindOfFile(unchanged) == FileKind::Plain)

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Single-precision values stand as the doubles that they exactly are.
+/// Returns coordinates; single-precision values as the doubles that they exactly are.
 template <class Point>
 std::array<double, 3> Coordinates(const Point& point)
 {

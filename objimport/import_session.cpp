@@ -20,7 +20,7 @@
 
 namespace {
 
-/// A file that does not open has nothing to say of itself; nor has one when out of memory.
+/// Returns what an import ignores in a file; nothing when it does not open, or when out of memory.
 UnreadLines UnreadLinesOf(const InputFile& file, bool endedEarly)
 try {
     EarlyEnd end;
@@ -40,7 +40,7 @@ bool EndedEarly(const ImportJournal& journal)
     return std::find(prints.begin(), prints.end(), Say(Texts::ReadingErrors)) != prints.end();
 }
 
-/// What the note says while a file is imported.
+/// Returns what the note shows while a file is imported.
 WorkNote::Subject NoteOf(const InputFile& file)
 {
     if (!IsTerminal(stderr))
@@ -66,7 +66,7 @@ bool ImportSession::ReadFile(const InputFile& file)
     } catch (const std::bad_alloc&) {
         return false;
     } catch (const std::exception& failure) {
-        NoteGuestFault("ReadFile", std::string("it let an exception out: ") + failure.what());
+        NoteGuestFault("ReadFile", std::string("it threw an exception: ") + failure.what());
         return false;
     }
 }

@@ -16,9 +16,9 @@ namespace {
 
 constexpr const char* StandardInput = "-";
 
-/// Whether the plug-in finds the file by the wide name that it is given. Off Windows a file name
-/// may hold '\' or bytes that are no UTF-8.
-bool CanBeHandedOver(const std::filesystem::path& path)
+/// Returns whether the plug-in finds the file by the wide name that it is given. Off Windows a file
+/// name may hold '\' or bytes that are not UTF-8.
+bool CanBePassed(const std::filesystem::path& path)
 {
     const std::filesystem::path absolute = AbsolutePath(path);
     const std::filesystem::path found = NativePath(WidePath(absolute));
@@ -36,13 +36,13 @@ InputFile FileOfName(const std::string& name)
     if (IsStream(file))
         return file;
     file.whyUnreadable = WhyUnreadable(file.path);
-    if (file.whyUnreadable.empty() && !CanBeHandedOver(file.path))
+    if (file.whyUnreadable.empty() && !CanBePassed(file.path))
         file.whyUnreadable =
-            "a name with '\\' or with bytes that are no UTF-8 cannot be given to the plug-in";
+            "a name with '\\' or with bytes that are not UTF-8 cannot be passed to the plug-in";
     return file;
 }
 
-/// Whether the name is to be taken for a pattern: one that no file has.
+/// Returns whether the name is to be taken for a pattern: one that no file has.
 bool IsToBeFound(const std::string& name)
 {
     if (!IsPattern(name))
@@ -51,12 +51,13 @@ bool IsToBeFound(const std::string& name)
     return kind == FileKind::Missing || kind == FileKind::Unknown;
 }
 
-/// The current folder, where libraries and textures are looked for; else that of temporary files.
+/// Returns a new file in the current folder, where libraries and textures are looked for, or else
+/// in that of temporary files.
 std::unique_ptr<TemporaryFile> MakeTemporaryFile()
 {
     std::error_code error;
     const std::filesystem::path current = std::filesystem::current_path(error);
-    if (!error && CanBeHandedOver(current)) {
+    if (!error && CanBePassed(current)) {
         try {
             return std::make_unique<TemporaryFile>(current);
         } catch (const std::runtime_error&) {

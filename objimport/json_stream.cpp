@@ -20,7 +20,8 @@ void WriteEscape(TextOutput& output, char32_t code)
         output.Write(Digits[code >> (bits - 4) & 0xFU]);
 }
 
-/// JSON asks for some escapes; the others keep names in a document from steering a terminal.
+/// Returns whether a character is escaped: JSON requires some escapes; the others keep names in a
+/// document from controlling a terminal.
 bool NeedsEscape(char32_t code)
 {
     return code == '"' || code == '\\' || IsSteering(code);

@@ -8,12 +8,12 @@
 #include <string>
 #include <string_view>
 
-/// Writes a text in UTF-8 as a JSON string. Bytes that are no UTF-8 become U+FFFD, one for each
+/// Writes a text in UTF-8 as a JSON string. Bytes that are not UTF-8 become U+FFFD, one for each
 /// beginning of a character that is not finished.
 void WriteJsonText(TextOutput& output, std::string_view text);
 
 /// Writes one JSON value piece by piece, so that a large document is never held as text or as a
-/// tree. The caller keeps the pieces in order; commas come by themselves.
+/// tree. The caller keeps the pieces in order; commas are added automatically.
 class JsonStream
 {
 public:
@@ -27,7 +27,7 @@ public:
     /// Puts the next element, or the end, on a line of its own.
     void NewLine() { m_newLine = true; }
 
-    /// The name of the member whose value comes next.
+    /// Writes the name of the member whose value comes next.
     void Key(std::string_view name)
     {
         Separate();
@@ -41,7 +41,7 @@ public:
     void Value(int number) { Element(number); }
     void Value(bool value) { Element(value ? "true" : "false"); }
 
-    /// A text in UTF-8; bytes that are none stand as U+FFFD.
+    /// Writes a text in UTF-8; bytes that are not UTF-8 become U+FFFD.
     void Value(std::string_view text)
     {
         Separate();
@@ -50,7 +50,7 @@ public:
     void Value(const std::string& text) { Value(std::string_view(text)); }
     void Value(const char* text) { Value(std::string_view(text)); }
 
-    /// Null where there is no text.
+    /// Writes null where there is no text.
     void Value(const std::optional<std::string>& text)
     {
         if (text)
@@ -59,7 +59,7 @@ public:
             Element("null");
     }
 
-    /// A list of numbers.
+    /// Writes a list of numbers.
     template <std::ranges::range Numbers>
     requires std::same_as < std::ranges::range_value_t<Numbers>,
     int > ||
@@ -71,7 +71,7 @@ public:
         EndArray();
     }
 
-    /// The name and the value of one member after the other.
+    /// Writes the name and the value of one member after the other.
     template <class ValueType, class... Rest>
     void Members(std::string_view name, const ValueType& value, const Rest&... rest)
     {
@@ -81,7 +81,7 @@ public:
             Members(rest...);
     }
 
-    /// An object of such members.
+    /// Writes an object of such members.
     template <class... NamesAndValues>
     void Object(const NamesAndValues&... members)
     {
@@ -90,7 +90,7 @@ public:
         EndObject();
     }
 
-    /// A member that is a list: `write` is called for each element.
+    /// Writes a member that is a list: `write` is called for each element.
     template <class List, class Write>
     void ListMember(std::string_view name, const List& list, Write write)
     {

@@ -45,7 +45,7 @@ std::string GroupNames(const ConsoleDoc& doc, const std::vector<int>& groups)
     return text.empty() ? NoCell : text;
 }
 
-/// The cells that every kind of object has.
+/// Returns the cells that every kind of object has.
 std::vector<std::string> CommonCells(const ConsoleDoc& doc, int index)
 {
     const GK_MdxObjectAttributes& attributes = *doc.Object(index).attributes;
@@ -127,7 +127,7 @@ struct SizeCells
     }
 };
 
-/// The columns of a kind's size, in the order of SizeCells.
+/// Returns the columns of a kind's size, in the order of SizeCells.
 std::vector<TextTable::Column> SizeColumns(std::size_t kind)
 {
     const std::vector<std::vector<TextTable::Column>> columns = {

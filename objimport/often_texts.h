@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Texts that come up once or more, and of what. One file can ask for very many.
+/// Texts that occur once or more often, and what they are about. One file can cause very many.
 class OftenTexts
 {
 public:
@@ -18,7 +18,7 @@ public:
     /// Adds a text of something; its number is 0 when it has none, and stands after the mark.
     void Add(const std::string& text, int number = 0, const ProgramText& mark = Texts::NumberMark);
 
-    /// Writes the texts, each once, in the order in which they first came up.
+    /// Writes the texts, each once, in the order in which they first occurred.
     void Write(const Page& page) const;
 
 private:
@@ -35,5 +35,5 @@ private:
     std::size_t m_most;
     std::vector<OftenText> m_texts;
     std::map<std::string, std::size_t> m_places;
-    std::size_t m_leftOut = 0; ///< texts that came up when there were enough
+    std::size_t m_leftOut = 0; ///< texts that occurred when there were enough
 };

@@ -14,7 +14,7 @@ public:
     /// How many rows of a long list are shown.
     static constexpr std::size_t ShownRows = 20;
 
-    /// Columns of a page that is no terminal.
+    /// Columns of a page that is not a terminal.
     static constexpr int UsualWidth = 80;
 
     explicit Page(TextOutput& output, int width = UsualWidth, bool colours = false,
@@ -33,7 +33,7 @@ public:
     /// Returns how many of so many rows are shown.
     [[nodiscard]] std::size_t Shown(std::size_t rows) const;
 
-    /// Writes a line; one that is too long goes on in the next line, after four blanks.
+    /// Writes a line; one that is too long continues on the next line, after four blanks.
     void Line(const std::string& text) const;
 
     /// The same in the colour of warnings.

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// The program's arguments in UTF-8, without the program's name.
+/// Returns the program's arguments in UTF-8, without the program's name.
 std::vector<std::string> ProgramArguments(int count, char** arguments);
 
 /// Has whatever ends the program from outside (a signal, the closing of the console) remove the
@@ -46,7 +46,7 @@ public:
     Library& operator=(const Library&) = delete;
     ~Library();
 
-    /// The function that the library exports under this plain name, or null.
+    /// Returns the function that the library exports under this plain name, or null.
     [[nodiscard]] Function Find(const char* name) const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Returning leaves the signal to end the program, as it would have done.
+/// Cleans up; the signal then ends the program, as it would have done.
 void CleanUp(int signal)
 {
     WorkNote::EraseAtTheEnd();

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// False leaves the event to end the program, as it would have done.
+/// Returns false, so that the event ends the program as it would have done.
 BOOL WINAPI CleanUp(DWORD)
 {
     WorkNote::EraseAtTheEnd();
@@ -76,7 +76,7 @@ void WaitInOwnWindow()
 
 Library::Library(const std::filesystem::path& path, const std::string& what)
 {
-    // No box of the system's own for a file that is no module.
+    // The system must not show a message box for a file that is not a module.
     const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS);
     m_handle = LoadLibraryW(path.c_str());
     const auto error = static_cast<int>(GetLastError());

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// The path, when there is a file to load.
+/// Returns the path, when there is a file to load.
 const std::filesystem::path& Readable(const std::filesystem::path& path)
 {
     if (const std::string why = WhyUnreadable(path); !why.empty())
@@ -56,7 +56,7 @@ PlugInModule::PlugInModule(const std::filesystem::path& path)
     m_sdkServiceRelease = Export<NumberFunction>(m_library, "KelvoPlugInSdkServiceRelease", path);
     m_plugIn = RegisteredImportPlugIn();
     if (m_plugIn == nullptr)
-        throw ProgramError("the module " + Utf8Path(path) + " brings no import plug-in");
+        throw ProgramError("the module " + Utf8Path(path) + " exports no import plug-in");
     const std::vector<CWinApp*>& apps = ModuleApps();
     if (!std::all_of(apps.begin(), apps.end(), [](CWinApp* app) { return app->InitInstance(); }))
         throw ProgramError("the module " + Utf8Path(path) + " does not start");
@@ -76,7 +76,7 @@ void PlugInModule::RunLoadHook()
 {
     if (m_plugIn->OnLoad() != 1)
         throw ProgramError("the plug-in " + GK_wString(m_plugIn->PlugInName()).Utf8() +
-                           " does not want to be loaded");
+                           " refused to load");
     m_loaded = true;
 }
 

@@ -22,8 +22,8 @@ public:
         {"Web site", "KelvoPlugInDeveloperWebsite"},
         {"Updates", "KelvoPlugInUpdateURL"}};
 
-    /// Loads the module and finds its exports and its plug-in. Throws ProgramError, which names
-    /// the file and the reason, when it is no module, lacks an export or brings no import plug-in.
+    /// Loads the module and finds its exports and its plug-in. Throws ProgramError, which names the
+    /// file and the reason, when it is not a module, lacks an export or exports no import plug-in.
     explicit PlugInModule(const std::filesystem::path& path);
     PlugInModule(const PlugInModule&) = delete;
     PlugInModule& operator=(const PlugInModule&) = delete;
@@ -31,7 +31,7 @@ public:
     /// Unloads the module, after the unload hook when the load hook was run.
     ~PlugInModule();
 
-    /// Runs the load hook. Throws ProgramError when the plug-in does not want to stay.
+    /// Runs the load hook. Throws ProgramError when the plug-in refuses to load.
     void RunLoadHook();
 
     /// Runs the unload hook, once, when the load hook was run.

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The settings file of the command line, which need not exist yet.
+/// Returns the settings file of the command line, which need not exist yet.
 std::unique_ptr<ProfileStore> SettingsAskedFor(const std::string& name)
 {
     const std::filesystem::path path = PathFromUtf8(name);
@@ -22,7 +22,7 @@ std::unique_ptr<ProfileStore> SettingsAskedFor(const std::string& name)
     return profile;
 }
 
-/// Whether the run shows the options to the user, who may accept them.
+/// Returns whether the run shows the options to the user, who may accept them.
 bool UserIsAsked(const CommandLine& commandLine)
 {
     return commandLine.asking != Asking::EnterAtOnce || !commandLine.run.empty();

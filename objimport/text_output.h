@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// Buffered writing of UTF-8 text to a stream, which stays the caller's. A failed write is
+/// Buffered writing of UTF-8 text to a stream, which remains the caller's. A failed write is
 /// remembered.
 class TextOutput
 {

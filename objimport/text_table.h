@@ -60,5 +60,5 @@ std::size_t FittingLength(std::string_view utf8, int width);
 /// Returns the text, cut with "..." at its end when it takes more columns than `width`.
 std::string Shortened(std::string_view utf8, int width);
 
-/// The same, cut in the middle.
+/// Returns the same, cut in the middle.
 std::string ShortenedInMiddle(std::string_view utf8, int width);

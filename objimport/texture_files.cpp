@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Whether a shell takes the character for nothing but itself.
+/// Returns whether a shell takes the character for nothing but itself.
 bool IsPlain(char character)
 {
     constexpr std::string_view Signs = "_-./+,:@%";
@@ -37,7 +37,7 @@ std::string Quoted(const std::string& path)
 #endif
 }
 
-/// The path from the current folder, when it lies in there.
+/// Returns the path from the current folder, when it lies in there.
 std::string FromCurrentFolder(const std::string& path)
 {
     std::error_code error;

@@ -17,7 +17,7 @@ struct Rgba
     friend bool operator==(const Rgba&, const Rgba&) = default;
 };
 
-/// The bytes of a pixel; row 0 is the top one.
+/// Returns the bytes of a pixel; row 0 is the top one.
 inline unsigned char* PixelAt(CKelvoUiDib& image, int x, int y)
 {
     const std::size_t rowSize = image.GetStorageSize() / static_cast<std::size_t>(image.Height());

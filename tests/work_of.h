@@ -4,9 +4,9 @@
 #include <ctime>
 #include <limits>
 
-/// The least processor time that a call takes in a few runs, in seconds. Good only to be compared
-/// with that of another call in the same test, by a generous factor: what grows with the square of
-/// its input shows, however busy the machine is.
+/// Returns the least processor time that a call takes in a few runs, in seconds. Good only to be
+/// compared with that of another call in the same test, by a generous factor: what grows with the
+/// square of its input shows, however busy the machine is.
 template <class Call>
 double WorkOf(Call call)
 {

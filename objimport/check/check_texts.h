@@ -12,11 +12,11 @@ using enum CheckLevel;
 // The file as a whole.
 inline constexpr CheckText Utf16{
     NoText, Error, {L"the file is UTF-16 text, which is not read; save it as UTF-8", 41101}};
-inline constexpr CheckText OtherFile{NoText, Error, {L"the file is no OBJ text but %s", 41102}};
+inline constexpr CheckText OtherFile{NoText, Error, {L"the file is not OBJ text but %s", 41102}};
 inline constexpr CheckText Binary{
-    NoText, Error, {L"the file is no text: it holds zero bytes", 41103}};
+    NoText, Error, {L"the file is not text: it holds zero bytes", 41103}};
 inline constexpr CheckText ReadBreaksOff{
-    ReadError, Error, {L"reading breaks off here with an error of the system", 41104}};
+    ReadError, Error, {L"reading ends here with an error of the system", 41104}};
 inline constexpr CheckText EndsHere{
     EndsParse, Error, {L"reading ends here: %s; %s lines are not read", 41105}};
 inline constexpr CheckText Nothing{
@@ -153,7 +153,7 @@ inline constexpr CheckText DefinedAgain{
 inline constexpr CheckText NoNumber{
     NumberIgnored, Warning, {L"\"%s\" is ignored: no number follows", 41169}};
 inline constexpr CheckText NoColorNumber{
-    NumberIgnored, Warning, {L"\"%s\" is no number: 1 is taken for it", 41170}};
+    NumberIgnored, Warning, {L"\"%s\" is not a number: 1 is used instead", 41170}};
 inline constexpr CheckText TextureOptions{
     TextureName,
     Warning,
@@ -176,7 +176,7 @@ inline constexpr CheckText TextureFoundAs{
 namespace CheckReasons {
 
 inline constexpr LocalText TooFewNumbers{L"\"%s\" needs %s numbers", 41201};
-inline constexpr LocalText NotANumber{L"\"%s\" is no number", 41202};
+inline constexpr LocalText NotANumber{L"\"%s\" is not a number", 41202};
 inline constexpr LocalText PointNamesNothing{L"\"p\" names no vertex", 41203};
 inline constexpr LocalText NamesNoVertex{L"\"%s\" names none of the %s vertices before it", 41204};
 inline constexpr LocalText NamesNoParamPoint{
@@ -184,7 +184,7 @@ inline constexpr LocalText NamesNoParamPoint{
 inline constexpr LocalText NamesNoCurve{
     L"\"%s\" names none of the %s curves in the parameter plane (curv2) before it", 41206};
 inline constexpr LocalText WrongWordCount{L"\"%s\" needs one or two words", 41207};
-inline constexpr LocalText NoSuchForm{L"\"%s\" is no form of curves and surfaces", 41208};
+inline constexpr LocalText NoSuchForm{L"\"%s\" is not a form of curves and surfaces", 41208};
 inline constexpr LocalText FormNotSupported{
     L"curves and surfaces of the form \"%s\" are not supported", 41209};
 inline constexpr LocalText NoForm{L"no \"cstype\" before \"%s\" names a form", 41210};
@@ -216,7 +216,7 @@ inline constexpr LocalText KnotTooOften{L"its knot %s stands too often%s", 41242
 
 } // namespace CheckReasons
 
-/// Kinds of files that are no text.
+/// Kinds of files that are not text.
 namespace FileSorts {
 
 inline constexpr LocalText Archive{L"an archive", 41301};

@@ -27,7 +27,7 @@ Phrase Senseless(Tokens tokens)
     return About(CheckReasons::Senseless, {Keyword(tokens)});
 }
 
-/// A statement of numbers: too few, or one that is none.
+/// Returns why a statement of numbers fails: too few, or one that is not a number.
 Phrase WhyNoNumbers(Tokens tokens, int needed)
 {
     if (tokens.TokenCount() <= needed)
@@ -38,7 +38,8 @@ Phrase WhyNoNumbers(Tokens tokens, int needed)
     return Senseless(tokens);
 }
 
-/// The first token from `first` on that is no integer, or names none of `count` elements.
+/// Returns why indices fail: the first token from `first` on that is not an integer, or that refers
+/// to none of `count` elements.
 Phrase WhyBadIndex(Tokens tokens, int first, int step, int count, const LocalText& text)
 {
     for (int i = first; i < tokens.TokenCount(); i += step) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The names of a record, as far as it has any.
+/// Returns the names of a record, as far as it has any.
 std::string NamesOf(const Group_Object& record)
 {
     std::string names;
@@ -19,7 +19,7 @@ std::string NamesOf(const Group_Object& record)
     return names;
 }
 
-/// Whether three points lie on a line, but for rounding. False when one is not finite.
+/// Returns whether three points lie on a line, but for rounding. False when one is not finite.
 bool IsOnLine(const GK_3dPoint& a, const GK_3dPoint& b, const GK_3dPoint& c)
 {
     constexpr double Rounding = 1e-18; // the square of an angle
@@ -35,7 +35,7 @@ bool HasNaN(const GK_3dPoint& point)
     return std::isnan(point.x) || std::isnan(point.y) || std::isnan(point.z);
 }
 
-/// How many different places points lie at, none of which is NaN; their order changes.
+/// Returns how many different places points lie at, none of which is NaN; their order changes.
 std::size_t CountPlaces(GK_SimpleArray<GK_3dPoint>& points)
 {
     std::sort(points.begin(), points.end(), [](const GK_3dPoint& a, const GK_3dPoint& b) {
@@ -107,8 +107,8 @@ void FaceChecks::CheckArea(const CheckPlace& place, const Group_Object& record, 
         ++m_meshFaces;
 }
 
-/// How many corners are at places of their own. NaN is nobody's place, so that corners with it
-/// differ when their indices do.
+/// Returns how many corners are at places of their own. NaN equals no place, so that corners with
+/// it differ when their indices do.
 std::size_t FaceChecks::CountCornerPlaces(const FaceRun& face)
 {
     m_points.Empty();
@@ -130,7 +130,7 @@ std::size_t FaceChecks::CountCornerPlaces(const FaceRun& face)
     return CountPlaces(m_points) + static_cast<std::size_t>(end - nowhere.begin());
 }
 
-/// Whether a face stays that has a corner which is not finite. A polygon becomes a fan of
+/// Returns whether a face is kept that has a corner which is not finite. A polygon becomes a fan of
 /// triangles, of which one at least must have three corners apart.
 bool FaceChecks::HasSoundTriangle(const FaceRun& face) const
 {

@@ -21,7 +21,7 @@ public:
     /// Returns whether there was any that is not refused.
     bool TakePoints(const CheckPlace& place, Geometry& geometry);
 
-    /// How many faces became part of a mesh.
+    /// Returns how many faces became part of a mesh.
     [[nodiscard]] std::size_t MeshFaces() const { return m_meshFaces; }
 
 private:

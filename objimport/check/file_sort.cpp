@@ -39,7 +39,8 @@ constexpr std::array Beginnings{
     Beginning{"ply\n", FileSorts::OtherScene},
 };
 
-/// Every other byte of text in UTF-16 is mostly zero, with or without a mark at its front.
+/// Returns whether bytes are UTF-16 text: with a mark at its front, or every other byte mostly
+/// zero.
 bool IsUtf16(std::string_view bytes)
 {
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))

@@ -4,5 +4,5 @@
 
 #include <string_view>
 
-/// Reports, by its first bytes, a file that is no text. Returns whether it is none.
+/// Reports, by its first bytes, a file that is not text. Returns whether it is not.
 bool ReportNoText(const CheckPlace& place, std::string_view firstBytes);

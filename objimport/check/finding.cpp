@@ -13,7 +13,7 @@ struct Kind
 
 /// In the order of CheckKind.
 constexpr std::array<Kind, CheckKindCount> Kinds{{
-    {"no-text", {L"The file is no text", 41001}},
+    {"no-text", {L"The file is not text", 41001}},
     {"read-error", {L"The file cannot be read to its end", 41002}},
     {"ends-parse", {L"A statement is so wrong that reading ends with it", 41003}},
     {"no-geometry", {L"The file holds nothing that is imported", 41004}},

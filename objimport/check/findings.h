@@ -30,7 +30,7 @@ public:
         AddBecause(file, line, text, Phrase{}, arguments...);
     }
 
-    /// The same with a reason, which is the text's first argument.
+    /// Adds a finding with a reason, which is the text's first argument.
     template <class... Arguments>
     void AddBecause(int file, std::size_t line, const CheckText& text, Phrase why,
                     const Arguments&... arguments)
@@ -63,7 +63,7 @@ public:
     }
     [[nodiscard]] std::size_t MostOfAKind() const { return m_mostOfAKind; }
 
-    /// Something of the files is lost or changed.
+    /// Returns whether something of the files is lost or changed.
     [[nodiscard]] bool AnyLoss() const { return m_anyLoss; }
 
     /// Returns what was kept since the last BeginGroup, file by file in the order of lines.

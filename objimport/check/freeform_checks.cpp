@@ -33,7 +33,8 @@ GK_NurbsCurve MakeCurve(const CurveData& data)
     return curve;
 }
 
-/// The ends of a piece of a curve in the parameter plane; nothing when there is no such piece.
+/// Returns the ends of a piece of a curve in the parameter plane; nothing when there is no such
+/// piece.
 std::optional<LoopEnds> EndsOf(const GK_NurbsCurve& curve, const TrimData& trim)
 {
     constexpr double Slack = 1e-4; // of the domain: so far beyond it a piece may reach

@@ -38,7 +38,7 @@ void MtlChecker::Check()
     ReportIgnoredMtlStatements(m_place, m_ignored);
 }
 
-/// False ends the reading of the library.
+/// Returns false when the reading of the library ends with the current statement.
 bool MtlChecker::CheckStatement()
 {
     switch (FindMtlStatement(m_tokenizer.Token(0))) {
@@ -103,7 +103,7 @@ void MtlChecker::CheckName()
     m_names.Check(m_place, RawRest(m_raw), name);
 }
 
-/// Texture names are the words after the keyword, put together with `between`.
+/// Checks the texture whose name is the words after the keyword, joined by `between`.
 void MtlChecker::CheckTexture(const char* between)
 {
     ++m_textureCount;

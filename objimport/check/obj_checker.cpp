@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The three numbers at a place of a line.
+/// Returns the three numbers at a place of a line.
 std::array<double, 3> NumbersAt(const char* text)
 {
     std::array<double, 3> numbers{};
@@ -94,8 +94,8 @@ void ObjChecker::ReadPlainLines()
     }
 }
 
-/// Reads the next line when it is a plain one, as nearly all are. False, and nothing done, for all
-/// others.
+/// Reads the next line when it is a plain one, as nearly all are. Returns false, and does nothing,
+/// for all others.
 bool ObjChecker::ReadPlainLine(PlainText& text)
 {
     const char* const line = text.next;
@@ -151,7 +151,7 @@ bool ObjChecker::ReadPlainCorners(PlainText& text)
     return true;
 }
 
-/// Hands the current line to its handler. False when reading ends with it.
+/// Passes the current line to its handler. Returns false when reading ends with it.
 bool ObjChecker::HandleLine()
 {
     const char* const keyword = m_tokenizer.Token(0);

@@ -41,8 +41,8 @@ struct CheckTotals
 class ObjChecker : private ReadingEvents
 {
 public:
-    /// Takes the open stream over. `file` is the file's place in the list of `findings`. All that
-    /// is referred to must outlive the object.
+    /// Takes ownership of the open stream. `file` is the file's place in the list of `findings`.
+    /// All that is referred to must outlive the object.
     ObjChecker(std::FILE* stream, Findings& findings, int file, FileFinder& finder,
                double tolerance);
     ObjChecker(const ObjChecker&) = delete;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What nobody meant to differ, in shares of the size.
+/// The largest difference that is unintended, as a share of the size.
 constexpr double Rounding = 1e-9;
 
 double SizeOf(const GK_NurbsSurface& surface)

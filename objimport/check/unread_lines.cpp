@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t MostKeywords = 12;
 
-/// Whether the line begins as vertices and faces do, which are always read.
+/// Returns whether the line begins as vertices and faces do, which are always read.
 bool IsPlainStart(const char* line)
 {
     if (line[0] == 'v')
@@ -23,8 +23,8 @@ bool IsPlainStart(const char* line)
     return line[0] == 'f' && line[1] == ' ';
 }
 
-/// Steps over the next line when it is of the plain kind and joins no other. False, and nothing
-/// done, for all others.
+/// Skips the next line when it is of the plain kind and joins no other. Returns false, and does
+/// nothing, for all others.
 bool SkipPlainLine(CObjLineTokenizer& tokenizer)
 {
     if (!tokenizer.FetchLine())
@@ -80,7 +80,7 @@ void NoteLine(const CObjLineTokenizer& tokenizer, std::size_t line, UnreadLines&
         NoteMaterial(found, tokenizer);
 }
 
-/// What a file names is left where it is.
+/// Finds no file, so that none is read.
 class NoFiles final : public FileFinder
 {
 public:

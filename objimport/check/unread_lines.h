@@ -7,14 +7,14 @@
 #include <utility>
 #include <vector>
 
-/// Where an import stops reading a file that goes on.
+/// Where an import stops reading before the end of the file.
 struct EarlyEnd
 {
     std::size_t line = 0;       ///< the last one that is read, from 1
     std::size_t linesAfter = 0; ///< 0: the file is read to its end
 };
 
-/// What an import ignores in a file, or looks for in vain, as far as the file's own lines tell.
+/// What an import ignores in a file, and what it may not find, as far as the file's own lines tell.
 struct UnreadLines
 {
     /// Keywords that are not read, in small letters, each with its number of lines, in the order of

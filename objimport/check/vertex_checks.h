@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    /// Below this no coordinate can change by more than the tolerance.
+    /// Returns the size below which no coordinate can change by more than the tolerance.
     static double UsualBelow(double tolerance);
 
     [[nodiscard]] bool IsUsual(double coordinate) const

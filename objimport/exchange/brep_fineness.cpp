@@ -149,7 +149,7 @@ private:
     double m_bentTwice = 0.0;
 };
 
-// The power of 2 that makes a size one of 512 to 1024: numbers stay exact.
+// Returns the power of 2 that scales a size to 512 to 1024: numbers stay exact.
 double ScaleFor(double size)
 {
     constexpr int Exponent = 10;

@@ -94,7 +94,7 @@ void CutTo(Curve& curve, bool isClamped, double low, double high)
         curve.Segment(first, last);
 }
 
-// The knots moved linearly; the ends are exactly those of the domain.
+// Moves the knots linearly; the ends become exactly those of the domain.
 void MoveKnots(Geom2d_BSplineCurve& curve, const GK_Interval& domain)
 {
     TColStd_Array1OfReal values(1, curve.NbKnots());

@@ -104,7 +104,7 @@ private:
     const GK_Brep& m_brep;
     Placing m_placing;
     BRep_Builder m_builder;
-    Handle(Geom_BSplineSurface) m_surface; // of the face at hand
+    Handle(Geom_BSplineSurface) m_surface; // of the current face
     std::vector<TopoDS_Vertex> m_vertices;
     std::vector<EdgeAndCurve> m_edges;
     std::vector<std::vector<SurfaceCopy>> m_copies; // of each surface
@@ -150,8 +150,8 @@ TopoDS_Face Converter::MakeFace(const GK_BrepFace& face)
     return made;
 }
 
-// Faces share their surface unless they share an edge as well: the library keeps the 2D curves of
-// an edge by surface, not by face.
+// Returns a face's surface. Faces share it unless they share an edge as well: the library keeps the
+// 2D curves of an edge by surface, not by face.
 Handle(Geom_BSplineSurface) Converter::SurfaceFor(const GK_BrepFace& face)
 {
     std::vector<SurfaceCopy>& copies = m_copies[Size(face.surfaceIndex)];
@@ -209,7 +209,8 @@ const GK_BrepTrim* Converter::OtherSide(const GK_BrepTrim& trim) const
     return nullptr;
 }
 
-// A seam has one curve for each direction of its edge; both are set with the forward one.
+// Adds the 2D curve of a trim. A seam has one for each direction of its edge; both are set with the
+// forward one.
 void Converter::AddPlaneCurve(const GK_BrepTrim& trim, const TopoDS_Face& face)
 {
     const GK_BrepEdge& edge = m_brep.Edge(trim.edgeIndex);
@@ -226,7 +227,7 @@ void Converter::AddPlaneCurve(const GK_BrepTrim& trim, const TopoDS_Face& face)
     m_builder.Range(made, face, edge.Domain()[0], edge.Domain()[1]);
 }
 
-// An edge's tolerance is what its trim really lies off; a vertex's what ends there.
+// Measures the tolerance of an edge, which is how far its trim lies off, and those of its vertices.
 void Converter::Measure(const GK_BrepTrim& trim, const Geom2d_BSplineCurve& curve2d)
 {
     const EdgeAndCurve& made = m_edges[Size(trim.edgeIndex)];

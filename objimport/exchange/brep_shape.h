@@ -13,6 +13,6 @@ class TopoDS_Shape;
 /// Standard_Failure.
 std::vector<TopoDS_Face> LibraryFaces(const GK_Brep& brep, const Placing& placing);
 
-/// Returns the faces of a brep as one shape: a shell for all that hang together, closed when no
+/// Returns the faces of a brep as one shape: a shell for all that are connected, closed when no
 /// edge is open; several of them in a compound.
 TopoDS_Shape ShellsOf(const GK_Brep& brep, const std::vector<TopoDS_Face>& faces);

@@ -10,7 +10,7 @@
 
 namespace {
 
-// For each face the lowest face that it hangs together with.
+// For each face the lowest face that it is connected with.
 class ConnectedFaces
 {
 public:

@@ -58,8 +58,8 @@ double AreaOf(const gp_Pnt2d& a, const gp_Pnt2d& b, const gp_Pnt2d& c)
     return 0.5 * ((b.X() - a.X()) * (c.Y() - a.Y()) - (c.X() - a.X()) * (b.Y() - a.Y()));
 }
 
-// The area that the points along the loops of a face bound in the parameter plane. The points are
-// those of the 2D curves: the two sides of a seam may have each other's nodes.
+// Returns the area that the points along the loops of a face bound in the parameter plane. The
+// points are those of the 2D curves: the two sides of a seam may have each other's nodes.
 double AreaWithinLoops(const TopoDS_Face& face, const Handle(Poly_Triangulation) & triangulation)
 {
     double area = 0.0;

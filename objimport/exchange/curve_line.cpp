@@ -41,7 +41,7 @@ public:
     {
     }
 
-    /// Goes on to a parameter, straight or by as many points in between as it takes.
+    /// Continues to a parameter, straight or by as many points in between as it takes.
     void GoOn(double t, bool straight)
     {
         const Place place = At(t);

@@ -12,7 +12,7 @@ struct CurveLine
 };
 
 /// Returns a line that stays within the tolerance (above 0) of a valid curve, and within a
-/// thousandth of the curve's size. Its work is bounded, far above what curves need that somebody
-/// drew; where the bound is reached, the line is coarse. A curve of degree 1 is its own line.
+/// thousandth of the curve's size. Its work is bounded, far above what curves need that people
+/// draw; where the bound is reached, the line is coarse. A curve of degree 1 is its own line.
 /// Throws std::bad_alloc when out of memory.
 CurveLine LineOfCurve(const GK_Curve& curve, double tolerance);

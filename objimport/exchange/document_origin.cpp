@@ -54,7 +54,7 @@ struct BoxVisitor
     Box& box;
 };
 
-/// Returns the middle of an interval, without digits that nobody needs.
+/// Returns the middle of an interval, without digits that are not needed.
 double Middle(double low, double high)
 {
     constexpr double Large = 16.0;

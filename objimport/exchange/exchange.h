@@ -80,8 +80,8 @@ struct ExchangeRequest
     const ExchangeDocument* document = nullptr;
     ExchangePicture picture;
 
-    /// Takes the bytes of the file, from its current place on. It stays the caller's, who discards
-    /// what was written when the outcome has an error.
+    /// Takes the bytes of the file, from its current place on. It remains the caller's, who
+    /// discards what was written when the outcome has an error.
     std::FILE* stream = nullptr;
 };
 

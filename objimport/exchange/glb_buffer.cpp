@@ -12,7 +12,7 @@ static_assert(std::endian::native == std::endian::little, "numbers are stored as
 
 namespace {
 
-/// tinygltf writes where an accessor begins as an int; a file gives its own length in 32 bits, and
+/// tinygltf writes where an accessor begins as an int; a file states its own length in 32 bits, and
 /// there has to be room for its description.
 constexpr std::size_t MostInSection = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t MostInAll = 0xF0000000;

@@ -38,7 +38,7 @@ std::string FirstOf(const std::set<std::string>& names)
     return text;
 }
 
-/// How a material looks that has neither metal nor image, seen from both sides.
+/// Returns how a material looks that has neither metal nor image, seen from both sides.
 tinygltf::Material MakeMaterial(const std::vector<double>& color, double roughness)
 {
     tinygltf::Material made;

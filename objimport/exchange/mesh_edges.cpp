@@ -8,7 +8,7 @@ namespace {
 
 using Edges = std::vector<std::array<int, 2>>;
 
-/// Adds the sides of a face or polygon, unless a corner is no vertex of the mesh.
+/// Adds the sides of a face or polygon, unless a corner is not a vertex of the mesh.
 void AddSides(std::span<const int> corners, const GK_Mesh& mesh, Edges& edges)
 {
     const int count = mesh.VertexCount();

@@ -82,8 +82,8 @@ public:
         m_corners.insert(m_corners.end(), triangle.begin(), triangle.end());
     }
 
-    /// Covers the triangles that follow with an image, which dims their colours; with none when
-    /// it is null. The image stays the caller's and must outlive the canvas.
+    /// Covers the triangles that follow with an image, which dims their colours; with none when it
+    /// is null. The image remains the caller's and must outlive the canvas.
     void SetImage(const PictureImage* image);
 
     /// Ends the tile and copies it to its place in the image, whose pixels have 24 bits.

@@ -53,7 +53,7 @@ public:
     Assembly(const Assembly&) = delete;
     Assembly& operator=(const Assembly&) = delete;
 
-    /// What the parts say of each other would keep them all.
+    /// Without this, references between the parts would keep them all.
     ~Assembly() { m_library->Main().Root().ForgetAllAttributes(Standard_True); }
 
     [[nodiscard]] std::string Write(std::FILE* stream) const
@@ -150,7 +150,7 @@ void StepDocument::Assembly::AddCloud(std::size_t index, const GK_PointCloud& cl
     written.points += points.size();
 }
 
-// A part without a name is named by what it is and by the object's number.
+// Adds a part; one without a name is named by what it is and by the object's number.
 void StepDocument::Assembly::AddPart(std::size_t index, const TopoDS_Shape& shape, const char* kind,
                                      XCAFDoc_ColorType colored)
 {

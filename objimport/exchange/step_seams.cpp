@@ -15,7 +15,7 @@ Handle(StepShape_EdgeCurve) EdgeAt(const StepShape_EdgeLoop& loop, int index)
         loop.EdgeListValue((index - 1) % count + 1)->EdgeElement());
 }
 
-// How often the loop runs along an edge and straight back.
+// Returns how often the loop runs along an edge and straight back.
 int TurnsOf(const StepShape_EdgeLoop& loop)
 {
     int turns = 0;

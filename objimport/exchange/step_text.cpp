@@ -5,7 +5,7 @@
 
 namespace {
 
-// Returns how many bytes from the first on can be handed on as they are.
+// Returns how many bytes from the first on can be passed on as they are.
 std::size_t PlainBytes(std::string_view text)
 {
     const auto end = std::find_if(text.begin(), text.end(),
@@ -124,7 +124,7 @@ void StepText::WriteCharacter(std::uint32_t character)
     }
 }
 
-// What is left of a character that its text ends within.
+// Ends a character that its text ends within.
 void StepText::EndSequence()
 {
     constexpr std::uint32_t Replacement = 0xFFFD;

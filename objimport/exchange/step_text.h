@@ -4,14 +4,14 @@
 #include <streambuf>
 #include <string>
 
-/// Hands the text of a STEP file on, with the characters of its names that are not in ASCII in the
+/// Passes the text of a STEP file on, with the characters of its names that are not in ASCII in the
 /// form that all readers know (\X2\00E4\X0\): what comes in is UTF-8. A line that ends within a
 /// character ends after it. After an apostrophe in a name, a comma or parenthesis is encoded as
 /// well: there are readers that take it for the end of the name.
 class StepText : public std::streambuf
 {
 public:
-    /// Writes to `output`, which stays the caller's.
+    /// Writes to `output`, which remains the caller's.
     explicit StepText(std::streambuf& output) : m_output(output) {}
 
     /// Writes what is still held back; returns false when something was not written.

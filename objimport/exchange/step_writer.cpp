@@ -27,7 +27,8 @@
 
 namespace {
 
-// The library speaks on standard output, and keeps what it is told to do, for the whole process.
+// Sets up the library, which prints on standard output and keeps its settings for the whole
+// process.
 void SetUpLibrary()
 {
     Message::DefaultMessenger()->ChangePrinters().Clear();
@@ -41,7 +42,7 @@ void SetUpLibrary()
 std::string TimeStamp()
 {
     std::time_t time = std::time(nullptr);
-    // Nobody changes the environment.
+    // The environment does not change.
     if (const char* epoch = std::getenv("SOURCE_DATE_EPOCH")) // NOLINT(concurrency-mt-unsafe)
         time = static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10));
     std::array<char, 32> text{};
@@ -67,7 +68,7 @@ void FillHeader(const Handle(StepData_StepModel) & model)
     header.SetDescriptionValue(1, text("surfaces, curves and points"));
 }
 
-// The library counts the parts of all assemblies of the process.
+// Numbers the parts from 1: the library counts those of all assemblies of the process.
 void NumberParts(const StepData_StepModel& model)
 {
     int number = 0;

@@ -6,8 +6,8 @@
 #include <streambuf>
 #include <string>
 
-/// Hands what is written to a C++ stream on to a C stream, which stays the caller's. Remembers the
-/// first failure; what comes after it is dropped.
+/// Passes what is written to a C++ stream on to a C stream, which remains the caller's. Remembers
+/// the first failure; what comes after it is dropped.
 class StreamOutput : public std::streambuf
 {
 public:

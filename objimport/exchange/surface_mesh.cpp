@@ -16,7 +16,7 @@ std::optional<GK_3dVector> Unit(const GK_3dVector& vector)
     return (1.0 / length) * vector;
 }
 
-// The parameters of a direction at which the surface may have an edge.
+// Returns the parameters of a direction at which the surface may have an edge.
 std::vector<double> CreasesOf(const GK_NurbsSurface& surface, int direction)
 {
     const GK_SimpleArray<double>& knots = surface.Knots(direction);
@@ -120,7 +120,7 @@ private:
         return Matching(node, NormalWithin(triangle, uv));
     }
 
-    // The vertex of a node that has about this normal.
+    // Returns the vertex of a node that has about this normal.
     std::uint32_t Matching(std::uint32_t node, const GK_3dVector& normal)
     {
         constexpr double SameDirection = 0.9998; // cosine of about a degree
@@ -149,7 +149,7 @@ private:
         return vertex;
     }
 
-    // The surface's normal at a corner of a triangle, on the side of the triangle.
+    // Returns the surface's normal at a corner of a triangle, on the side of the triangle.
     [[nodiscard]] GK_3dVector NormalWithin(const std::array<std::uint32_t, 3>& triangle,
                                            const GK_2dPoint& corner) const
     {

@@ -32,6 +32,6 @@ TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image);
 /// that could not be read. Throws std::bad_alloc when out of memory.
 TextureState ReadPixels(const GK_wString& colors, const GK_wString& alpha, CKelvoDib& image);
 
-/// The same, as one PNG of both.
+/// Reads both images in the same way, as one PNG.
 TextureState ReadTextureWithAlpha(const GK_wString& colors, const GK_wString& alpha,
                                   EmbeddedImage& image);

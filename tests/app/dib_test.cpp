@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// An image whose pixels all differ.
+/// Returns an image whose pixels all differ.
 CKelvoDib Pattern(int width, int height, int depth)
 {
     return MakeImage(width, height, depth, [](int x, int y) -> Rgba {

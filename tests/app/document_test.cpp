@@ -53,7 +53,7 @@ protected:
         return Add<CKelvoPointCloudObject>([&](auto& object) { object.SetPointCloud(cloud); });
     }
 
-    /// What was refused since the last call, one after the other.
+    /// Returns what was refused since the last call, one after the other.
     static std::string Refused()
     {
         std::string text;

@@ -23,7 +23,7 @@ std::string Bytes(std::initializer_list<unsigned> values)
     return bytes;
 }
 
-/// A grey JPEG of 8 by 8 pixels that has scans without data.
+/// Returns a grey JPEG of 8 by 8 pixels that has scans without data.
 std::string JpegOfScans(int scans)
 {
     std::string jpeg = Bytes({0xFF, 0xD8, 0xFF, 0xDB, 0, 67, 0}) + std::string(64, '\1');
@@ -51,7 +51,7 @@ bool Reads(const std::string& file)
     return Reads(file, image);
 }
 
-/// The largest difference between two colours in a channel.
+/// Returns the largest difference between two colours in a channel.
 int Difference(const Rgba& a, const Rgba& b)
 {
     return std::max({std::abs(a.red - b.red), std::abs(a.green - b.green),

@@ -7,8 +7,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// An import of 100 MB: one second on one thread, of which a tenth cannot be shared and a tenth
-/// belongs to no stage.
+/// Returns an import of 100 MB: one second on one thread, of which a tenth cannot be shared and a
+/// tenth belongs to no stage.
 SceneResults OneSecond()
 {
     SceneResults results{{"scene", "", 100.0, {}, {2.0, 1.5}}, 100e6, {}};

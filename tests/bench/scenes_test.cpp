@@ -8,7 +8,7 @@
 
 namespace {
 
-/// How many lines of a text begin so.
+/// Returns how many lines of a text begin so.
 int LinesThatBegin(const std::string& text, std::string_view beginning)
 {
     int count = 0;
@@ -82,7 +82,7 @@ TEST_F(ScenesTest, SplitSomeVerticesAtSeams)
     }
 }
 
-/// How many faces have a corner whose number is far from that of the first.
+/// Returns how many faces have a corner whose number is far from that of the first.
 int FarReachingFaces(const std::string& text)
 {
     int count = 0;

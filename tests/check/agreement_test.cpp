@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// How many random files are tried; CHECKED_FILES=50000 tries more.
+/// Returns how many random files are tried; CHECKED_FILES=50000 tries more.
 std::uint32_t CountOfFiles()
 {
     const char* const count = std::getenv("CHECKED_FILES");

@@ -48,7 +48,7 @@ TEST(Check, CountsPhysicalLines)
     });
 }
 
-TEST(Check, TellsWhereAndWhyReadingEnds)
+TEST(Check, ReportsWhereAndWhyReadingEnds)
 {
     struct Row
     {
@@ -59,16 +59,16 @@ TEST(Check, TellsWhereAndWhyReadingEnds)
     };
     const std::array rows{
         Row{"v 1 2\n", 5, "\"v\" needs 3 numbers", 3},
-        Row{"v 1 x 2\n", 5, "\"x\" is no number", 3},
+        Row{"v 1 x 2\n", 5, "\"x\" is not a number", 3},
         Row{"vt 1\n\n", 5, "\"vt\" needs 2 numbers", 4},
         Row{"vn 1 \\\n2\n", 5, "\"vn\" needs 3 numbers", 3},
         Row{"p\n", 5, "\"p\" names no vertex", 3},
-        Row{"cstype nurbs\n", 5, "\"nurbs\" is no form of curves and surfaces", 3},
-        Row{"deg three\n", 5, "\"three\" is no number", 3},
+        Row{"cstype nurbs\n", 5, "\"nurbs\" is not a form of curves and surfaces", 3},
+        Row{"deg three\n", 5, "\"three\" is not a number", 3},
         Row{"curv 0 1 1 2\n", 5, "no \"cstype\" before \"curv\" names a form", 3},
         Row{"cstype taylor\ncurv 0 1 1 2\n", 6,
             "curves and surfaces of the form \"taylor\" are not supported", 3},
-        Row{"cstype bezier\nsurf 0 1 0 x 1\n", 6, "\"x\" is no number", 3},
+        Row{"cstype bezier\nsurf 0 1 0 x 1\n", 6, "\"x\" is not a number", 3},
         Row{"cstype bspline\ndeg 1\ncurv 0 1 1 2\nparm u 0 1 2\n", 8,
             "the curve needs 2 knots, or two more, and \"parm\" has 3", 3},
         Row{"cstype bspline\ncurv 0 1 1 2\nparm v 0 1\n", 7,
@@ -86,7 +86,7 @@ TEST(Check, TellsWhereAndWhyReadingEnds)
     }
 }
 
-TEST(Check, TellsWhatIsNotRead)
+TEST(Check, ReportsWhatIsNotRead)
 {
     ExpectFindings({
         {Triangle + "s off\ns 1\nl 1 2\ns 2\nL 2 3\nend\nsomething else\n"s,
@@ -102,14 +102,14 @@ TEST(Check, TellsWhatIsNotRead)
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
           "1: ends-parse: reading ends here: \"v\" needs 3 numbers; 1 lines are not read"}},
         {"PK\x03\x04",
-         {"0: no-text: the file is no OBJ text but an archive",
+         {"0: no-text: the file is not OBJ text but an archive",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
           "1: unknown-statement: lines with \"pk\" are not read (1 in all): no such statement is "
           "known"}},
     });
 }
 
-TEST(Check, TellsWhatIsWrongWithFacesAndPoints)
+TEST(Check, ReportsWhatIsWrongWithFacesAndPoints)
 {
     const std::string refused = "5: refused-face: the face is refused: ";
     ExpectFindings({
@@ -142,7 +142,7 @@ TEST(Check, TellsWhatIsWrongWithFacesAndPoints)
     });
 }
 
-TEST(Check, TellsWhatSinglePrecisionChanges)
+TEST(Check, ReportsWhatSinglePrecisionChanges)
 {
     ExpectFindings({
         {"v 1234567.891 0 0\nv 123456.78 0 0\nv 0 -98765.4321 1\nf 1 2 3\n",
@@ -155,7 +155,7 @@ TEST(Check, TellsWhatSinglePrecisionChanges)
     });
 }
 
-TEST(Check, TellsWhatIsWrongWithCurvesAndSurfaces)
+TEST(Check, ReportsWhatIsWrongWithCurvesAndSurfaces)
 {
     const std::string points = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 1 1 0\n";
     const std::string surface =
@@ -191,7 +191,7 @@ TEST(Check, TellsWhatIsWrongWithCurvesAndSurfaces)
     });
 }
 
-TEST(Check, TellsWhichNamesChange)
+TEST(Check, ReportsWhichNamesChange)
 {
     ExpectFindings({
         {Triangle + "g a b\ng \xC3\x9C"s + "ber b\no front  door\no front door\no front  door\n",
@@ -218,7 +218,7 @@ TEST(Check, ReadsLibraries)
                           "bump wood2.png\r\nmap_d none.png\r\nnewmtl red\r\nKa 1\r\nKd 1 1 1\r\n");
     const auto path = folder.Write("a.obj", Triangle + "mtllib b.mtl\nmtllib b.mtl\nusemtl red\n"s);
     const std::vector<std::string> expected{
-        "b.mtl:2: number-ignored: \"x\" is no number: 1 is taken for it",
+        "b.mtl:2: number-ignored: \"x\" is not a number: 1 is used instead",
         "b.mtl:3: number-ignored: \"Ns\" is ignored: no number follows",
         "b.mtl:4: not-read: lines with \"tr\" are not read (1 in all): transparency is taken from "
         "\"d\"",

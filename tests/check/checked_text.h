@@ -13,7 +13,7 @@ struct CheckedFile
     explicit CheckedFile(const std::filesystem::path& path, std::size_t mostOfAKind = Findings::All,
                          double tolerance = 0.001);
 
-    /// The findings as "file:line: kind: message", the files without their folders.
+    /// Returns the findings as "file:line: kind: message", the files without their folders.
     [[nodiscard]] std::vector<std::string> Lines() const;
 
     Findings findings;

@@ -33,7 +33,7 @@ private:
     void OnMaterialLibrary(const std::string& name) override { libraries.push_back(name); }
 };
 
-/// The lines of a text, whichever line ends it has, without these.
+/// Returns the lines of a text, whichever line ends it has, without these.
 std::vector<std::string> LinesOf(const std::string& text)
 {
     std::vector<std::string> lines;
@@ -70,8 +70,8 @@ struct Reading
     bool parsed;
 };
 
-/// The number of the first line that reading ends with: the beginning of the file up to it, and
-/// nothing shorter, is not read to its end.
+/// Returns the number of the first line that reading ends with: the beginning of the file up to it,
+/// and nothing shorter, is not read to its end.
 std::size_t LineOfEnd(const std::vector<std::string>& lines)
 {
     const TemporaryFolder folder;
@@ -114,7 +114,8 @@ std::set<std::string> NamesThatArrive(const Reading& read, const ConsoleDoc& doc
     return names;
 }
 
-/// The lines of a library up to the first colour without three numbers, where its reading ends.
+/// Returns the lines of a library up to the first colour without three numbers, where its reading
+/// ends.
 std::vector<std::string> ReadLinesOfLibrary(const std::filesystem::path& path)
 {
     std::vector<std::string> lines = LinesOf(ReadBytes(path));
@@ -146,7 +147,7 @@ void AddLostNames(const std::vector<std::string>& lines, const std::set<std::str
                 lost.insert(rest);
             continue;
         }
-        // Names that a record has no room for any more do not arrive, whatever stands in them.
+        // Names that a record has no room for do not arrive, whatever is in them.
         std::istringstream words(rest);
         std::string joined;
         bool all = true;

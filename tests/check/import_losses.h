@@ -23,7 +23,7 @@ struct ImportLosses
 /// Imports a file.
 ImportLosses LossesOfImport(const std::filesystem::path& path);
 
-/// What --check says of the same.
+/// Returns what --check says of the same.
 ImportLosses LossesToldByCheck(const std::filesystem::path& path);
 
 std::ostream& operator<<(std::ostream& stream, const ImportLosses& losses);

@@ -36,7 +36,7 @@ pid_t StartProgram(const std::vector<std::string>& command, int output = -1)
     return child;
 }
 
-/// The standard output of a command; empty also when the command failed.
+/// Returns the standard output of a command; empty also when the command failed.
 std::string Output(const std::string& command)
 {
     std::FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");

@@ -46,7 +46,7 @@ void PressKey(WORD code, WORD held = 0)
 }
 
 /// Clicks at a place of the screen. Press and release say the place again: a pointer that the
-/// system itself moves meanwhile, as when a window comes up below it, does not take the click
+/// system itself moves meanwhile, as when a window opens below it, does not take the click
 /// elsewhere.
 void ClickAt(POINT place)
 {
@@ -147,7 +147,7 @@ public:
     }
 
 private:
-    /// Whether a control of the window turned to has the keyboard.
+    /// Returns whether a control of the window turned to has the keyboard.
     [[nodiscard]] bool HasKeyboard() const
     {
         GUITHREADINFO info = {};

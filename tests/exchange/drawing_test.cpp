@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A circle about the origin in the plane of x and y, rational, of degree 2.
+/// Returns a circle about the origin in the plane of x and y, rational, of degree 2.
 GK_NurbsCurve Circle(double radius)
 {
     GK_NurbsCurve flat = MakeCircle2d(0, 0, radius);
@@ -28,7 +28,7 @@ GK_NurbsCurve Circle(double radius)
     return circle;
 }
 
-/// The distance between a parameter's point and the line, at the nearest of its segments.
+/// Returns the distance between a parameter's point and the line, at the nearest of its segments.
 double DistanceFrom(const std::vector<GK_3dPoint>& line, const GK_3dPoint& point)
 {
     double least = point.DistanceTo(line.front());
@@ -69,7 +69,7 @@ TEST(CurveLine, StaysWithinTheToleranceAndAThousandthOfTheSize)
             }
             EXPECT_LE(deepest, allowed * 1.001) << radius << " within " << tolerance;
             EXPECT_FALSE(line.isCoarse);
-            // Twice as many as the depth takes, and a power of two besides.
+            // Twice as many as the depth takes, and a power of two as well.
             EXPECT_LT(static_cast<double>(line.points.size()),
                       4.0 * 3.15 / std::sqrt(2.0 * allowed / radius) + 16.0);
         }

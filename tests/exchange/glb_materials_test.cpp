@@ -21,7 +21,7 @@ CKelvoDib Pattern(int width, int height, int depth, int alpha = 255)
     });
 }
 
-/// A BMP of 24 bits: header and pixels.
+/// Returns a BMP of 24 bits: header and pixels.
 std::string BmpOf(const CKelvoDib& image)
 {
     const auto number = [](std::size_t value) {

@@ -88,7 +88,7 @@ Picture Draw(const ExchangeDocument& document,
     return picture;
 }
 
-/// How far what is drawn stays from the left, right, upper and lower side.
+/// Returns how far what is drawn stays from the left, right, upper and lower side.
 std::array<int, 4> MarginsOf(const Picture& picture)
 {
     const int width = picture.image.Width();
@@ -110,7 +110,7 @@ GK_Material Paint(int red, int green, int blue, double transparency = 0.0)
     return material;
 }
 
-/// A parallelogram of one face.
+/// Returns a parallelogram of one face.
 std::unique_ptr<GK_Mesh> Quad(const GK_3dPoint& corner, const GK_3dVector& a, const GK_3dVector& b)
 {
     return MakeMesh({corner, corner + a, corner + a + b, corner + b}, {{{0, 1, 2, 3}}});
@@ -345,7 +345,7 @@ TEST(Picture, ShowsTheMaterialWhereThereIsNoTexture)
     std::filesystem::remove(path);
 }
 
-/// Whether a pixel is as dark as the edges of faces.
+/// Returns whether a pixel is as dark as the edges of faces.
 bool IsEdge(const Color& color)
 {
     return color[0] < 150;
@@ -437,7 +437,7 @@ TEST(Picture, ShowsAPointWhereverItIs)
     }
 }
 
-TEST(Picture, TellsOfPointsTooFarToBeShown)
+TEST(Picture, ReportsPointsTooFarToBeShown)
 {
     DocumentBuilder builder;
     builder.AddCloud({{0, 0, 0}, {1, 1, 0}, {1e200, 0, 0}});

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// A full circle of radius 1 as a rational curve of the second degree.
+// Returns a full circle of radius 1 as a rational curve of the second degree.
 GK_NurbsCurve Circle()
 {
     constexpr double Corner = std::numbers::sqrt2 / 2;
@@ -37,7 +37,7 @@ GK_NurbsCurve Circle()
     return curve;
 }
 
-// A bent line whose knots do not end in control points.
+// Returns a bent line whose knots do not end in control points.
 GK_NurbsCurve OpenCurve()
 {
     GK_NurbsCurve curve;

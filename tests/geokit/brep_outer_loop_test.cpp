@@ -61,7 +61,7 @@ TEST(NewOuterLoop, SidesOfOtherWeightsStayApart)
     EXPECT_EQ(brep->EdgeCount(), 4);
 }
 
-TEST(NewOuterLoop, TakesTheVerticesAndEdgesThatItIsGiven)
+TEST(NewOuterLoop, TakesTheVerticesAndEdgesOfItsArguments)
 {
     const auto brep = MakeBrep(MakePlane(1.0));
     AddNaturalLoop(*brep);

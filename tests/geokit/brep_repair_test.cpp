@@ -22,7 +22,7 @@ std::vector<Piece> Backwards(std::vector<Piece> pieces)
     return pieces;
 }
 
-// The same loop with its pieces' domains given downwards: each runs back along its curve.
+// Returns the same loop with its pieces' domains reversed: each runs back along its curve.
 std::vector<Piece> Downwards(std::vector<Piece> pieces)
 {
     std::reverse(pieces.begin(), pieces.end());
@@ -31,7 +31,7 @@ std::vector<Piece> Downwards(std::vector<Piece> pieces)
     return pieces;
 }
 
-TEST(RepairBrep, TurnsAndJoinsLoopsHoweverTheyWereGiven)
+TEST(RepairBrep, TurnsAndJoinsLoopsInAnyDirectionAndOrder)
 {
     std::vector<Piece> oneTurned = Polygon(Square);
     oneTurned[2].curve.Reverse();

@@ -53,7 +53,7 @@ GK_Mesh Cube()
     return mesh;
 }
 
-/// Every face with vertices of its own.
+/// Returns the mesh with vertices of its own for every face.
 GK_Mesh Unwelded(const GK_Mesh& mesh)
 {
     GK_Mesh apart;

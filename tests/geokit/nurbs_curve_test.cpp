@@ -177,7 +177,7 @@ TEST(NurbsCurve, OrdersGoUpToThirtyTwo)
         } else {
             EXPECT_NEAR(curve.PointAt(0.3).x, 0.3 * 31, 1e-12);
         }
-        EXPECT_EQ(curve.PointAt(2.0).y, 0.0); // even what is not sound does no harm
+        EXPECT_EQ(curve.PointAt(2.0).y, 0.0); // even what is not sound is harmless
     }
 }
 

@@ -45,7 +45,8 @@ inline GK_NurbsCurve MakeLine(double u0, double v0, double u1, double v1)
     return MakeCurve(2, false, 2, {u0, v0, u1, v1}, {0, 1});
 }
 
-// A full circle of degree 2 in four quarters, counter-clockwise from the +x side, over [0, 4].
+// Returns a full circle of degree 2 in four quarters, counter-clockwise from the +x side, over [0,
+// 4].
 inline GK_NurbsCurve MakeCircle2d(double x, double y, double radius)
 {
     const double w = HalfRoot2;
@@ -78,7 +79,7 @@ inline std::unique_ptr<VX_NurbsSurface> MakeSurface(bool rational, int orderU, i
     return surface;
 }
 
-// The square [0, size] x [0, size] at height 0, with parameters equal to x and y.
+// Returns the square [0, size] x [0, size] at height 0, with parameters equal to x and y.
 inline std::unique_ptr<VX_NurbsSurface> MakePlane(double size)
 {
     return MakeSurface(false, 2, 2, {0, 0, 0, size, 0, 0, 0, size, 0, size, size, 0}, {0, size},
@@ -115,7 +116,7 @@ inline std::unique_ptr<VX_NurbsSurface> MakeSphere()
         MakeCurve(2, true, 3, {0, -1, 1, 1, -1, w, 1, 0, 1, 1, 1, w, 0, 1, 1}, {0, 0, 1, 1, 2, 2}));
 }
 
-// A bicubic hill over [0, 4] x [0, 4] with inner knots, one of them a kink in u.
+// Returns a bicubic hill over [0, 4] x [0, 4] with inner knots, one of them a kink in u.
 inline std::unique_ptr<VX_NurbsSurface> MakeHill(bool rational)
 {
     std::vector<double> points;

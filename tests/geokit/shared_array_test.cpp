@@ -60,7 +60,7 @@ TEST(SharedArray, CopiesShareUntilOneIsWritten)
     }
 }
 
-TEST(SharedArray, WritesInPlaceWhereNobodyShares)
+TEST(SharedArray, WritesInPlaceWhereNothingIsShared)
 {
     Array array{1, 2, 3};
     const void* storage = array.Identity();

@@ -22,8 +22,8 @@ std::string Lists(int count)
     return lists;
 }
 
-/// The mesh vertices as "v/vt/vn"; texture coordinates and normals are left out where the mesh has
-/// not one for each vertex.
+/// Returns the mesh vertices as "v/vt/vn"; texture coordinates and normals are left out where the
+/// mesh has not one for each vertex.
 std::string ShownVertices(const GK_Mesh& mesh)
 {
     std::vector<V_TN_IDX> corners;
@@ -82,7 +82,7 @@ private:
 
 const std::string BogusVertex = "mesh: Bogus vertex index.\n";
 
-TEST_F(BuildMesh, ListsThatDoNotFitAreTold)
+TEST_F(BuildMesh, ListsThatDoNotFitAreReported)
 {
     const ReadText text(Lists(3) + "f 1/1/1 2/2/2 3/3/3");
     GK_SimpleArray<int>& values = text.CurrentGeometry().faces[0].block->values;

@@ -50,7 +50,7 @@ TEST(NormalRepair, MakesUnitVectors)
         {"zero alone", {{0, zero, Up}, {1, x, x}, {2, {-0.0F, 0, 0}, Up}}},
         {"the others at the place decide", {{0, zero, x}, {0, {5, 0, 0}, x}, {1, y, y}}},
         {"the others cancel out", {{0, x, x}, {0, zero, Up}, {0, back, back}}},
-        {"those behind count as they stand",
+        {"those after it count as they stand",
          {{0, zero, {0.6F, 0.8F, 0}}, {0, {3, 0, 0}, x}, {0, {0, 4, 0}, y}}},
         {"those before count as repaired",
          {{0, {3, 0, 0}, x}, {0, {0, 4, 0}, y}, {0, zero, {half, half, 0}}}},

@@ -43,7 +43,7 @@ TEST_F(FreeformCurves, OfSeveralBezierSegmentsAreSound)
     EXPECT_TRUE(Object<GK_Curve>(0).IsValid());
 }
 
-TEST_F(FreeformCurves, ReasonsSayWhatStandsInTheFile)
+TEST_F(FreeformCurves, ReasonsSayWhatIsInTheFile)
 {
     std::string values = "parm u";
     for (int i = 0; i < 400; ++i)

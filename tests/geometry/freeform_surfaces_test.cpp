@@ -38,7 +38,7 @@ TEST(FreeformSurfaces, StatesOfTheKnotStatements)
     EXPECT_EQ(two.All()[0]->FaceCount(), 0);
     EXPECT_EQ(two.All()[1]->FaceCount(), 1);
 
-    // Behind a complete surface the next one waits for both of its own.
+    // After a complete surface the next one waits for both of its own.
     const BuiltBreps next(Square + Surface + Knots + Surface + "parm u 0 0 1 1\n");
     EXPECT_EQ(next.Last().FaceCount(), 0);
     const BuiltBreps last(Square + Surface + Knots + "surf 0 1 0 1 4 3 2 1\n" + Knots);

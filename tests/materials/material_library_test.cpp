@@ -218,7 +218,7 @@ TEST_F(MaterialLibrary, IsAFileThatEnds)
 }
 #endif
 
-TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportGoesOn)
+TEST_F(MaterialLibrary, ThatIsMissingIsNamedAndTheImportContinues)
 {
     fs::create_directories(m_folder / "folder.mtl");
     m_folder.Write("here.mtl", "newmtl here\n");

@@ -27,11 +27,11 @@ TEST(DocumentJson, HoldsTheWholeDocument)
     EXPECT_EQ(json.dump(1), expected.dump(1));
 }
 
-TEST(DocumentJson, TellsFromWhichImportAnObjectCame)
+TEST(DocumentJson, NamesTheImportOfEachObject)
 {
     ConsoleDoc doc(0.001);
     ImportRecord imports[4];
-    for (int i = 0; i < 4; ++i) { // of which the second brings nothing
+    for (int i = 0; i < 4; ++i) { // of which the second adds nothing
         imports[i].firstObject = doc.ObjectCount();
         for (int object = 0; object < (i == 1 ? 0 : 2); ++object)
             doc.AddPointObject({}, {}, nullptr, false);

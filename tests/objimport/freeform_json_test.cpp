@@ -24,8 +24,8 @@ json Imported(const std::string& example)
     return json::parse(result.output);
 }
 
-/// The values at a parameter of all basis functions of an order, by their recursive definition.
-/// Knots stand without the superfluous ends.
+/// Returns the values at a parameter of all basis functions of an order, by their recursive
+/// definition. Knots stand without the superfluous ends.
 std::vector<double> BasisFunctions(std::vector<double> knots, std::size_t order, double parameter)
 {
     const double last = knots.back();
@@ -53,7 +53,7 @@ std::vector<double> BasisFunctions(std::vector<double> knots, std::size_t order,
     return values;
 }
 
-/// The sum of a shape's points, weighted by the given basis and the points' own weights.
+/// Returns the sum of a shape's points, weighted by a basis and the points' own weights.
 Point WeightedSum(const json& shape, const std::vector<double>& basis)
 {
     Point sum{};
@@ -92,7 +92,7 @@ double Distance(const Point& a, const Point& b)
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
 
-/// The parameter at a fraction of a domain.
+/// Returns the parameter at a fraction of a domain.
 double At(const json& domain, double fraction)
 {
     return domain[0].get<double>() * (1.0 - fraction) + domain[1].get<double>() * fraction;

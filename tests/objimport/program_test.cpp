@@ -75,7 +75,7 @@ TEST_F(Program, NamesTheModuleThatIsNone)
     ExpectOneLine(run("absent.so"), "absent.so: no such file");
     ExpectOneLine(run(text), text);
     ExpectOneLine(run(NO_MODULE), "lacks the export KelvoPlugIn");
-    ExpectOneLine(run(UNREGISTERED_MODULE), "brings no import plug-in");
+    ExpectOneLine(run(UNREGISTERED_MODULE), "exports no import plug-in");
 }
 
 TEST_F(Program, ShowsWhatTheModuleSaysOfItself)
@@ -100,7 +100,7 @@ TEST_F(Program, ShowsWhatTheModuleSaysOfItself)
     EXPECT_THAT(Run({"--help"}).output, HasSubstr("reverse-groups"));
 }
 
-TEST_F(Program, ImportsInOrderAndTellsHowItWent)
+TEST_F(Program, ImportsInOrderAndReportsHowItWent)
 {
     const std::string first = Script("a \xC3\xA4 \xE6\x9C\xA8.txt", "path point");
     const std::string second = Script("b.txt", "box fail");
@@ -117,7 +117,7 @@ TEST_F(Program, ImportsInOrderAndTellsHowItWent)
     EXPECT_THAT(result.errors, HasSubstr("1 object: 1 point\n"));
 }
 
-TEST_F(Program, TellsThePlugInHowToRead)
+TEST_F(Program, PassesHowToReadToThePlugIn)
 {
     const std::string file = Script("a.txt", "state");
     EXPECT_THAT(Run({file}).output, StartsWith("groups 1 zup 0 modes 10 tolerance 0.001\n"));
@@ -222,7 +222,7 @@ TEST_F(Program, NotesFaultsOfThePlugIn)
     EXPECT_THAT(waiting.errors, HasSubstr("ReadFile: it did not end its wait cursor"));
     const ProcessResult throwing = Run({Script("throw.txt", "throw"), Script("b.txt", "point")});
     EXPECT_EQ(throwing.status, 1);
-    EXPECT_THAT(throwing.errors, HasSubstr("ReadFile: it let an exception out: thrown"));
+    EXPECT_THAT(throwing.errors, HasSubstr("ReadFile: it threw an exception: thrown"));
     EXPECT_THAT(throwing.output, HasSubstr("1 object"));
 }
 
@@ -237,14 +237,14 @@ TEST_F(Program, SaysThatThereIsNoDisplayForADialog)
     }
 }
 
-TEST_F(Program, TakesAnyNameThatThePlugInCanBeGiven)
+TEST_F(Program, TakesAnyNameThatCanBePassedToThePlugIn)
 {
     for (const char* name : {"[", "a,b;c", "'a' \"b\"", "a%%b {c}", " a.obj ", "a\xFF"})
         EXPECT_THAT(Run({Script(name, "point")}).output, HasSubstr("1 object: 1 point\n")) << name;
     // The plug-in would look for "b" in a folder "a", and find the first of two like names.
     folder.Write("a\xFE", "point");
     for (const char* name : {"a\\b", "a\xFF"})
-        ExpectOneLine(Run({Script(name, "point")}), "cannot be given to the plug-in");
+        ExpectOneLine(Run({Script(name, "point")}), "cannot be passed to the plug-in");
 }
 
 TEST_F(Program, TakesPipes)
@@ -263,7 +263,7 @@ TEST_F(Program, ImportsNothingWhenTheModuleDoesNotStart)
     const std::string settings = "[Plug-Ins\\01000000-0000-0000-0000-000000000000\\Settings]\n"
                                  "Stay=false\n";
     folder.Write("s.ini", settings);
-    ExpectOneLine(Run({file}), "the plug-in Scripted does not want to be loaded");
+    ExpectOneLine(Run({file}), "the plug-in Scripted refused to load");
     EXPECT_EQ(folder.Read("s.ini"), settings);
 }
 

@@ -49,7 +49,7 @@ void AddTextsOfSource(const fs::path& path, TextsById& texts)
     }
 }
 
-/// The program's texts by their ids, as they stand in its sources.
+/// Returns the program's texts by their ids, as they stand in its sources.
 TextsById TextsOfSources()
 {
     TextsById texts;

@@ -11,8 +11,8 @@ class TextOutput;
 /// A document with one object of each kind.
 void FillSampleDocument(ConsoleDoc& doc);
 
-/// An import with something in each list of its journal.
+/// Returns an import with something in each list of its journal.
 ImportRecord SampleImport();
 
-/// The text that something writes.
+/// Returns the text that something writes.
 std::string Written(const std::function<void(TextOutput&)>& write);

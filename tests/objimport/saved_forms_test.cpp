@@ -1,4 +1,4 @@
-// The files that --save writes, and what it leaves alone.
+// The files that --save writes, and what it never replaces.
 
 #include "objimport/saved_forms.h"
 #include "tests/objimport/process.h"
@@ -60,7 +60,7 @@ protected:
     SavedFiles()
     {
         fs::copy(fs::path(PROJECT_FOLDER) / "examples", folder.Path(), fs::copy_options::recursive);
-        // Else the run would use the settings of whoever runs the tests.
+        // Otherwise the run would use the settings of the person who runs the tests.
         settings = At("settings.ini");
     }
 
@@ -90,7 +90,7 @@ protected:
     std::string settings;
 };
 
-TEST_F(SavedFiles, AreWrittenAndTold)
+TEST_F(SavedFiles, AreWrittenAndReported)
 {
     const ProcessResult result = Save({"--save", At("a.glb"), "--save", At("b.GLB")});
     EXPECT_EQ(result.status, 0);
@@ -101,7 +101,7 @@ TEST_F(SavedFiles, AreWrittenAndTold)
     EXPECT_EQ(Save({"--quiet", "--save", At("a.glb")}).output, "");
 }
 
-TEST_F(SavedFiles, AreToldInTheUsersLanguage)
+TEST_F(SavedFiles, AreReportedInTheUsersLanguage)
 {
     fs::remove_all(folder / "maps");
     const ProcessResult result =

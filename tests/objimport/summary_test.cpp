@@ -79,7 +79,7 @@ size: 10 x 5 x 1e+22, from (0, 0, -3) to (10, 5, 1e+22)
 )");
 }
 
-TEST(Summary, CutsLongListsUnlessAllAreWanted)
+TEST(Summary, CutsLongListsUnlessAllAreAskedFor)
 {
     ConsoleDoc doc(0.001);
     GK_MdxObjectAttributes attributes;
@@ -106,7 +106,7 @@ TEST(Summary, CutsLongListsUnlessAllAreWanted)
     EXPECT_THAT(all, testing::Not(HasSubstr("more; --all")));
 }
 
-TEST(FileReport, TellsOutcomeAndLosses)
+TEST(FileReport, ReportsOutcomeAndLosses)
 {
     ConsoleDoc doc(0.001);
     FillSampleDocument(doc);

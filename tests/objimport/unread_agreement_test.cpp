@@ -143,7 +143,7 @@ TEST_F(UnreadAgreement, InFilesWithManyUnreadStatements)
     }
 }
 
-TEST_F(UnreadAgreement, TellsLinesAfterAnEarlyEnd)
+TEST_F(UnreadAgreement, ReportsLinesAfterAnEarlyEnd)
 {
     EXPECT_EQ(ToldBySummary(fs::path(PROJECT_FOLDER) / "examples" / "faulty.obj"),
               (Counts{{"vertex", 1}, {"s", 1}, {"l", 1}, {"nonsense", 1}, {"after line 44", 2}}));

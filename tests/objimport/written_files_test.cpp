@@ -1,4 +1,4 @@
-// What the program writes, and what it leaves alone.
+// What the program writes, and what it never replaces.
 
 #include "console_host/runtime/file_replacement.h"
 #include "objimport/platform.h"

@@ -35,7 +35,7 @@ TEST(FaceStatement, ReadsEveryFormOfCorner)
         {"/4", "/3/", 2},
         {"/4/1", "/3/0", 3},
         {"//1", "//0", 3},
-        // Behind a bad field nothing is read.
+        // After a bad field nothing is read.
         {"0", "//", 1, 1},
         {"6/1/1", "//", 3, 1},
         {"-6/9/9", "//", 3, 1},

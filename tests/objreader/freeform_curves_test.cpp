@@ -105,7 +105,7 @@ TEST(FreeformCurves, StatementsFailWhereTheyAreMalformed)
     }
 }
 
-TEST(FreeformCurves, UnsupportedFormsAreToldAndEndTheReading)
+TEST(FreeformCurves, UnsupportedFormsAreReportedAndEndTheReading)
 {
     struct Case
     {

@@ -42,10 +42,10 @@ void CompareInteger(const std::string& text)
     int value = 4711;
     ASSERT_EQ(ReadInteger(padded.c_str(), value), isNumber) << text;
     ASSERT_EQ(value, isNumber ? expected : 4711) << text;
-    const char* behind = padded.c_str();
-    ASSERT_EQ(TakeInteger(behind), expected) << text;
+    const char* next = padded.c_str();
+    ASSERT_EQ(TakeInteger(next), expected) << text;
     if (isNumber) {
-        ASSERT_EQ(behind - padded.c_str(), end - text.c_str()) << text;
+        ASSERT_EQ(next - padded.c_str(), end - text.c_str()) << text;
     }
 }
 

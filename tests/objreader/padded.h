@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// A token as the tokenizer gives it: behind its end stand readable bytes, which must not matter.
+/// Returns a token as the tokenizer returns it: readable bytes follow its end and must not matter.
 inline std::string Padded(std::string_view text)
 {
     std::string padded(text);

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(Parse, TellsWhichLibrariesAreNamed)
+TEST(Parse, ReportsWhichLibrariesAreNamed)
 {
     const ReadText text("mtllib a.mtl\nMTLLIB  two\twords.mtl \nmtllib\nmtllib c\\d  e.mtl\n");
     EXPECT_TRUE(text.parsed);
@@ -15,7 +15,7 @@ TEST(Parse, TellsWhichLibrariesAreNamed)
 #ifdef __linux__
 TEST(Parse, OfAFileThatCannotBeReadIsFalse)
 {
-    // It opens like any file, but its first bytes are nobody's.
+    // It opens like any file, but its first bytes cannot be read.
     CObjLineTokenizer tokenizer(L"/proc/self/mem");
     const ImportChoices choices;
     ToldEvents events;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view FirstElements = "v 1 2 3\nv 4 5 6\nvt 1 2\nvn 0 0 1\nvn 0 1 0\n";
 
-/// All that reading keeps of a text, and what it tells.
+/// Returns all that reading keeps of a text, and what it tells.
 std::string Report(std::string_view text)
 {
     const ReadText read(text);
@@ -39,7 +39,8 @@ std::string Report(std::string_view text)
     return report.str();
 }
 
-/// A tab separates as a space does, but makes a line one to be cut.
+/// Returns the text with tabs for its spaces: they separate as well, but make each line one to be
+/// cut.
 std::string WithTabs(std::string text)
 {
     std::replace(text.begin(), text.end(), ' ', '\t');

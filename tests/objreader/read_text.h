@@ -49,7 +49,7 @@ public:
     ReadText(const ReadText&) = delete;
     ReadText& operator=(const ReadText&) = delete;
 
-    /// What the current record has received; fails when that is nothing.
+    /// Returns what the current record has received; fails when that is nothing.
     [[nodiscard]] Geometry& CurrentGeometry() const
     {
         EXPECT_NE(reading.currentGroup->geometry, nullptr);
@@ -64,7 +64,7 @@ public:
     bool parsed;
 
 private:
-    /// A stream of these bytes.
+    /// Returns a stream of these bytes.
     static std::FILE* Open(std::string_view text)
     {
         const std::filesystem::path path =
@@ -81,14 +81,14 @@ private:
     }
 };
 
-/// The elements as a container that matchers know.
+/// Returns the elements as a container that matchers know.
 template <class Array>
 auto ListOf(const Array& array)
 {
     return std::vector(array.begin(), array.end());
 }
 
-/// The corners of all faces.
+/// Returns the corners of all faces.
 inline std::vector<V_TN_IDX> CornersOf(const Geometry& geometry)
 {
     std::vector<V_TN_IDX> corners;
@@ -98,7 +98,7 @@ inline std::vector<V_TN_IDX> CornersOf(const Geometry& geometry)
     return corners;
 }
 
-/// How many corners each face has.
+/// Returns how many corners each face has.
 inline std::vector<int> CornerCountsOf(const Geometry& geometry)
 {
     std::vector<int> counts;
@@ -108,7 +108,7 @@ inline std::vector<int> CornerCountsOf(const Geometry& geometry)
     return counts;
 }
 
-/// The corners as "v/vt/vn" with 0-based indices, -1 left out.
+/// Returns the corners as "v/vt/vn" with 0-based indices, -1 left out.
 inline std::string Shown(const std::vector<V_TN_IDX>& corners)
 {
     const auto index = [](int i) { return i == -1 ? std::string() : std::to_string(i); };

@@ -31,7 +31,8 @@ private:
         BehindTokensEnd ///< in a token whose text a backslash has ended
     };
 
-    /// The text behind the last line end is a line too, even when it is empty.
+    /// Returns the lines of a text; what follows the last line end is one too, even when it is
+    /// empty.
     static std::vector<std::string> PhysicalLines(std::string_view text)
     {
         std::vector<std::string> lines(1);

@@ -3,7 +3,7 @@
 #include <string>
 
 // A square of side 2 with u along x, and the curves of its boundary, a circle within, and a piece
-// of the boundary that is given backwards.
+// of the boundary that is written backwards.
 inline const std::string Square = "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 2 2 0\n"
                                   "vp 0 0\nvp 1 0\nvp 1 1\nvp 0 1\n"
                                   "vp 0.75 0.5 1\nvp 0.75 0.75 0.70710678118654752\nvp 0.5 0.75 1\n"

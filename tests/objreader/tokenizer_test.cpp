@@ -39,7 +39,7 @@ protected:
         return lines;
     }
 
-    /// The same, of a text without backslashes, where the lines that can be skipped are.
+    /// Returns the same, of a text without backslashes, where the lines that can be skipped are.
     [[nodiscard]] Lines SkipThroughFile(std::size_t blockSize) const
     {
         CObjLineTokenizer tokenizer(Open("rb"), blockSize);
@@ -112,9 +112,9 @@ TEST_F(Tokenizer, CutsLinesByTheRules)
         {"comment, not at the very beginning", "  # comment\nv 1 # note", "#,comment\nv,1,#,note"},
         {"comment with backslashes", "# C:\\x y\\\nv 1", "\nv,1"},
         {"continued", "f 1 2 \\\n3 4", "f,1,2,3,4"},
-        {"continued right behind a token", "f 1 2\\\n3", "f,1,2,3"},
+        {"continued right after a token", "f 1 2\\\n3", "f,1,2,3"},
         {"continued by a comment", "f 1 2 \\\n# x\nv", "f,1,2\nv"},
-        {"continued by a comment that would go on", "f 1 \\\n# x \\\nv", "f,1\nv"},
+        {"continued by a comment that would continue", "f 1 \\\n# x \\\nv", "f,1\nv"},
         {"continued by an empty line", "f 1 \\\n\n2", "f,1\n2"},
         {"continued at the end of the file", "f 1 \\", "f,1"},
         {"continued three times", "f\\\n1 \\\r\n2 \\\r3", "f,1,2,3"},

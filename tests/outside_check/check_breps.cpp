@@ -57,7 +57,8 @@ std::string StatusesOf(const BRepCheck_Analyzer& analyzer, const TopoDS_Shape& s
     return text.str();
 }
 
-// The library's precision is a length of 1e-7: what is small is scaled up.
+// Returns what a brep is scaled up by when it is small: the library's precision is a length of
+// 1e-7.
 double ScaleFor(const GK_Brep& brep)
 {
     constexpr double Small = 0.1;

@@ -19,7 +19,7 @@ const fs::path Project = PROJECT_FOLDER;
 /// Texts by localization id, in the escaped form of a string table.
 using Texts = std::map<int, std::string>;
 
-/// The importer's sources, one after the other.
+/// Returns the importer's sources, one after the other.
 std::string ImporterSources()
 {
     std::string sources;
@@ -30,9 +30,9 @@ std::string ImporterSources()
     return sources;
 }
 
-/// What looks like `L"text", 12345`, the text in one or more literals: the arguments of a
-/// localizing call, or a row of a table for one. Localization ids have five digits; dialog controls
-/// have fewer.
+/// Returns all that looks like `L"text", 12345`, the text in one or more literals: the arguments of
+/// a localizing call, or a row of a table for one. Localization ids have five digits; dialog
+/// controls have fewer.
 Texts TextsOfSources(const std::string& sources)
 {
     const std::string joined = std::regex_replace(sources, std::regex(R"("\s+L?")"), "");
@@ -47,7 +47,8 @@ Texts TextsOfSources(const std::string& sources)
     return texts;
 }
 
-/// Every five-digit number of the sources that can be an id, some of which go through a variable.
+/// Returns every five-digit number of the sources that can be an id, some of which go through a
+/// variable.
 std::set<int> IdsOfSources(const std::string& sources)
 {
     static const std::regex FiveDigits(R"(\b\d{5}\b)");

@@ -20,7 +20,7 @@ namespace {
 #ifdef _WIN32
 constexpr const char* ModulePath = BUILD_FOLDER "/bin/ImportOBJ.dll";
 
-/// The names in the export table of the module, which is loaded.
+/// Returns the names in the export table of the module, which is loaded.
 std::vector<std::string> ExportedNames()
 {
     const auto* const start =
@@ -40,7 +40,7 @@ std::vector<std::string> ExportedNames()
 #else
 constexpr const char* ModulePath = BUILD_FOLDER "/bin/ImportOBJ.so";
 
-/// The names that the file shows; the loader does not tell them.
+/// Returns the names that the file shows; the loader does not tell them.
 std::vector<std::string> ExportedNames()
 {
     std::FILE* symbols = popen("nm -D --defined-only " BUILD_FOLDER "/bin/ImportOBJ.so", "r");

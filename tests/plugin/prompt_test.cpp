@@ -11,7 +11,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// The options as one short text: the group choice, then a letter for each option that is on.
+/// Returns the options as one short text: the group choice, then a letter for each option that is
+/// on.
 std::string Summary(const ObjImportOptions& options)
 {
     std::string text = std::to_string(options.HowToAddGs);

@@ -21,7 +21,7 @@ using testing::IsEmpty;
 
 const std::string Triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
 
-/// Hands on to another document and notes each step of an import, with the number of wait cursors
+/// Forwards to another document and notes each step of an import, with the number of wait cursors
 /// and of messages at the time. It has no list of views.
 class NotingDoc : public CKelvoDoc
 {
@@ -149,7 +149,7 @@ TEST_F(ReadFile, TakesItsStepsInOrderUnderTheWaitCursor)
     EXPECT_TRUE(ImportInto(noting, contents, {ReadModeAskOnCommandLine}));
     EXPECT_THAT(std::exchange(noting.steps, {}), ElementsAre("add 1 2", "redraw 1 3"));
 
-    // Zooming comes before drawing; what it lets out ends the wait cursor too.
+    // Zooming comes before drawing; an exception of it ends the wait cursor too.
     EXPECT_THROW(ImportInto(noting, contents, {ReadModeAskOnCommandLine, ReadModeZoomExtents}),
                  std::runtime_error);
     EXPECT_THAT(noting.steps, ElementsAre("add 1 2", "views 1 3"));

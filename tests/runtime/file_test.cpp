@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The first bytes of a file opened by its wide path; "none" when it cannot be opened.
+/// Returns the first bytes of a file opened by its wide path; "none" when it cannot be opened.
 std::string FirstBytes(const std::wstring& path)
 {
     const File stream(_wfopen(path.c_str(), L"rb"));

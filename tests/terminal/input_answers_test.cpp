@@ -53,7 +53,7 @@ TEST(InputAnswers, ReturnsTheLinesOfTheInput)
     EXPECT_EQ(shown, "");
 }
 
-TEST(InputAnswers, RefusesALineThatNobodyTypes)
+TEST(InputAnswers, RefusesALineThatIsTooLong)
 {
     const std::string tooLong(1'000'000, 'x');
     std::string shown;

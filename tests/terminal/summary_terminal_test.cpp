@@ -39,7 +39,7 @@ TEST_F(WorkOnATerminal, NamesTheFileUntilTheWorkIsDone)
     EXPECT_EQ(terminal.ExitStatus(), 0);
 }
 
-TEST_F(WorkOnATerminal, TakesItsNoteAwayWhenItIsStopped)
+TEST_F(WorkOnATerminal, RemovesItsNoteWhenItIsStopped)
 {
     PseudoTerminal terminal(Command());
     terminal.ShownUpTo("scene.txt: making objects");

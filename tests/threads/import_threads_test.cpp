@@ -21,7 +21,7 @@ struct Use
     std::size_t blockSize;
 };
 
-/// How many random files are imported, and from which seed on.
+/// Returns how many random files are imported, and from which seed on.
 unsigned FromEnvironment(const char* name, unsigned otherwise)
 {
     const char* const value = std::getenv(name);
@@ -128,7 +128,7 @@ TEST_F(ImportThreads, ExamplesAndCases)
                 Compare(entry.path());
 }
 
-/// A ball whose mesh is large enough for every step of its making to be shared.
+/// A ball whose mesh is large enough for every step of its construction to be shared.
 TEST_F(ImportThreads, AMeshThatIsMadeByRanges)
 {
     constexpr int Side = 100;

@@ -79,7 +79,7 @@ private:
         std::sort(breaks.begin(), breaks.end());
     }
 
-    // The area element summed over u up to a boundary.
+    // Returns the area element summed over u up to a boundary.
     [[nodiscard]] double Strip(double u, double v) const
     {
         const double high = std::clamp(u, m_u[0], m_u[1]);

@@ -104,13 +104,14 @@ private:
         return m_surface->PointAt(uv.x, uv.y);
     }
 
-    // How far an edge may lie from its trim: the tolerance, but never a bent shape.
+    // Returns how far an edge may lie from its trim: the tolerance, but never a bent shape.
     [[nodiscard]] double EdgeSlack() const
     {
         return std::min(m_tolerance, 1e-3 * m_extent.size) + 3e-6 * m_extent.size;
     }
 
-    // How far trims may end apart, or outside the domain, in a direction of the parameter plane.
+    // Returns how far trims may end apart, or outside the domain, in a direction of the parameter
+    // plane.
     [[nodiscard]] double PlaneSlack(int direction) const
     {
         constexpr double RoundedDigits = 1e-5;
@@ -122,7 +123,7 @@ private:
 
     const GK_Brep& m_brep;
     double m_tolerance;
-    const GK_Surface* m_surface = nullptr; // of the face at hand
+    const GK_Surface* m_surface = nullptr; // of the current face
     SurfaceExtent m_extent;
     std::vector<std::string> m_faults;
 };

@@ -7,5 +7,5 @@
 std::vector<std::string> ImportFaults(const std::vector<TrimmedShape>& shapes,
                                       const Writing& writing, double tolerance);
 
-/// The shape at another size and place.
+/// Returns the shape at another size and place.
 TrimmedShape Placed(TrimmedShape shape, double scale, double offset);

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-/// A surface without loops yet, for the families of tests.
+/// Returns a surface without loops yet, for the families of tests.
 inline TrimmedShape Bare(ShapeSurface surface)
 {
     TrimmedShape shape;
@@ -13,7 +13,7 @@ inline TrimmedShape Bare(ShapeSurface surface)
     return shape;
 }
 
-/// A shape with one more loop, whose area counts against the shape's when it is a hole.
+/// Returns a shape with one more loop, whose area counts against the shape's when it is a hole.
 inline TrimmedShape With(TrimmedShape shape, bool isHole, const Pieces& pieces)
 {
     shape.area += (isHole ? -1.0 : 1.0) * std::abs(AreaWithin(shape.surface, pieces));
@@ -31,7 +31,7 @@ inline TrimmedShape WithHole(TrimmedShape shape, const Pieces& pieces)
     return With(std::move(shape), true, pieces);
 }
 
-/// A shape with one more loop that must be dropped.
+/// Returns a shape with one more loop that must be dropped.
 inline TrimmedShape WithDropped(TrimmedShape shape, const Pieces& pieces)
 {
     shape.loops.push_back({true, pieces});
@@ -39,7 +39,7 @@ inline TrimmedShape WithDropped(TrimmedShape shape, const Pieces& pieces)
     return shape;
 }
 
-/// A surface that keeps its natural boundary.
+/// Returns a surface that keeps its natural boundary.
 inline TrimmedShape Whole(ShapeSurface surface)
 {
     TrimmedShape shape = Bare(std::move(surface));
@@ -55,7 +55,7 @@ inline TrimmedShape Counted(TrimmedShape shape, int vertices, int borders, int s
     return shape;
 }
 
-/// Fails, with the first faults of all and a text that brings the case back, when shapes are not
+/// Fails, with the first faults of all and a text that reproduces the case, when shapes are not
 /// imported as they say.
 inline void ExpectImported(const std::vector<TrimmedShape>& shapes, const Writing& writing,
                            double tolerance)
@@ -70,8 +70,8 @@ inline void ExpectImported(const std::vector<TrimmedShape>& shapes, const Writin
 }
 
 /// As above, for a shape of size 1 or so in several sizes, domains and tolerances, with u and v
-/// exchanged too; sizes below the tolerance only when asked for: there, gaps are none. Ends after
-/// the first that fails.
+/// exchanged too; sizes below the tolerance only when asked for: there, gaps do not count. Ends
+/// after the first that fails.
 inline void ExpectImportedEverywhere(const TrimmedShape& shape, bool belowTolerance = true)
 {
     struct Setting

@@ -15,7 +15,7 @@ constexpr double Tolerances[] = {1e-6, 1e-3, 1.0};
 
 const std::vector<UV> Frame = Rectangle(0.1, 0.2, 0.9, 0.8);
 
-// A rectangle without its corners.
+// Returns a rectangle without its corners.
 std::vector<UV> Chamfered(double u0, double v0, double u1, double v1, double cutU, double cutV)
 {
     return {{u0 + cutU, v0}, {u1 - cutU, v0}, {u1, v0 + cutV}, {u1, v1 - cutV},
@@ -246,7 +246,7 @@ TEST(LoopFamilies, OuterLoopsThatDoNotClose)
     ExpectImported({shape}, {}, 1e-3);
 }
 
-// The area that an edge bounds in the plane z = 0.
+// Returns the area that an edge bounds in the plane z = 0.
 double AreaOfEdge(const GK_BrepEdge& edge)
 {
     constexpr int Steps = 4000;

@@ -79,7 +79,7 @@ ShapeSurface Maker::Surface()
     }
 }
 
-// A line in one piece, in several, or as a curve of several spans.
+// Returns a line in one piece, in several, or as a curve of several spans.
 Pieces Maker::Line(UV a, UV b)
 {
     const int count = Chance(0.7) ? 1 : 2 + Below(3);
@@ -102,7 +102,7 @@ Pieces Joined(const std::vector<Pieces>& parts)
     return all;
 }
 
-// Two rings, without the seam.
+// Adds two rings, without the seam.
 Region Maker::AddBand(TrimmedShape& shape)
 {
     const double v0 = Between(0.1, 0.4);
@@ -114,7 +114,7 @@ Region Maker::AddBand(TrimmedShape& shape)
     return {u, v0, u + 1, v1};
 }
 
-// All around, with the seam's pieces, and a pole with or without its own.
+// Adds a loop all around, with the seam's pieces, and a pole with or without its own.
 Region Maker::AddSeamed(TrimmedShape& shape)
 {
     const bool hasPole =

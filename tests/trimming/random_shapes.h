@@ -12,5 +12,5 @@ struct RandomFile
     double tolerance = 1e-3;
 };
 
-/// The file of a seed; the same on every platform.
+/// Returns the file of a seed; the same on every platform.
 RandomFile MakeRandomFile(std::uint32_t seed);

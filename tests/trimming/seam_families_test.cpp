@@ -22,7 +22,7 @@ std::vector<NamedSurface> ClosedSurfaces()
             {"torus", TorusShape(3, 1)}};
 }
 
-// A line around a closed surface, in one piece or several, from u to u + 1.
+// Returns a line around a closed surface, in one piece or several, from u to u + 1.
 Pieces Ring(double u, double v, int pieces)
 {
     Pieces ring;

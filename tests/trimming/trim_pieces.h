@@ -23,7 +23,7 @@ struct TrimPiece
 
     [[nodiscard]] bool IsRational() const { return degree > 1; }
 
-    /// The place at a share (0 to 1) of the way along the part.
+    /// Returns the place at a share (0 to 1) of the way along the part.
     [[nodiscard]] UV At(double share) const;
 };
 
@@ -37,37 +37,38 @@ struct TrimLoop
 
 TrimPiece LinePiece(UV a, UV b);
 
-/// One curve of several straight spans.
+/// Returns one curve of several straight spans.
 TrimPiece PolylinePiece(const std::vector<UV>& points);
 
-/// A quarter or more of an ellipse, counter-clockwise from an angle in quarters of a turn.
+/// Returns a quarter or more of an ellipse, counter-clockwise from an angle in quarters of a turn.
 TrimPiece ArcPiece(UV center, double radiusU, double radiusV, int firstQuarter, int quarters);
 
-/// A closed loop of lines through corners.
+/// Returns a closed loop of lines through corners.
 Pieces PolygonOf(const std::vector<UV>& corners);
 
-/// The corners of a rectangle, counter-clockwise.
+/// Returns the corners of a rectangle, counter-clockwise.
 std::vector<UV> Rectangle(double u0, double v0, double u1, double v1);
 
-/// A full ellipse in one, two or four pieces, counter-clockwise.
+/// Returns a full ellipse in one, two or four pieces, counter-clockwise.
 Pieces EllipseOf(UV center, double radiusU, double radiusV, int count);
 
-/// One closed curve, named once for each of its spans.
+/// Returns one closed curve, named once for each of its spans.
 Pieces SpansOf(const TrimPiece& curve);
 
-/// The same curve written the other way round: the piece then runs against its loop.
+/// Returns the same curve written the other way round: the piece then runs against its loop.
 TrimPiece Turned(TrimPiece piece);
 
-/// The same part by a curve written the other way round and a decreasing interval.
+/// Returns the same part by a curve written the other way round and a decreasing interval.
 TrimPiece Decreasing(TrimPiece piece);
 
-/// The loop in the other direction.
+/// Returns the loop in the other direction.
 Pieces Backwards(Pieces pieces);
 
-/// The loop, begun at another piece.
+/// Returns the loop, begun at another piece.
 Pieces Rotated(Pieces pieces, int first);
 
-/// The loop with the pieces of a bit mask turned, and those of another one written decreasing.
+/// Returns the loop with the pieces of a bit mask turned, and those of another one written
+/// decreasing.
 Pieces Styled(Pieces pieces, unsigned int turned, unsigned int decreasing);
 
 Pieces Moved(Pieces pieces, double u, double v);

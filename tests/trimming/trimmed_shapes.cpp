@@ -25,7 +25,7 @@ std::vector<double> QuadraticKnots(int spans)
     return knots;
 }
 
-// The angle of a circle made of rational quarters; goes on beyond 0 and 1.
+// Returns the angle of a circle made of rational quarters; continues beyond 0 and 1.
 double Angle(double t, int quarters)
 {
     const double place = t * quarters;

@@ -28,16 +28,17 @@ ShapeSurface ConeShape(double bottom, double top, double height); ///< a radius 
 ShapeSurface SphereShape(double radius);                          ///< poles at v = 0 and v = 1
 ShapeSurface TorusShape(double radius, double tube);
 
-/// A bicubic height field of one patch; `heights` are those of its 16 control points.
+/// Returns a bicubic height field of one patch; `heights` are those of its 16 control points.
 ShapeSurface PatchShape(double width, double height, const std::array<double, 16>& heights);
 
-/// The surface with every point multiplied and then moved along the diagonal.
+/// Returns the surface with every point multiplied and then moved along the diagonal.
 ShapeSurface Placed(ShapeSurface surface, double scale, double offset);
 
-/// The area that a closed loop bounds on the surface, by formulas; positive counter-clockwise.
+/// Returns the area that a closed loop bounds on the surface, by formulas; positive
+/// counter-clockwise.
 double AreaWithin(const ShapeSurface& surface, const Pieces& loop);
 
-/// The area between two values of v, all the way across u.
+/// Returns the area between two values of v, all the way across u.
 double AreaOfBand(const ShapeSurface& surface, double v0, double v1);
 
 /// A trimmed surface and what an import must make of it.
@@ -61,5 +62,5 @@ struct Writing
     bool swapped = false;                                          ///< u and v are exchanged
 };
 
-/// The text of an OBJ file with shapes. Equal 2D curves are written once.
+/// Returns the text of an OBJ file with shapes. Equal 2D curves are written once.
 std::string ObjText(const std::vector<TrimmedShape>& shapes, const Writing& writing);

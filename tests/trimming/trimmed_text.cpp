@@ -40,7 +40,7 @@ private:
         return text;
     }
 
-    // A parameter of the unit square in the written domain; direction 0 is the written u.
+    // Returns a parameter of the unit square in the written domain; direction 0 is the written u.
     [[nodiscard]] double Mapped(double t, std::size_t direction) const
     {
         const auto& [low, high] = m_writing.domain[direction];

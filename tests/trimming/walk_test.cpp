@@ -15,7 +15,7 @@ using testing::IsEmpty;
 
 constexpr double Tolerance = 1e-3;
 
-// A plate with a hole, clockwise.
+// Returns a plate with a hole, clockwise.
 std::unique_ptr<VX_Brep> Plate()
 {
     auto plate = MakeBrep(MakePlane(4.0));
@@ -28,7 +28,7 @@ std::unique_ptr<VX_Brep> Plate()
     return plate;
 }
 
-// The curve, to be damaged: a brep itself lets nobody change its curves.
+// Returns the curve, to be damaged: a brep itself does not let its curves change.
 GK_Curve& Changed(const GK_Curve* curve)
 {
     return const_cast<GK_Curve&>(*curve);

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-// The farthest that the pushed-up curve is from the surface at the 2D curve's point, over 1,000
-// parameters.
+// Returns the largest distance of the pushed-up curve from the surface at the 2D curve's point,
+// over 1,000 parameters.
 inline double Deviation(const GK_Curve& curve, const GK_NurbsSurface& surface,
                         const GK_Curve& curve2d, const GK_Interval& interval)
 {

@@ -89,7 +89,7 @@ TEST(Pushup, EqualCallsShareOneResult)
     changed.knots[0] = changed.knots[0]; // written: another storage
     EXPECT_NE(identity(changed, 1e-3, &part), first);
 
-    // A result that is changed by whoever got it, and a surface that is.
+    // A result that is changed by its owner, and a surface that is.
     GK_NurbsCurve::Cast(hill->Pushup(circle, 1e-3, &part).get())->SetDomain(5, 6);
     EXPECT_EQ(identity(circle, 1e-3, &part), first);
     const VX_NurbsSurface before = *hill;
@@ -158,7 +158,7 @@ TEST(Pushup, EndsWithTheAllowance)
     for (int i = 0; i < 200; ++i) {
         const GK_Interval part(0.001 * i, 19999.0);
         hill->Pushup(curve, 1e-3, &part);
-        ASSERT_LT(allowance.Left(), 2e5); // what calls bring is used up as well
+        ASSERT_LT(allowance.Left(), 2e5); // what calls add is used up as well
     }
     EXPECT_NE(hill->Pushup(curve, 1e-3, &small), nullptr); // made before
     ASSERT_EQ(Reports::Texts().size(), 1U);

@@ -167,7 +167,7 @@ TEST(Pushup, GoesRoundClosedSurfaces)
         {*torus, MakeCircle2d(4.0, 4.0, 0.7), 4, 4},
         {*torus, MakeCircle2d(0.0, 2.0, 0.7), 4, 4},
         {*torus, MakeLine(0.0, -3.0, 4.0, 9.0), 4, 4},
-        {*hill, MakeLine(3.0, 1.0, 4.1, 1.3), 0, 0}, // open: the last span goes on
+        {*hill, MakeLine(3.0, 1.0, 4.1, 1.3), 0, 0}, // open: the last span continues
     };
     const auto wrapped = [](double t, double period) {
         return period == 0.0 ? t : t - period * std::floor(t / period);

@@ -121,7 +121,7 @@ Polygon Ring(int count, double radius, double direction)
     return polygon;
 }
 
-/// Two arms that wind about each other, one out and one back.
+/// Returns two arms that wind about each other, one out and one back.
 Polygon Spiral(int count)
 {
     Polygon polygon(static_cast<std::size_t>(count));

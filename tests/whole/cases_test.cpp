@@ -21,7 +21,7 @@ namespace {
 const std::string CaseFolder = PROJECT_FOLDER "/tests/whole/cases/";
 const std::string ExampleFolder = PROJECT_FOLDER "/examples/";
 
-/// The switches of each run of a case.
+/// Returns the switches of each run of a case.
 std::vector<std::string> Runs(const std::string& objPath, const std::string& name)
 {
     const std::string runsPath = CaseFolder + name + ".runs";

@@ -231,7 +231,7 @@ TEST(Hostile, ObjectsShareTheirNamesAndGroups)
 }
 
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
-/// A field of the process's status, in bytes.
+/// Returns a field of the process's status, in bytes.
 double Status(const std::string& field)
 {
     std::ifstream status("/proc/self/status");
@@ -241,8 +241,9 @@ double Status(const std::string& field)
     throw std::runtime_error("there is no " + field);
 }
 
-/// How much more memory than at the start of the call the import of a file takes, in bytes, beside
-/// a library of many materials. The process must be a new one: memory that was freed before counts.
+/// Returns how much more memory than at the start of the call the import of a file takes, in bytes,
+/// beside a library of many materials. The process must be a new one: memory that was freed before
+/// counts.
 double GrowthOfImport(const std::string& bytes)
 {
     const TemporaryFolder folder;

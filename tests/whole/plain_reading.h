@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// What an import of a file is to bring, as far as counting goes.
+/// What an import of a file is to add, as far as that can be counted.
 struct Counts
 {
     int meshes = 0;

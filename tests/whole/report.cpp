@@ -9,8 +9,8 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// Six digits, or three behind the point of a large number: enough to see a difference, few enough
-/// to read. What is next to nothing is nothing: a sum that cancels out may leave some noise.
+/// Returns six digits, or three after the point of a large number: enough to see a difference, few
+/// enough to read. What is next to nothing is nothing: a sum that cancels out may leave some noise.
 std::string NumberText(const Json& number)
 {
     if (number.is_null())
@@ -22,7 +22,7 @@ std::string NumberText(const Json& number)
     return text.data();
 }
 
-/// A list of numbers, separated by blanks; a list of lists in parentheses.
+/// Returns a list of numbers, separated by blanks; a list of lists in parentheses.
 std::string ListText(const Json& list)
 {
     std::string text;
@@ -34,7 +34,7 @@ std::string ListText(const Json& list)
     return text;
 }
 
-/// A message in one line.
+/// Returns a message in one line.
 std::string Quoted(const Json& text)
 {
     return text.dump(-1, ' ', false, Json::error_handler_t::replace);

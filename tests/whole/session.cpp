@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Loaded once: the module is to serve any number of imports.
+/// Returns the module, loaded once: it is to serve any number of imports.
 PlugInModule& Module()
 {
 #ifdef _WIN32
@@ -49,14 +49,15 @@ void ReadCommandLine(CommandLine& commandLine, const std::string& text)
     commandLine.files.pop_back(); // the program wants one file at least
 }
 
-/// The options stay in the module from session to session.
+/// Returns whether the module, which keeps its options from session to session, has the defaults.
 bool& OptionsAreDefaults()
 {
     static bool areDefaults = false;
     return areDefaults;
 }
 
-/// An import gives back the wait cursor and keeps to the host's rules, whatever it met.
+/// Throws std::logic_error when an import has not released the wait cursor or broke a rule of the
+/// host.
 void CheckManners(const ImportJournal& journal)
 {
     if (WorkNote::Instance().Depth() != 0)

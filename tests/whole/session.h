@@ -16,11 +16,11 @@ public:
     ~Session();
 
     /// Takes the import options from switches as objimport knows them, such as "--groups layers",
-    /// and "--zoom". Throws std::invalid_argument when there is no such switch. What is no switch
-    /// is given back: the files.
+    /// and "--zoom". Throws std::invalid_argument when there is no such switch. Returns what is no
+    /// switch: the files.
     std::vector<std::string> SetOptions(const std::string& switches);
 
-    /// Imports a file into the document and gives the result. Throws std::logic_error when the
+    /// Imports a file into the document and returns the result. Throws std::logic_error when the
     /// import left the wait cursor on or the host noted that it broke a rule.
     bool Import(const std::string& path);
 
@@ -29,10 +29,10 @@ public:
 
     [[nodiscard]] const ConsoleDoc& Doc() const { return m_doc; }
 
-    /// All lines that the imports printed.
+    /// Returns all lines that the imports printed.
     [[nodiscard]] std::vector<std::string> Prints() const;
 
-    /// The document as text; see Report.
+    /// Returns the document as text; see Report.
     [[nodiscard]] std::string ReportText() const;
 
 private:
@@ -41,6 +41,6 @@ private:
     bool m_zoom = false;
 };
 
-/// The files of a folder with this extension, by name.
+/// Returns the files of a folder with this extension, by name.
 [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder,
                                                const std::string& extension);

@@ -29,7 +29,7 @@ bool FailsWith(Call call, int error) noexcept
     return true;
 }
 
-/// The function that this program's own stands before.
+/// Returns the function that this program's own stands before.
 template <class Function>
 Function* Next(const char* name) noexcept
 {

@@ -65,7 +65,7 @@ protected:
         return {status, testing::internal::GetCapturedStderr(), folder.Read("out.json"), leaks};
     }
 
-    /// Whether nothing is lost, or it is said that something is.
+    /// Returns whether nothing is lost, or it is said that something is.
     [[nodiscard]] bool IsHonest(const Ended& ended, bool mayBeSaidInTheJson) const
     {
         if (ended.status == 0 && ended.json == whole.json)

@@ -116,7 +116,7 @@ private:
     std::unique_ptr<CWaitCursor> m_cursor;
 };
 
-/// Says what the settings held, or gives up.
+/// Prints what the settings held, or fails.
 class ScriptedCommand : public CKelvoTestCommand
 {
 public:

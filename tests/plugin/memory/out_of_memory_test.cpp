@@ -40,7 +40,7 @@ bool Import(const char* example, CKelvoDoc& doc, FailNth failNth = FailNone, lon
 struct Outcomes
 {
     int failures = 0;
-    int withoutOneObject = 0; ///< which was not refused, in an import that went on to its end
+    int withoutOneObject = 0; ///< which was not refused, in an import that continued to its end
 };
 
 /// Imports an example with its n-th allocation failing, for every n until none fails.
@@ -76,7 +76,7 @@ class OutOfMemory : public testing::TestWithParam<const char*>
 {
 };
 
-TEST_P(OutOfMemory, EndsTheImportAndLeavesNothingBehind)
+TEST_P(OutOfMemory, EndsTheImportAndLeavesNothing)
 {
     EXPECT_GT(ImportWithEachFailure(GetParam(), FailNew).failures, 20);
     EXPECT_GT(ImportWithEachFailure(GetParam(), FailAllocation).failures, 5);
