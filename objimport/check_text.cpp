@@ -1,6 +1,7 @@
 #include "objimport/check_text.h"
 
 #include "console_host/app/printable.h"
+#include "objimport/program_texts.h"
 
 #include "host/app/localize.h"
 #include "host/geokit/string.h"
@@ -61,7 +62,7 @@ std::string KeywordCounts(const StatementCounts& statements)
     std::string counts;
     for (const auto& [keyword, lines] : statements.ByKeyword())
         counts.append(counts.empty() ? "" : ", ")
-            .append(ShownCount(lines.count))
+            .append(Number(lines.count))
             .append(" ")
             .append(keyword.empty() ? "..." : keyword);
     return counts;
@@ -71,6 +72,16 @@ void WriteIndented(TextOutput& output, const LocalText& text,
                    const std::vector<std::string>& arguments)
 {
     WriteLine(output, std::string("  ").append(InWords(text, arguments)));
+}
+
+std::vector<std::string> ShownArguments(const Phrase& phrase)
+{
+    std::vector<std::string> shown;
+    for (const PhraseArgument& argument : phrase.arguments) {
+        const auto* const count = std::get_if<std::size_t>(&argument);
+        shown.push_back(count != nullptr ? Number(*count) : std::get<std::string>(argument));
+    }
+    return shown;
 }
 
 } // namespace
@@ -92,9 +103,9 @@ std::string InWords(const LocalText& text, const std::vector<std::string>& argum
 
 std::string InWords(const Finding& finding)
 {
-    std::vector<std::string> arguments = finding.what.arguments;
+    std::vector<std::string> arguments = ShownArguments(finding.what);
     if (finding.why.text.text != nullptr)
-        arguments.insert(arguments.begin(), InWords(finding.why.text, finding.why.arguments));
+        arguments.insert(arguments.begin(), InWords(finding.why.text, ShownArguments(finding.why)));
     return InWords(finding.what.text, arguments);
 }
 
@@ -114,19 +125,18 @@ void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTot
                        const Findings& findings)
 {
     WriteLine(output, std::string(file) + ":");
-    WriteIndented(output, Lines, {ShownCount(totals.lines), KeywordCounts(totals.statements)});
+    WriteIndented(output, Lines, {Number(totals.lines), KeywordCounts(totals.statements)});
     if (totals.unread > 0)
-        WriteIndented(output, UnreadLines, {ShownCount(totals.unread)});
+        WriteIndented(output, UnreadLines, {Number(totals.unread)});
     WriteIndented(output, Contents,
-                  {ShownCount(totals.positions), ShownCount(totals.texCoords),
-                   ShownCount(totals.normals), ShownCount(totals.faces), ShownCount(totals.curves),
-                   ShownCount(totals.surfaces)});
+                  {Number(totals.positions), Number(totals.texCoords), Number(totals.normals),
+                   Number(totals.faces), Number(totals.curves), Number(totals.surfaces)});
     if (totals.low.x <= totals.high.x)
         WriteIndented(output, Extent, {PointText(totals.low), PointText(totals.high)});
     WriteIndented(output, Names,
-                  {ShownCount(totals.groups), ShownCount(totals.objects),
-                   ShownCount(totals.materialsUsed), ShownCount(totals.materialsDefined),
-                   ShownCount(totals.libraries), ShownCount(totals.textures)});
+                  {Number(totals.groups), Number(totals.objects), Number(totals.materialsUsed),
+                   Number(totals.materialsDefined), Number(totals.libraries),
+                   Number(totals.textures)});
     bool any = false;
     for (std::size_t i = 0; i < CheckKindCount; ++i) {
         const auto kind = static_cast<CheckKind>(i);
@@ -134,11 +144,11 @@ void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTot
         if (count == 0)
             continue;
         any = true;
-        std::string line = InWords(FoundKind, {ShownCount(count), Localized(DescriptionOf(kind)),
-                                               std::string(NameOf(kind))});
+        std::string line = InWords(
+            FoundKind, {Number(count), Localized(DescriptionOf(kind)), std::string(NameOf(kind))});
         if (count > findings.MostOfAKind())
             line.append("; ").append(
-                InWords(MoreOfAKind, {ShownCount(count - findings.MostOfAKind())}));
+                InWords(MoreOfAKind, {Number(count - findings.MostOfAKind())}));
         WriteLine(output, std::string("  ").append(line));
     }
     if (!any)

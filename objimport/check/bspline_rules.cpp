@@ -9,7 +9,7 @@
 
 namespace {
 
-Phrase Because(const LocalText& text, std::vector<std::string> arguments)
+Phrase Because(const LocalText& text, std::vector<PhraseArgument> arguments)
 {
     return {text, std::move(arguments)};
 }

@@ -17,7 +17,7 @@ std::string Keyword(Tokens tokens)
     return ShownName(tokens.Token(0));
 }
 
-Phrase About(const LocalText& text, std::vector<std::string> arguments)
+Phrase About(const LocalText& text, std::vector<PhraseArgument> arguments)
 {
     return {text, std::move(arguments)};
 }
@@ -47,7 +47,7 @@ Phrase WhyBadIndex(Tokens tokens, int first, int step, int count, const LocalTex
         int index = 0;
         int bogus = 0;
         if (!ReadInteger(token, index) || !ResolveIndex(index, count, bogus))
-            return About(text, {ShownName(token), ShownCount(static_cast<std::size_t>(count))});
+            return About(text, {ShownName(token), static_cast<std::size_t>(count)});
     }
     return Senseless(tokens);
 }

@@ -55,14 +55,6 @@ LocalText DescriptionOf(CheckKind kind)
     return Kinds[static_cast<std::size_t>(kind)].description;
 }
 
-std::string ShownCount(std::size_t count)
-{
-    std::string digits = std::to_string(count);
-    for (std::size_t place = digits.size(); place > 3; place -= 3)
-        digits.insert(place - 3, 1, ',');
-    return digits;
-}
-
 std::string ShownNumber(double value)
 {
     std::array<char, 32> buffer{};

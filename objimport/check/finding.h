@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 /// What a finding is about. The order is that of the summary.
@@ -65,11 +66,15 @@ struct CheckText
     LocalText text;
 };
 
-/// A text with its arguments, in UTF-8.
+/// What stands for a "%s": a text in UTF-8, or a count, whose digits are grouped as the user's
+/// language does.
+using PhraseArgument = std::variant<std::string, std::size_t>;
+
+/// A text with its arguments.
 struct Phrase
 {
     LocalText text{};
-    std::vector<std::string> arguments;
+    std::vector<PhraseArgument> arguments;
 };
 
 /// Something that an import loses or changes.
@@ -89,8 +94,7 @@ std::string_view NameOf(CheckKind kind);
 /// Returns what a kind is about.
 LocalText DescriptionOf(CheckKind kind);
 
-/// Return a value as it stands in a text: digits in groups of three; a number as it reads back.
-std::string ShownCount(std::size_t count);
+/// Returns a number in as many digits as it takes to read the same number back.
 std::string ShownNumber(double value);
 
 /// Returns a text as it stands between quotation marks, shortened when it is long.

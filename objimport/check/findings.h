@@ -70,12 +70,12 @@ public:
     [[nodiscard]] std::vector<const Finding*> OfGroup() const;
 
 private:
-    static std::string ShownArgument(std::string_view text) { return ShownName(text); }
-    static std::string ShownArgument(std::integral auto count)
+    static PhraseArgument ShownArgument(std::string_view text) { return ShownName(text); }
+    static PhraseArgument ShownArgument(std::integral auto count)
     {
-        return ShownCount(static_cast<std::size_t>(count));
+        return static_cast<std::size_t>(count);
     }
-    static std::string ShownArgument(double value) { return ShownNumber(value); }
+    static PhraseArgument ShownArgument(double value) { return ShownNumber(value); }
 
     std::size_t m_mostOfAKind;
     std::vector<std::string> m_files;

@@ -241,7 +241,7 @@ ImportLosses LossesToldByCheck(const std::filesystem::path& path)
     losses.unreadLines = checked.totals.unread;
     for (const Finding& finding : checked.findings.Kept())
         if (finding.kind == CheckKind::NameChanged)
-            losses.changedNames.insert(finding.what.arguments.front());
+            losses.changedNames.insert(std::get<std::string>(finding.what.arguments.front()));
     return losses;
 }
 

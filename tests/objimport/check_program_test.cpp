@@ -71,6 +71,24 @@ TEST(CheckOption, WritesSarifInTheUsersLanguage)
     EXPECT_EQ(folder.Read("bad.obj"), Triangle + std::string("f 1 2\n"));
 }
 
+TEST(CheckOption, ShowsGermanFindingsAndCounts)
+{
+    const TemporaryFolder folder;
+    std::string text = Triangle;
+    for (int i = 0; i < 1200; ++i)
+        text += "l 1 2\n";
+    const std::string file = Utf8(folder.Write("lines.obj", text + "v 1\nf 1 2 3\n"));
+    const ProcessResult result =
+        RunObjimport({"--check", "--strings", PROJECT_FOLDER "/examples/summary.de.txt", file});
+    for (const char* part :
+         {":5: Warnung: Zeilen mit \"l\" werden nicht gelesen (insgesamt 1.200): ",
+          ":1205: Fehler: das Lesen endet hier: \"v\" braucht 3 Zahlen; nicht gelesene Zeilen: 1 ",
+          "\n  1.205 Zeilen: 1 f, 1.200 l, 4 v\n",
+          " Anweisungen werden nicht gelesen (not-read)\n"})
+        EXPECT_THAT(result.output, HasSubstr(part));
+    EXPECT_EQ(result.errors, "");
+}
+
 TEST(CheckOption, ExcludesWhatNeedsAnImport)
 {
     const TemporaryFolder folder;

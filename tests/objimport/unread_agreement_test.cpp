@@ -56,13 +56,6 @@ private:
     PlugInModule m_module{fs::path(BUILD_FOLDER) / "bin" / IMPORT_MODULE};
 };
 
-/// Returns a count of a finding, which has commas between thousands.
-std::size_t CountOf(std::string digits)
-{
-    digits.erase(std::remove(digits.begin(), digits.end(), ','), digits.end());
-    return std::stoul(digits);
-}
-
 Counts ToldByCheck(const fs::path& path)
 {
     Findings findings(Findings::All);
@@ -72,10 +65,11 @@ Counts ToldByCheck(const fs::path& path)
     const CheckTotals totals = checker.Check();
     Counts counts;
     for (const Finding& finding : findings.Kept()) {
+        const std::vector<PhraseArgument>& arguments = finding.what.arguments;
         const bool isUnread =
             finding.kind == CheckKind::NotRead || finding.kind == CheckKind::UnknownStatement;
         if (isUnread && finding.file == 0)
-            counts[finding.what.arguments.at(0)] = CountOf(finding.what.arguments.at(1));
+            counts[std::get<std::string>(arguments.at(0))] = std::get<std::size_t>(arguments.at(1));
     }
     if (totals.unread > 0)
         counts[AfterLine(totals.lines)] = totals.unread;
