@@ -16,7 +16,8 @@ std::string SettingsPlace()
     return path.empty() ? "not kept: the system names no folder for settings" : Utf8Path(path);
 }
 
-/// The parser's own layout names its internals: values of flags, types, what excludes what.
+/// Lays out the help; the parser's own layout names its internals: values of flags, types,
+/// exclusions.
 class HelpFormatter : public CLI::Formatter
 {
 public:

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// What became of each file that was imported into a document of its own.
+/// The outcome of each file that was imported into a document of its own.
 class EachTable
 {
 public:

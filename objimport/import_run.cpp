@@ -151,7 +151,7 @@ void ImportRun::WriteDocument(const std::string& input, const ImportSession& ses
 
 RunOutcome ImportRun::ImportTogether(const std::vector<InputFile>& files)
 {
-    // The document goes before the module, whose code its objects may need.
+    // The document is destroyed before the module, whose code its objects may need.
     ConsoleDoc doc(m_commandLine.tolerance);
     ImportSession session = SessionFor(doc);
     m_module.RunLoadHook();
@@ -170,7 +170,7 @@ RunOutcome ImportRun::ImportTogether(const std::vector<InputFile>& files)
     return session.AllSucceeded() ? RunOutcome::Succeeded : RunOutcome::ImportFailed;
 }
 
-/// Imports a file into a document of its own and writes that; what cannot be written is told.
+/// Imports a file into a document of its own and writes that; reports what cannot be written.
 RunOutcome ImportRun::ImportAlone(const InputFile& file, EachTable& table, bool isOneOfMany)
 {
     ConsoleDoc doc(m_commandLine.tolerance);

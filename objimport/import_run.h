@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// What became of a run that imports files, as its exit status.
+/// The outcome of a run that imports files, as its exit status.
 enum class RunOutcome : int
 {
     Succeeded = 0,

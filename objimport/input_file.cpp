@@ -61,7 +61,7 @@ std::unique_ptr<TemporaryFile> MakeTemporaryFile()
         try {
             return std::make_unique<TemporaryFile>(current);
         } catch (const std::runtime_error&) {
-            // It may not be written to.
+            // The folder is not writable.
         }
     }
     return std::make_unique<TemporaryFile>(std::filesystem::temp_directory_path());

@@ -30,7 +30,7 @@ void RemoveUnfinishedFilesAtTheEnd()
         struct sigaction before
         {
         };
-        // What the program was started to ignore stays ignored.
+        // A signal that the program was started to ignore stays ignored.
         if (sigaction(signal, nullptr, &before) != 0 || before.sa_handler != SIG_DFL)
             continue;
         struct sigaction action

@@ -45,7 +45,7 @@ void TextOutput::MakeRoom(std::size_t size)
 
 void TextOutput::Write(std::string_view text)
 {
-    // A character never stands half in one write and half in the next.
+    // A character is never split between two writes.
     MakeRoom(std::min(text.size(), m_buffer.size()));
     while (!text.empty()) {
         MakeRoom(1);

@@ -85,7 +85,7 @@ struct ExchangeRequest
     std::FILE* stream = nullptr;
 };
 
-/// What became of it. Texts are in the user's language but for the error, in UTF-8, one line each,
+/// The outcome. Texts are in the user's language but for the error, in UTF-8, one line each,
 /// without a full stop.
 struct ExchangeOutcome
 {

@@ -14,7 +14,7 @@ struct EmbeddedImage
     bool isTransparent = false; ///< some of it is not opaque
 };
 
-/// What became of a texture's file.
+/// The outcome of reading a texture's file.
 enum class TextureState
 {
     Read,

@@ -41,7 +41,7 @@ TEST(Printable, HoldsNothingThatControlsATerminal)
         // A control character of two bytes, letters, marks that turn the direction of writing.
         {"\xC2\x9B[m \xC3\x84\xC2\xA0", "\\x9B[m \xC3\x84\xC2\xA0", "\\x9B[m \xC3\x84\xC2\xA0"},
         {"\xE2\x80\xAE\xE2\x81\xA6\xE2\x80\xA9", "\\u202E\\u2066\\u2029", "\\u202E\\u2066\\u2029"},
-        // No UTF-8: a lone byte, one cut off, an overlong form, a surrogate.
+        // Not UTF-8: a lone byte, one cut off, an overlong form, a surrogate.
         {"\x9B \xE6\x9C", "\\x9B \\xE6\\x9C", "\\x9B \\xE6\\x9C"},
         {"\xC0\x9B \xED\xA0\x80", "\\xC0\\x9B \\xED\\xA0\\x80", "\\xC0\\x9B \\xED\\xA0\\x80"},
     };

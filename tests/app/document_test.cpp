@@ -29,7 +29,7 @@ class Document : public testing::Test
 protected:
     Document() { ConsoleApp::Instance().TakeJournal(); }
 
-    /// Hands an object over; returns why the document refuses it.
+    /// Passes an object to the document; returns why the document refuses it.
     template <class Object, class Give>
     std::string Add(Give give)
     {

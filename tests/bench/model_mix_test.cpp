@@ -19,7 +19,7 @@ constexpr std::string_view Square = "mtllib missing.mtl\no square\n"
                                     "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nvn 0 0 1\n"
                                     "usemtl paint\nf 1//1 2//1 3//1 4//1\n";
 
-/// One triangle among statements that must not come through.
+/// One triangle among statements that must be left out.
 constexpr std::string_view Faulty = "v 0 0 0\nv 1 0 0\nv x y z\nv 0 1 0\nv nan 0 0\n"
                                     "usemtl\ncurv 0 1 1 2\nl 1 2\n"
                                     "f 1 2\nf 1 2 4\nf 1 2 0\nf 1 2 -9\nf 1 2/1 3\n"
@@ -50,7 +50,7 @@ TEST(ModelMix, JoinsTheModelsAgainAndAgain)
     EXPECT_EQ(CountOf(text, "usemtl\n") + CountOf(text, "curv") + CountOf(text, "mtllib"), 0);
     const ImportedScene scene = ImportScene(folder / "mix.obj");
     EXPECT_EQ(scene.faces, CountOf(text, "\nf "));
-    // Copies stand beside each other, so that nothing of them meets; the tetrahedra are one record.
+    // Copies are placed side by side and do not touch; the tetrahedra are one record.
     EXPECT_GE(scene.vertices, CountOf(text, "\nv ") - CountOf(text, "\nvt "));
 }
 

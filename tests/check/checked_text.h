@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// A file that has been held against the format.
+/// A file that has been checked against the format.
 struct CheckedFile
 {
     explicit CheckedFile(const std::filesystem::path& path, std::size_t mostOfAKind = Findings::All,

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Counts what reading tells.
+/// Counts what reading reports.
 class CountingEvents : public ReadingEvents
 {
 public:
@@ -131,7 +131,7 @@ std::vector<std::string> ReadLinesOfLibrary(const std::filesystem::path& path)
     return lines;
 }
 
-/// The names of some lines that did not arrive.
+/// Adds the names of some lines that did not arrive.
 void AddLostNames(const std::vector<std::string>& lines, const std::set<std::string>& arrived,
                   const std::set<std::string>& keywords, std::set<std::string>& lost)
 {

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-/// What an import of a file loses, found out from the import itself.
+/// What an import of a file loses, as the import itself shows.
 struct ImportLosses
 {
     std::size_t badIndices = 0;
@@ -20,7 +20,7 @@ struct ImportLosses
     bool operator==(const ImportLosses&) const = default;
 };
 
-/// Imports a file.
+/// Imports a file; returns what is lost.
 ImportLosses LossesOfImport(const std::filesystem::path& path);
 
 /// Returns what --check says of the same.

@@ -10,7 +10,7 @@ class Writer
 public:
     explicit Writer(std::uint32_t seed) : m_random(seed) {}
 
-    /// One of some texts.
+    /// Returns one of some texts.
     template <std::size_t N>
     const char* OneOf(const char* const (&texts)[N])
     {

@@ -21,7 +21,7 @@ std::string SarifOf(const Findings& findings)
     return text;
 }
 
-/// Holds a text against the rules of the SARIF 2.1.0 schema, as far as they are about members that
+/// Checks a text against the rules of the SARIF 2.1.0 schema, as far as they are about members that
 /// are written.
 void ExpectValidSarif(const std::string& json)
 {

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-/// Throws std::runtime_error when something does not come about within a minute.
+/// Throws std::runtime_error when something does not happen within a minute.
 inline void WaitUntil(const std::function<bool()>& condition, const std::string& what)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
@@ -33,7 +33,7 @@ enum class Key
 };
 
 /// Runs objimport and uses its windows as a person would: with the mouse, with the keyboard and
-/// with the close box of a window. What does not come about in time throws std::runtime_error.
+/// with the close box of a window. What does not happen in time throws std::runtime_error.
 class DialogDriver
 {
 public:
@@ -44,7 +44,7 @@ public:
     DialogDriver& operator=(const DialogDriver&) = delete;
     virtual ~DialogDriver() = default;
 
-    /// Waits until a window of that title is there, and turns to it.
+    /// Waits until a window of that title is there, and directs input to it.
     virtual void WaitForWindow(const std::string& title) = 0;
 
     /// Clicks on a control of the options dialog. Windows before it that wait for an answer keep it

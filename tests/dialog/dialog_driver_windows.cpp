@@ -45,7 +45,7 @@ void PressKey(WORD code, WORD held = 0)
         SendKey(held, KEYEVENTF_KEYUP);
 }
 
-/// Clicks at a place of the screen. Press and release say the place again: a pointer that the
+/// Clicks at a place of the screen. Press and release state the place again: a pointer that the
 /// system itself moves meanwhile, as when a window opens below it, does not take the click
 /// elsewhere.
 void ClickAt(POINT place)
@@ -70,7 +70,7 @@ struct WindowSearch
     HWND found = nullptr;
 };
 
-/// Titles are compared with case, unlike FindWindow does it.
+/// Titles are compared with case, unlike FindWindow does.
 BOOL CALLBACK IsTheWindow(HWND window, LPARAM searchAddress)
 {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry integers

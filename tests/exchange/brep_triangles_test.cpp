@@ -25,7 +25,7 @@ int OpenEdges(const GK_Brep& brep)
     return open;
 }
 
-// What triangles are like, seen as a net of places in space.
+// The properties of triangles, as a net of places in space.
 struct Net
 {
     explicit Net(const BrepTriangles& triangles)

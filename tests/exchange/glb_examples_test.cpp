@@ -1,4 +1,4 @@
-// GLB files of whole imports, held against the documents that they were made of.
+// GLB files of whole imports, compared with the documents that they were made from.
 
 #include "objimport/saved_forms.h"
 #include "tests/exchange/glb_reading.h"

@@ -56,7 +56,7 @@ protected:
         builder.AddMesh(MakeTriangle());
     }
 
-    /// The image of a material of the file, decoded.
+    /// Returns the image of a material of the file, decoded.
     CKelvoDib ImageOf(const ReadGlb& glb, std::size_t material) const
     {
         const int texture =

@@ -116,7 +116,7 @@ std::unique_ptr<GK_Mesh> Quad(const GK_3dPoint& corner, const GK_3dVector& a, co
     return MakeMesh({corner, corner + a, corner + a + b, corner + b}, {{{0, 1, 2, 3}}});
 }
 
-/// Six faces about a place, as a mesh each.
+/// Adds six faces about a place, as a mesh each.
 void AddBox(DocumentBuilder& builder, const GK_3dPoint& low, const GK_3dVector& size)
 {
     const std::array<GK_3dVector, 3> along = {
@@ -205,7 +205,7 @@ TEST(Picture, HasTheRightWayUp)
     EXPECT_EQ(picture.At(120, 30), Ground);
 }
 
-/// Draws a red wall and one before it, in either order.
+/// Draws a red wall and one in front of it, in either order.
 Color WallBehind(double transparency, bool isNearFirst)
 {
     DocumentBuilder builder;

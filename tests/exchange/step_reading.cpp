@@ -30,7 +30,7 @@
 #include <STEPCAFControl_Controller.hxx>
 #include <sanitizer/lsan_interface.h>
 
-// What the library makes once, and what its writer keeps of directions, is not ours to release.
+// What the library makes once, and the directions that its writer keeps, are not ours to release.
 // NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions()
@@ -118,7 +118,7 @@ StepPart PartOf(const TDF_Label& label)
     return part;
 }
 
-/// A document whose attributes, which refer to each other, go with it.
+/// A document whose attributes, which refer to each other, are destroyed with it.
 struct LibraryDocument
 {
     Handle(TDocStd_Document) document = new TDocStd_Document("test");

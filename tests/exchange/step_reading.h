@@ -30,7 +30,7 @@ struct StepReading
 /// Returns what a STEP file holds. Throws std::runtime_error when it cannot be read.
 StepReading ReadStep(const std::string& text);
 
-/// A document as it is written, and what is said of it.
+/// A document as it is written, and the outcome.
 struct StepWriting
 {
     ExchangeOutcome outcome;

@@ -50,7 +50,7 @@ TEST(NewOuterLoop, FollowsTheBoundary)
     }
 }
 
-// Two sides at one place with other weights run there in another way: they are no seam.
+// Two sides at one place with different weights run there differently: they are not a seam.
 TEST(NewOuterLoop, SidesOfOtherWeightsStayApart)
 {
     const auto brep =

@@ -68,7 +68,7 @@ TEST(RepairBrep, WorksOnCurvedSurfaces)
     ASSERT_TRUE(RepairBrep(*hill, Tolerance, report)) << report.reason;
     ExpectSoundLoops(*hill, 2 * Tolerance);
 
-    // All the way round in two pieces, with the two sides of the seam: they share an edge.
+    // All the way around in two pieces, with the two sides of the seam: they share an edge.
     const auto cylinder = MakeBrep(MakeCylinder());
     AddLoop(*cylinder, GK_BrepLoop::outer,
             Backwards(Polygon({{0, 0.5}, {2, 0.5}, {4, 0.5}, {4, 1.5}, {0, 1.5}})));

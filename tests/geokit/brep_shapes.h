@@ -37,7 +37,7 @@ inline Piece LinePiece(double u0, double v0, double u1, double v1)
     return {MakeLine(u0, v0, u1, v1), {0, 1}};
 }
 
-// A loop whose trims share nothing yet, as an importer makes it from separate curves.
+// Adds a loop whose trims share nothing yet, as an importer makes it from separate curves.
 inline void AddLoop(GK_Brep& brep, GK_BrepLoop::TYPE type, const std::vector<Piece>& pieces)
 {
     const auto* surface = VX_NurbsSurface::Cast(brep.Surface(0));

@@ -3,7 +3,7 @@
 
 namespace {
 
-// A curve and the B-spline that it is are at one place at every parameter, past the ends too.
+// Expects a curve and the same B-spline at one place at every parameter, past the ends too.
 void ExpectSame(const GK_Curve& curve, const GK_NurbsCurve& bspline)
 {
     ASSERT_TRUE(curve.IsValid());
@@ -56,7 +56,7 @@ TEST(CurveKinds, AreAsSoundAsTheirBspline)
     EXPECT_EQ(GK_CurveProxy().AsBspline().controlPointCount, 0);
 }
 
-// A part that is left when its surface goes: another face's loop runs along its edge.
+// A part that remains when its surface is destroyed: another face's loop runs along its edge.
 TEST(CurveKinds, EdgesKeepTheSurfaceThatTheyLieOn)
 {
     const auto brep = MakeBrep(MakeHill(true));

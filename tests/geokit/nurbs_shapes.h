@@ -86,7 +86,7 @@ inline std::unique_ptr<VX_NurbsSurface> MakePlane(double size)
                        {0, size});
 }
 
-// Turns a profile, drawn as radius and height, about the z axis; u goes once round over [0, 4].
+// Turns a profile, drawn as radius and height, about the z axis; u goes once around over [0, 4].
 inline std::unique_ptr<VX_NurbsSurface> Revolve(const GK_NurbsCurve& profile)
 {
     const GK_NurbsCurve circle = MakeCircle2d(0.0, 0.0, 1.0);

@@ -73,7 +73,7 @@ TEST(SharedArray, WritesInPlaceWhereNothingIsShared)
     EXPECT_EQ(moved.Identity(), storage);
 }
 
-// With the thread sanitizer, or on luck, a race shows.
+// With the thread sanitizer, or by luck, a race shows.
 TEST(SharedArray, CopiesAreIndependentInThreads)
 {
     Array array;

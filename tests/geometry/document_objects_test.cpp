@@ -19,7 +19,7 @@ protected:
         return Build(read);
     }
 
-    /// "name [groups] layer" of the object.
+    /// Returns "name [groups] layer" of the object.
     [[nodiscard]] std::string ShownAttributes(int object) const
     {
         const GK_MdxObjectAttributes& attributes = *doc->Object(object).attributes;

@@ -5,7 +5,7 @@
 #include "geometry/document_objects.h"
 #include "tests/objreader/read_text.h"
 
-/// An empty document, and a journal of what is said meanwhile.
+/// An empty document, and a journal of what is reported meanwhile.
 class DocumentTest : public testing::Test
 {
 public:
@@ -29,7 +29,7 @@ protected:
         return DocumentObjects(text.file, text.choices, *doc, {team}, nullptr, times).Build();
     }
 
-    /// The same of a text.
+    /// Does the same with a text.
     bool Build(std::string_view text)
     {
         ReadText read(text);
@@ -39,7 +39,7 @@ protected:
 
     static const ImportJournal& Journal() { return ConsoleApp::Instance().Journal(); }
 
-    /// "type: reason" of what was refused, one a line.
+    /// Returns "type: reason" of what was refused, one a line.
     static std::string Refused()
     {
         std::string text;

@@ -25,7 +25,7 @@ bool AreNear(const GK_3fVector& a, const GK_3fVector& b)
     return std::abs(a.x - b.x) + std::abs(a.y - b.y) + std::abs(a.z - b.z) < 1e-6F;
 }
 
-/// Vertices, each at the place (x, 0, 0) with its normal.
+/// Vertices, each at (x, 0, 0) with its normal.
 struct PlacedNormal
 {
     float place;

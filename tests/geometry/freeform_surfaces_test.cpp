@@ -44,7 +44,7 @@ TEST(FreeformSurfaces, StatesOfTheKnotStatements)
     const BuiltBreps last(Square + Surface + Knots + "surf 0 1 0 1 4 3 2 1\n" + Knots);
     EXPECT_EQ(last.Surface().ControlPoint(0, 0), (GK_3dPoint{2, 2, 0}));
 
-    // Knots given once more: another face, and control points for the new counts.
+    // Knots stated once more: another face, and control points for the new counts.
     const BuiltBreps again(Square + "surf 0 1 0 1 1 2 3 4 3 4\n" + Knots + "parm v 0 0 1 2 2\n");
     EXPECT_EQ(again.Last().FaceCount(), 2);
     EXPECT_EQ(again.Surface().ControlPointCount(1), 3);
@@ -58,15 +58,15 @@ TEST(FreeformSurfaces, StatesOfTheKnotStatements)
     EXPECT_EQ(failed.Surface().ControlPointCount(0), 3);
     EXPECT_FALSE(failed.Surface().IsValid());
 
-    // Which directions have been given is known across a change of group.
+    // Which directions have knots is known across a change of group.
     const BuiltBreps groups(Square + "g a\n" + Surface + "g b\n" + Surface +
                             "parm u 0 0 1 1\ng a\nparm v 0 0 1 1\n");
     EXPECT_EQ(groups.Last().FaceCount(), 1);
     EXPECT_FALSE(groups.Surface().IsValid());
 }
 
-// However many trims get nowhere because of what is wrong with their curve or surface, those that
-// follow take their place.
+// However many trims fail because their curve or surface is wrong, those that follow are used
+// instead.
 TEST(FreeformSurfaces, TrimsThatAreRefusedCostTheOthersNothing)
 {
     const std::string incomplete = "surf 0 1 0 1 1 2 3\n" + Knots;
@@ -76,8 +76,7 @@ TEST(FreeformSurfaces, TrimsThatAreRefusedCostTheOthersNothing)
     EXPECT_EQ(file.Last().TrimCount(), 2);
 }
 
-// Knots of one direction given again and again between trims: the great net is not looked over each
-// time.
+// Knots of one direction repeated between trims: the large net is not scanned each time.
 TEST(FreeformSurfaces, NewKnotsDoNotCostTheWholeNet)
 {
     const auto workOf = [](int rows, int times) {

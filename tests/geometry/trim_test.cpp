@@ -64,7 +64,7 @@ TEST(Trims, HonestTrimsAreAllMade)
         EXPECT_EQ(brep->TrimCount(), 20);
 }
 
-// Knots may be given again between loops, and a loop may fail in its midst: every trim lies on the
+// Knots may be repeated between loops, and a loop may fail in the middle: every trim lies on the
 // surface as it was where the trim stood.
 TEST(Trims, LieOnTheSurfaceOfTheirPlaceInTheFile)
 {
@@ -78,7 +78,7 @@ TEST(Trims, LieOnTheSurfaceOfTheirPlaceInTheFile)
     EXPECT_EQ(brep.EdgeCurve(1)->PointAtEnd(), (GK_3dPoint{1, 2, 0}));
 }
 
-// What the importer itself says of trims, before any repair. The 2D curves are a straight line in
+// What the importer itself does with trims, before any repair. The 2D curves are a straight line in
 // two halves, an open arc of a circle, and all of it.
 TEST(Trims, TrimsBeforeAnyRepair)
 {

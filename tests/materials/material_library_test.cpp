@@ -37,7 +37,7 @@ protected:
         EXPECT_TRUE(libraries.ReadMaterialLibrary(path.string()));
     }
 
-    /// The material that these statements make.
+    /// Returns the material that these statements make.
     GK_Material Material(const std::string& statements)
     {
         const int before = m_document.Materials().Count();

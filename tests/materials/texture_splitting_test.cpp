@@ -91,10 +91,10 @@ protected:
         ASSERT_TRUE(WriteDib(Image(5, 4, depth, color), m_folder / "wood.png"));
     }
 
-    /// A folder of this name makes every write to it fail.
+    /// Makes a folder of this name, so that every write to it fails.
     void Block(const char* name) { fs::create_directories(m_folder / name); }
 
-    /// The textures that a material of this texture gets, as "type:file".
+    /// Returns the textures that a material of this texture gets, as "type:file".
     std::vector<std::string> Textures(const std::string& file = "wood.png")
     {
         m_folder.Write("library.mtl", "newmtl a\nmap_Kd " + file + "\n");

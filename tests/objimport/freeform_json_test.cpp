@@ -98,7 +98,7 @@ double At(const json& domain, double fraction)
     return domain[0].get<double>() * (1.0 - fraction) + domain[1].get<double>() * fraction;
 }
 
-/// A trim's edge lies on the surface along the trim, from vertex to vertex.
+/// Expects a trim's edge to lie on the surface along the trim, from vertex to vertex.
 void ExpectEdgeOnSurface(const json& brep, const json& surface, const json& trim)
 {
     constexpr double Tolerance = 0.001;

@@ -12,6 +12,6 @@ struct ProcessResult
 };
 
 /// Runs objimport with arguments in UTF-8, without input. Output goes to `outputFile` when one is
-/// given; `before` stands before the program on the shell's line.
+/// given; `before` precedes the program on the shell's line.
 ProcessResult RunObjimport(const std::vector<std::string>& arguments,
                            const std::string& outputFile = "", const std::string& before = "");

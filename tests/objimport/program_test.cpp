@@ -171,7 +171,7 @@ TEST_F(Program, ImportsEachFileIntoADocumentOfItsOwn)
     EXPECT_EQ(JsonAt(folder.Read("c.json"), "/imports/0/file"), second);
     EXPECT_THAT(result.errors, HasSubstr("objimport: cannot read absent.txt: no such file\n"));
     EXPECT_THAT(result.errors, HasSubstr(second + ": caption: boxed\n"));
-    // Names that are too long for a line stand on the next one.
+    // Names that are too long for a line are on the next one.
     const std::string lines = std::regex_replace(result.output, std::regex("\n {4}"), " ");
     EXPECT_THAT(lines, HasSubstr("Importing " + first + "\n" + first + ": imported"));
     EXPECT_THAT(result.output, testing::ContainsRegex("3 files\n +file +outcome +objects +lost\n"));

@@ -19,7 +19,7 @@ fs::path Example(const char* name)
     return fs::path(PROJECT_FOLDER) / "examples" / name;
 }
 
-/// Uses the German table for as long as it lives.
+/// Uses the German table for its lifetime.
 class GermanTable
 {
 public:

@@ -44,7 +44,7 @@ protected:
         return found;
     }
 
-    /// What a run must refuse, with these arguments and the file that they endanger.
+    /// Expects a run to refuse these arguments, which endanger a file.
     void ExpectRefused(const std::vector<std::string>& arguments, const char* endangered,
                        const char* reason, const char* input = "house.obj") const
     {
@@ -96,7 +96,7 @@ TEST_F(WrittenFiles, AreNotTouchedWhileTheUserIsAsked)
 {
     folder.Write("out.json", "old");
     names = Names();
-    // The prompt waits for the end of the reader's patience.
+    // The prompt waits until its output is closed.
     const ProcessResult result =
         Run({"--settings", At("s.ini"), "--prompt", "--json", At("out.json")},
             "sleep 2 | timeout -s TERM 1 ");

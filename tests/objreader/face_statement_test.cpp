@@ -102,7 +102,7 @@ TEST(FaceStatement, StoresCornersAndSaysWhatIsWrong)
         {"f 1/1 2/2 9", "0/0/ 1/1/", {2}, {BogusFace}, 1},
         {"f 1/1/1/1 2/2 3/3", "", {0}, {BogusFace}},
         {"f 1/1 2/2 9/9/9/9\nf 1 2 3", "0/0/ 1/1/ 0// 1// 2//", {2, 3}, {BogusFace}},
-        // Without a vertex field a corner is held against nothing.
+        // Without a vertex field a corner is compared with nothing.
         {"f /4/1 2/1 3/1", "/3/0 1/0/ 2/0/", {3}},
         {"f 1 //2 3", "0// //1 2//", {3}},
         {"f /1 /1 /1", "/0/ /0/ /0/", {3}},

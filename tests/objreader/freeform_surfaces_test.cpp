@@ -42,8 +42,8 @@ TEST(FreeformSurfaces, StatementsFailWhereTheyAreMalformed)
     }
 }
 
-/// "u 2 complete" for each statement that followed "surf": knots by their direction and the number
-/// of control points that they claim, loops by their trims.
+/// Returns "u 2 complete" for each statement that followed "surf": knots by their direction and the
+/// number of control points that they claim, loops by their trims.
 std::vector<std::string> Steps(const SurfaceData& surface)
 {
     std::vector<std::string> steps;

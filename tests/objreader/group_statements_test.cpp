@@ -6,7 +6,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// "group,object,material (all names of the group statement)" of every record.
+/// Returns "group,object,material (all names of the group statement)" of every record.
 Names Records(const ObjFile& file)
 {
     Names records;

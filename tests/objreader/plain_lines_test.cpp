@@ -1,4 +1,4 @@
-// Lines that are read in place must come to the same as if they had been cut into tokens.
+// Lines that are read in place must have the same result as if they had been cut into tokens.
 
 #include "tests/objreader/read_text.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view FirstElements = "v 1 2 3\nv 4 5 6\nvt 1 2\nvn 0 0 1\nvn 0 1 0\n";
 
-/// Returns all that reading keeps of a text, and what it tells.
+/// Returns all that reading keeps of a text, and what it reports.
 std::string Report(std::string_view text)
 {
     const ReadText read(text);

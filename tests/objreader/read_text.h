@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-/// What reading tells, one line each.
+/// What reading reports, one line each.
 class ToldEvents : public ReadingEvents
 {
 public:
@@ -70,7 +70,8 @@ private:
         const std::filesystem::path path =
             std::filesystem::temp_directory_path() /
             ("read_text." + std::to_string(std::random_device()()) + ".obj");
-        // "D" has Windows remove the file when it is closed; elsewhere it may go while it is open.
+        // "D" has Windows remove the file when it is closed; elsewhere it may be removed while it
+        // is open.
         std::FILE* const stream = std::fopen(path.string().c_str(), "w+bD");
         if (stream == nullptr)
             throw std::runtime_error("cannot write " + path.string());

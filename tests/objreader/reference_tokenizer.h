@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-/// The tokens of each logical line of a text, cut byte by byte as slowly as one likes. Shares
-/// nothing with the tokenizer but the rules.
+/// The tokens of each logical line of a text, cut byte by byte, however slowly. Shares nothing with
+/// the tokenizer but the rules.
 class ReferenceTokenizer
 {
 public:

@@ -60,7 +60,7 @@ protected:
         return lines;
     }
 
-    /// Reads the text in blocks of all sizes, which must come to the same as the reference.
+    /// Reads the text in blocks of all sizes, which must have the same result as the reference.
     void CompareWithReference(std::string_view text) const
     {
         // Some file systems write out at once what replaces a file.
@@ -189,7 +189,7 @@ TEST_F(Tokenizer, ReadsLinesAndTokensOfAnyLength)
     EXPECT_TRUE(lines[3] == std::vector{"C:\\" + longText});
 }
 
-/// What has been looked at is not looked at again with each block.
+/// What has been scanned is not scanned again with each block.
 TEST_F(Tokenizer, ReadsALongLineInTimeThatGrowsWithItsLength)
 {
     const auto workOf = [&](std::size_t length) {

@@ -40,7 +40,7 @@ std::vector<std::string> ExportedNames()
 #else
 constexpr const char* ModulePath = BUILD_FOLDER "/bin/ImportOBJ.so";
 
-/// Returns the names that the file shows; the loader does not tell them.
+/// Returns the names that the file shows; the loader does not list them.
 std::vector<std::string> ExportedNames()
 {
     std::FILE* symbols = popen("nm -D --defined-only " BUILD_FOLDER "/bin/ImportOBJ.so", "r");

@@ -1,4 +1,4 @@
-// What the import of a file says while it is read, and by which ids it is localized.
+// What the import of a file reports while it is read, and by which ids it is localized.
 
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
@@ -26,7 +26,7 @@ public:
     ~ReadingMessages() override { ConsoleApp::Instance().SetStrings({}); }
 
 protected:
-    /// Reads the lists and these lines; returns what was said.
+    /// Reads the lists and these lines; returns what was reported.
     ImportJournal Read(const std::string& lines)
     {
         const std::wstring path = (m_folder.Write("scene.obj", Lists + lines)).wstring();

@@ -17,7 +17,7 @@ struct Conversation
     bool underWaitCursor = false; ///< whether the wait cursor was shown with a question
 };
 
-/// Answers questions from a list of lines and then ends, for the life of the object.
+/// Answers questions from a list of lines and then ends, for the lifetime of the object.
 class ScriptedAnswers
 {
 public:

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/// A program that runs in a terminal of its own, with the test in the place of the person at it.
+/// A program that runs in a terminal of its own, with the test in place of its user.
 class PseudoTerminal
 {
 public:
@@ -13,8 +13,9 @@ public:
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
     ~PseudoTerminal();
 
-    /// What the program shows up to and with the text, from where the last call stopped. Fails the
-    /// test when the text does not come within a minute; without a text waits for the end.
+    /// Returns what the program shows up to and with the text, from where the last call stopped.
+    /// Fails the test when the text does not come within a minute; without a text waits for the
+    /// end.
     std::string ShownUpTo(const std::string& text);
 
     /// Types as a person does; "\n" is Enter.

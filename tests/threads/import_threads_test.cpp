@@ -1,5 +1,5 @@
-// Whatever the number of threads and the size of the blocks that they read, an import comes to the
-// same document and tells the same.
+// Whatever the number of threads and the size of the blocks that they read, an import makes the
+// same document and reports the same.
 
 #include "console_host/app/console_app.h"
 #include "console_host/app/document.h"
@@ -40,7 +40,7 @@ protected:
     ImportThreads& operator=(const ImportThreads&) = delete;
     ~ImportThreads() override { ConsoleApp::Instance().TakeJournal(); }
 
-    /// Returns the document that an import comes to, and all that it tells, as JSON.
+    /// Returns the document that an import makes, and all that it reports, as JSON.
     std::string Import(const std::filesystem::path& path, const ImportChoices& choices,
                        const Use& use)
     {
@@ -64,7 +64,7 @@ protected:
         return std::to_string(bogusIndices) + Json(doc, record);
     }
 
-    /// Imports a file in all ways, which must come to the same as one thread.
+    /// Imports a file in all ways, which must have the same result as one thread.
     void Compare(const std::filesystem::path& path, const ImportChoices& choices = {})
     {
         const std::string expected = Import(path, choices, {1, 65536});

@@ -59,8 +59,8 @@ public:
 private:
     static constexpr int MostHalvings = 12;
 
-    // Adds where the curve crosses knots of the surface in v, where the area element may leap: too
-    // near to an end for a rule of five nodes to see, a leap would go unnoticed.
+    // Adds where the curve crosses knots of the surface in v, where the area element may jump: too
+    // near to an end for a rule of five nodes to see, a jump would go unnoticed.
     void AddCrossings(const GK_NurbsCurve& curve, std::vector<double>& breaks) const
     {
         std::vector<double> crossings;

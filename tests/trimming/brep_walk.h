@@ -8,7 +8,7 @@
 /// Returns what is wrong with a brep, a text for each fault; empty when it is sound. Walks faces,
 /// loops, trims, edges and vertices with nothing but the accessors of the parts and the evaluation
 /// of their curves and surfaces: parts name each other both ways, loops are closed in the parameter
-/// plane and in space and run the right way round, edges lie on their surface along their trims.
+/// plane and in space and run in the right direction, edges lie on their surface along their trims.
 /// `tolerance` is that of the document, in its unit.
 std::vector<std::string> FaultsOf(const GK_Brep& brep, double tolerance);
 

@@ -19,7 +19,7 @@ public:
     /// Refusals of a type: "brep" or "loop".
     [[nodiscard]] int Refusals(const std::string& type) const;
 
-    /// "type: reason" of each refusal, one a line.
+    /// Returns "type: reason" of each refusal, one a line.
     [[nodiscard]] std::string Refused() const;
 
     [[nodiscard]] bool Parsed() const { return m_parsed; }

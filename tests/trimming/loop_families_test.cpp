@@ -22,8 +22,8 @@ std::vector<UV> Chamfered(double u0, double v0, double u1, double v1, double cut
             {u1 - cutU, v1}, {u0 + cutU, v1}, {u0, v1 - cutV}, {u0, v0 + cutV}};
 }
 
-// Every rotation of a loop's pieces, each with single pieces turned, every second one and all, and
-// with decreasing intervals.
+// Expects the shape of every rotation of a loop's pieces, each with single pieces turned, every
+// second one and all, and with decreasing intervals.
 void ExpectInEveryStyle(const ShapeSurface& surface, const Pieces& loop)
 {
     const int count = static_cast<int>(loop.size());

@@ -10,7 +10,7 @@ void Append(std::vector<double>& knots, int count, double value)
     knots.insert(knots.end(), static_cast<std::size_t>(count), value);
 }
 
-// Knots of spans of length 1 that meet with full multiplicity.
+// Returns knots of spans of length 1 that meet with full multiplicity.
 std::vector<double> SpanKnots(int degree, int spans)
 {
     std::vector<double> knots;

@@ -55,10 +55,10 @@ Pieces EllipseOf(UV center, double radiusU, double radiusV, int count);
 /// Returns one closed curve, named once for each of its spans.
 Pieces SpansOf(const TrimPiece& curve);
 
-/// Returns the same curve written the other way round: the piece then runs against its loop.
+/// Returns the same curve reversed: the piece then runs against its loop.
 TrimPiece Turned(TrimPiece piece);
 
-/// Returns the same part by a curve written the other way round and a decreasing interval.
+/// Returns the same part by a reversed curve and a decreasing interval.
 TrimPiece Decreasing(TrimPiece piece);
 
 /// Returns the loop in the other direction.

@@ -104,7 +104,7 @@ TEST(Pushup, EqualCallsShareOneResult)
 }
 
 // A failure takes no more work than a success on as many control points would, is remembered, and
-// is said once.
+// is reported once.
 TEST(Pushup, GivesUpEarly)
 {
     const Reports reports;
@@ -139,7 +139,7 @@ TEST(Pushup, GivesUpEarly)
     EXPECT_NE(Reports::Texts()[0].find("too many control points"), std::string::npos);
 }
 
-// Work is bounded over all calls of an import: then it is said, and the next import begins again.
+// Work is bounded over all calls of an import: that is reported, and the next import begins again.
 TEST(Pushup, EndsWithTheAllowance)
 {
     const Reports reports;
@@ -189,7 +189,7 @@ TEST(Pushup, ReturnsNullForInvalidInput)
     EXPECT_EQ(bare->Pushup(line, 1e-3, &whole), nullptr);
 }
 
-// Whatever it is given: an end, and a bounded number of control points.
+// Whatever the arguments: an end, and a bounded number of control points.
 TEST(Pushup, EndsOnAwkwardInput)
 {
     const auto hill = MakeHill(true);

@@ -53,7 +53,7 @@ public:
     }
     int Integer(int low, int high) { return low + static_cast<int>(Between(0, high - low + 1)); }
 
-    // Clamped, with inner knots that may be double.
+    // Returns clamped knots, with inner ones that may be double.
     std::vector<double> Knots(int order, int count)
     {
         std::vector<double> knots(static_cast<std::size_t>(order) - 1, 0.0);

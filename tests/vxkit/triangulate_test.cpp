@@ -69,7 +69,7 @@ bool Triangulate(const Polygon& polygon, Plane plane, std::vector<Triangle>& tri
     return done;
 }
 
-/// The triangles use every corner, turn as the polygon does, and cover its area.
+/// Expects triangles that use every corner, turn as the polygon does, and cover its area.
 void ExpectCovered(const Polygon& polygon, Plane plane, bool withoutArea = false)
 {
     SCOPED_TRACE(std::to_string(polygon.size()) + " corners, plane " +
@@ -149,7 +149,7 @@ Polygon RandomStar(int count, std::mt19937& random)
     return polygon;
 }
 
-/// Random corners, reordered until no sides cross.
+/// Returns random corners, reordered until no sides cross.
 Polygon RandomSimple(std::size_t count, std::mt19937& random)
 {
     std::uniform_real_distribution<double> coordinate(0.0, 1.0);

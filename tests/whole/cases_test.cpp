@@ -3,9 +3,9 @@
 // A case is a file: cases/NAME.obj or an example of this project. A first line "#! SWITCHES" in it
 // is one run of it under these switches of objimport; each further line is another run, into a new
 // document. "#! SWITCHES FILE..." imports these files of the folder instead. Runs of an example
-// stand in cases/NAME.runs. Without such lines there is one run without switches. What comes of the
-// runs is expected to be as in cases/NAME.expected. To write these files anew, run this program
-// with RENEW_CASES=1 in the environment, and look at what has changed.
+// stand in cases/NAME.runs. Without such lines there is one run without switches. The result of the
+// runs is expected to be as in cases/NAME.expected. To write these files again, run this program
+// with RENEW_CASES=1 in the environment, and read what has changed.
 
 #include "tests/temporary_folder.h"
 #include "tests/whole/session.h"
@@ -34,7 +34,7 @@ std::vector<std::string> Runs(const std::string& objPath, const std::string& nam
     return runs;
 }
 
-/// File names as texts of the report show them, without the folder of the case.
+/// Returns the report with the names of files without the folder of the case.
 std::string WithoutFolder(std::string report, const std::string& objPath)
 {
     std::string folder;

@@ -1,4 +1,4 @@
-// What a plain reading of a file counts is what stands in the document.
+// What a plain reading of a file counts is what the document holds.
 //
 // COUNT_FOLDER=path in the environment counts the files of that folder too; files with faults, or
 // with faces that have no area, do not agree by their nature.
@@ -44,7 +44,7 @@ Counts CountDocument(const ConsoleDoc& doc)
     return counter.counts;
 }
 
-/// Without the examples that are faulty on purpose.
+/// Returns the examples without those that are faulty on purpose.
 std::vector<std::string> SoundFiles()
 {
     std::vector<std::string> files = FilesIn(PROJECT_FOLDER "/examples", ".obj");

@@ -1,6 +1,5 @@
 // Files that no one should write: cut off, huge, absurd, or no files at all. None may crash or
-// hang, none may leave the wait cursor on (Session::Import sees to that), and what is sound is
-// kept.
+// hang, none may leave the wait cursor on (Session::Import checks that), and what is sound is kept.
 
 #include "tests/temporary_folder.h"
 #include "tests/whole/session.h"

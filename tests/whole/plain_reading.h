@@ -16,6 +16,6 @@ struct Counts
     int materials = 0;
 };
 
-/// Counts what stands in a well-formed OBJ file of polygons and points, without any of the
-/// importer's code: line by line and word by word, whatever that costs.
+/// Counts what is in a well-formed OBJ file of polygons and points, without any of the importer's
+/// code: line by line and word by word, whatever that costs.
 [[nodiscard]] Counts ReadPlainly(const std::string& path);

@@ -32,7 +32,7 @@ PlugInModule& Module()
     return *module;
 }
 
-/// Every switch at its default, so that none is left from the session before.
+/// Every switch at its default, so that none is left from the previous session.
 constexpr const char* DefaultSwitches =
     "--groups groups --object-names --no-reverse-groups --no-morph-target --no-ignore-textures "
     "--no-z-up --no-split-textures ";

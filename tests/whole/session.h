@@ -16,8 +16,8 @@ public:
     ~Session();
 
     /// Takes the import options from switches as objimport knows them, such as "--groups layers",
-    /// and "--zoom". Throws std::invalid_argument when there is no such switch. Returns what is no
-    /// switch: the files.
+    /// and "--zoom". Throws std::invalid_argument when there is no such switch. Returns what is not
+    /// a switch: the files.
     std::vector<std::string> SetOptions(const std::string& switches);
 
     /// Imports a file into the document and returns the result. Throws std::logic_error when the

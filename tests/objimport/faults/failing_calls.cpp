@@ -29,7 +29,7 @@ bool FailsWith(Call call, int error) noexcept
     return true;
 }
 
-/// Returns the function that this program's own stands before.
+/// Returns the function that this program's own replaces.
 template <class Function>
 Function* Next(const char* name) noexcept
 {
@@ -48,7 +48,7 @@ void FailCall(Call call, long nth) noexcept
         callsToFailure[static_cast<std::size_t>(call)] = nth;
 }
 
-// Calls of the C library. What it calls itself, inside, does not come here.
+// Calls of the C library. Its own calls inside do not come here.
 // NOLINTBEGIN(*-identifier*, *-vararg*)
 
 extern "C" {

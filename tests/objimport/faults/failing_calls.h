@@ -11,5 +11,5 @@ enum class Call
     Write ///< writing, flushing, bringing to the disk, closing, renaming
 };
 
-/// The `nth` call of this kind from now on fails (1: the next), and only that one; 0: none does.
+/// Makes the `nth` call of this kind from now on fail (1: the next), and only that one; 0: none.
 void FailCall(Call call, long nth) noexcept;

@@ -65,7 +65,7 @@ protected:
         return {status, testing::internal::GetCapturedStderr(), folder.Read("out.json"), leaks};
     }
 
-    /// Returns whether nothing is lost, or it is said that something is.
+    /// Returns whether nothing is lost, or a loss is reported.
     [[nodiscard]] bool IsHonest(const Ended& ended, bool mayBeSaidInTheJson) const
     {
         if (ended.status == 0 && ended.json == whole.json)
@@ -104,7 +104,7 @@ protected:
         std::printf("%s: %ld runs, %ld of them failed\n", GetParam(), runs, losses);
     }
 
-    /// Files that were begun and not removed.
+    /// Returns the number of files that were begun and not removed.
     [[nodiscard]] int FilesLeft() const
     {
         int count = 0;

@@ -75,7 +75,7 @@ public:
     }
 
 private:
-    /// Is at work until the file is removed.
+    /// Works until the file is removed.
     static void AwaitRemoval(const wchar_t* fileName)
     {
         const CWaitCursor cursor;

@@ -51,7 +51,7 @@ Outcomes ImportWithEachFailure(const char* example, FailNth failNth)
     ConsoleDoc whole(0.001);
     EXPECT_TRUE(Import(example, whole));
     Outcomes outcomes;
-    // A report for which there is no memory may be lost without harm to the import, so an import
+    // A report for which there is no memory may be lost without effect on the import, so an import
     // that succeeds need not be the one without a failure.
     for (int successes = 0, nth = 1; successes < 20; ++nth) {
         const long before = LiveAllocations();
