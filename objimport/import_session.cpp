@@ -20,24 +20,24 @@
 
 namespace {
 
+/// Returns whether the module said of the file that its reading ended early.
+bool EndedEarly(const ImportJournal& journal)
+{
+    const auto& prints = journal.prints;
+    return std::find(prints.begin(), prints.end(), Say(Texts::ReadingErrors)) != prints.end();
+}
+
 /// Returns what an import ignores in a file; nothing when it does not open, or when out of memory.
-UnreadLines UnreadLinesOf(const InputFile& file, bool endedEarly)
+UnreadLines UnreadLinesOf(const InputFile& file, const ImportJournal& journal)
 try {
     EarlyEnd end;
-    if (endedEarly)
+    if (EndedEarly(journal))
         if (File whole(OpenNative(file.path, "rb")); whole != nullptr)
             end = FindEarlyEnd(whole.release());
     File stream(OpenNative(file.path, "rb"));
     return stream != nullptr ? FindUnreadLines(stream.release(), end) : UnreadLines();
 } catch (const std::bad_alloc&) {
     return {};
-}
-
-/// Returns whether the module said of the file that its reading ended early.
-bool EndedEarly(const ImportJournal& journal)
-{
-    const auto& prints = journal.prints;
-    return std::find(prints.begin(), prints.end(), Say(Texts::ReadingErrors)) != prints.end();
 }
 
 /// Returns what the note shows while a file is imported.
@@ -95,7 +95,7 @@ const ImportRecord& ImportSession::Import(const InputFile& file)
                                    (import.result ? "something of it is missing\n"
                                                   : "the reading ended before its end\n"));
     if (m_looksForUnreadLines && !import.journal.cancelled)
-        import.unread = UnreadLinesOf(file, EndedEarly(import.journal));
+        import.unread = UnreadLinesOf(file, import.journal);
     return import;
 }
 

@@ -53,7 +53,7 @@ protected:
     void ExpectAgreement(const fs::path& path);
 
 private:
-    PlugInModule m_module{fs::path(BUILD_FOLDER) / "bin" / IMPORT_MODULE};
+    PlugInModule m_module{fs::path(IMPORT_MODULE)};
 };
 
 Counts ToldByCheck(const fs::path& path)
