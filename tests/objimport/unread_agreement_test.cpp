@@ -34,7 +34,7 @@ protected:
         ConsoleApp::Instance().SetPrintStream(nullptr);
         m_module.RunLoadHook();
     }
-    ~UnreadAgreement() override { ConsoleApp::Instance().SetPrintStream(stdout); }
+    void TearDown() override { ConsoleApp::Instance().SetPrintStream(stdout); }
 
     Counts ToldBySummary(const fs::path& path)
     {
@@ -117,8 +117,8 @@ TEST_F(UnreadAgreement, InFilesWithManyUnreadStatements)
     };
     const std::string triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
     const std::string texts[] = {
-        "s 1\nS 2\ns off\ns 0\ns\nl 1 2\nL 2 3\n # a comment\n#l 1\nend\nEND\nbevel on\nlod 1\n"
-        "nonsense\nNonsense 2\nnonsens\n",
+        "s 1\nS 2\ns off\ns 0\ns\nl 1 2\nL 2 3\n # a comment\n#l 1\nend\nEND\n",
+        "bevel on\nlod 1\nnonsense\nNonsense 2\nnonsens\n",
         "l 1 2\nusemtl early\nfoo\nv 1\nl 1 2\nusemtl late\nbar\n# the end\n",
         "l 1 \\\n2\rl 3\r\nzz\0xx\nvt 1 \\\r\n\\\n\n\nl 1\r\rl 2\r\ns 1"s,
         "l 1 2\nv 1\n",
