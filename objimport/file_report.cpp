@@ -23,6 +23,11 @@ std::string KindText(std::string_view type)
     return OneLine(type);
 }
 
+std::string InWords(std::string_view kind, std::string_view reason)
+{
+    return KindText(kind) + ": " + LocalReason(OneLine(reason));
+}
+
 void WriteRefused(const Page& page, const ImportJournal& journal)
 {
     if (journal.refused.empty())
@@ -30,10 +35,9 @@ void WriteRefused(const Page& page, const ImportJournal& journal)
     page.Warning("  " + Say(Texts::Refused, {Number(journal.refused.size())}));
     OftenTexts texts(page.Shown(journal.refused.size()));
     for (const ImportJournal::Refusal& refusal : journal.refused)
-        texts.Add(KindText(refusal.type) + ": " + OneLine(LocalReason(refusal.reason)),
-                  refusal.number,
+        texts.Add(refusal.type, refusal.reason, refusal.number,
                   refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark);
-    texts.Write(page);
+    texts.Write(page, InWords);
 }
 
 void WriteInconsistencies(const Page& page, const ImportJournal& journal)
@@ -42,11 +46,13 @@ void WriteInconsistencies(const Page& page, const ImportJournal& journal)
         return;
     std::size_t count = 0;
     OftenTexts texts(page.Shown(journal.kernelErrors.size()));
-    for (const ImportJournal::KernelError& error : journal.kernelErrors)
-        for (int i = 0; i < error.times; ++i, ++count)
-            texts.Add(KindText(error.source) + ": " + LocalReason(OneLine(error.text)));
+    for (const ImportJournal::KernelError& error : journal.kernelErrors) {
+        const auto times = static_cast<std::size_t>(error.times);
+        texts.Add(error.source, error.text, times);
+        count += times;
+    }
     page.Warning("  " + Say(Texts::Inconsistencies, {Number(count)}));
-    texts.Write(page);
+    texts.Write(page, InWords);
 }
 
 void WriteNotRead(const Page& page, const UnreadLines& unread)

@@ -83,29 +83,55 @@ constexpr ProgramText Reasons[] = {
     {L"surface", 60264},
 };
 
-/// Returns what stands for the placeholders of a pattern in a text; none when it does not match.
-std::optional<std::vector<std::string_view>> Match(std::string_view text, const wchar_t* pattern)
+/// Returns whether a character of a text in UTF-8 is one of ASCII.
+bool IsSame(char a, wchar_t b)
 {
+    return static_cast<wchar_t>(a) == b;
+}
+
+bool StartsWith(std::string_view text, std::wstring_view ascii)
+{
+    return text.size() >= ascii.size() &&
+           std::equal(ascii.begin(), ascii.end(), text.begin(),
+                      [](wchar_t a, char b) { return IsSame(b, a); });
+}
+
+bool EndsWith(std::string_view text, std::wstring_view ascii)
+{
+    return text.size() >= ascii.size() &&
+           StartsWith(text.substr(text.size() - ascii.size()), ascii);
+}
+
+/// Takes off a pattern what stands before its next placeholder, or all of it, and returns that.
+std::wstring_view TakeLiteral(std::wstring_view& pattern)
+{
+    const std::wstring_view literal = pattern.substr(0, pattern.find(L"%s"));
+    pattern.remove_prefix(literal.size());
+    return literal;
+}
+
+/// Returns what stands for the placeholders of a pattern in a text; none when it does not match.
+std::optional<std::vector<std::string_view>> Match(std::string_view text, std::wstring_view pattern)
+{
+    const std::wstring_view first = TakeLiteral(pattern);
+    if (!StartsWith(text, first))
+        return std::nullopt;
+    text.remove_prefix(first.size());
     std::vector<std::string_view> found;
-    const std::wstring_view whole = pattern;
-    std::size_t at = 0;
-    for (bool isFirst = true;; isFirst = false) {
-        const std::size_t next = std::min(whole.find(L"%s", at), whole.size());
-        const std::string literal(whole.begin() + static_cast<std::ptrdiff_t>(at),
-                                  whole.begin() + static_cast<std::ptrdiff_t>(next));
-        const bool isLast = next == whole.size();
-        std::size_t place = text.find(literal);
-        if (isLast && !isFirst && text.size() >= literal.size())
-            place = text.ends_with(literal) ? text.size() - literal.size() : std::string_view::npos;
-        if (place == std::string_view::npos || (isFirst && place != 0))
+    while (!pattern.empty()) {
+        pattern.remove_prefix(2);
+        const std::wstring_view literal = TakeLiteral(pattern);
+        const auto* const place =
+            pattern.empty() && EndsWith(text, literal)
+                ? text.end() - std::ssize(literal)
+                : std::search(text.begin(), text.end(), literal.begin(), literal.end(), IsSame);
+        if (place == text.end() && !literal.empty())
             return std::nullopt;
-        if (!isFirst)
-            found.push_back(text.substr(0, place));
-        text.remove_prefix(place + literal.size());
-        if (isLast)
-            return text.empty() ? std::optional(found) : std::nullopt;
-        at = next + 2;
+        const auto size = static_cast<std::size_t>(place - text.begin());
+        found.push_back(text.substr(0, size));
+        text.remove_prefix(size + literal.size());
     }
+    return text.empty() ? std::optional(found) : std::nullopt;
 }
 
 } // namespace

@@ -2,22 +2,40 @@
 
 #include <utility>
 
-void OftenTexts::Add(const std::string& text, int number, const ProgramText& mark)
+/// Returns what stands for a text, or null when there are enough others.
+OftenTexts::OftenText* OftenTexts::FindOrAdd(const KindAndText& text)
 {
-    constexpr std::size_t MostNumbers = 5;
+    if (m_last < m_texts.size() && m_texts[m_last].text == text)
+        return &m_texts[m_last];
     auto place = m_places.find(text);
     if (place == m_places.end()) {
-        if (m_texts.size() == m_most) {
-            ++m_leftOut;
-            return;
-        }
+        if (m_texts.size() == m_most)
+            return nullptr;
         place = m_places.emplace(text, m_texts.size()).first;
-        m_texts.push_back({text, &mark});
+        m_texts.push_back({text});
     }
-    OftenText& often = m_texts[place->second];
-    ++often.count;
-    if (number > 0 && often.numbers.size() < MostNumbers)
-        often.numbers.push_back(number);
+    m_last = place->second;
+    return &m_texts[m_last];
+}
+
+void OftenTexts::Add(std::string_view kind, std::string_view text, std::size_t times)
+{
+    if (OftenText* const often = FindOrAdd({kind, text}))
+        often->count += times;
+    else
+        m_leftOut += times;
+}
+
+void OftenTexts::Add(std::string_view kind, std::string_view text, int number,
+                     const ProgramText& mark)
+{
+    constexpr std::size_t MostNumbers = 5;
+    Add(kind, text);
+    OftenText* const often = FindOrAdd({kind, text});
+    if (often == nullptr || number <= 0 || often->numbers.size() == MostNumbers)
+        return;
+    often->mark = &mark;
+    often->numbers.push_back(number);
 }
 
 /// Returns " (7 times: no. 1, 2, 5, 8, 9, ...)".
@@ -32,10 +50,11 @@ std::string OftenTexts::HowOften(const OftenText& often)
     return text.empty() ? "" : " (" + text + ")";
 }
 
-void OftenTexts::Write(const Page& page) const
+void OftenTexts::Write(const Page& page,
+                       std::string (*inWords)(std::string_view kind, std::string_view text)) const
 {
     for (const OftenText& often : m_texts)
-        page.Line("    " + often.text + HowOften(often));
+        page.Line("    " + inWords(often.text.first, often.text.second) + HowOften(often));
     if (m_leftOut > 0)
         page.Line("    " + Say(Texts::LeftOutOfTable, {Number(m_leftOut)}));
 }

@@ -146,6 +146,23 @@ TEST(FileReport, CutsLongListsOfRefusals)
                                 "    ... and 4,960 more; --all shows them\n"));
 }
 
+TEST(FileReport, CountsTextsThatAreNotNextToEachOther)
+{
+    const ConsoleDoc doc(0.001);
+    ImportRecord import;
+    for (int i = 0; i < 6; ++i) {
+        import.journal.kernelErrors.push_back({"mesh", i % 2 == 0 ? "Bogus.\n" : "Odd.\n", 2});
+        import.journal.refused.push_back({i % 2 == 0 ? "mesh" : "curve", "out of memory", i + 1});
+    }
+    const std::string text = Report(import, doc);
+    EXPECT_THAT(text, HasSubstr("  refused: 6\n"
+                                "    mesh: out of memory (3 times: no. 1, 3, 5)\n"
+                                "    curve: out of memory (3 times: no. 2, 4, 6)\n"
+                                "  inconsistencies: 12\n"
+                                "    mesh: Bogus. (6 times)\n"
+                                "    mesh: Odd. (6 times)\n"));
+}
+
 TEST(Page, BreaksLinesBetweenWords)
 {
     const auto shown = [](const std::string& text) {
