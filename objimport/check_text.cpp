@@ -101,11 +101,16 @@ std::string InWords(const LocalText& text, const std::vector<std::string>& argum
     return result.append(words, from);
 }
 
+std::string InWords(const Phrase& phrase)
+{
+    return InWords(phrase.text, ShownArguments(phrase));
+}
+
 std::string InWords(const Finding& finding)
 {
     std::vector<std::string> arguments = ShownArguments(finding.what);
     if (finding.why.text.text != nullptr)
-        arguments.insert(arguments.begin(), InWords(finding.why.text, ShownArguments(finding.why)));
+        arguments.insert(arguments.begin(), InWords(finding.why));
     return InWords(finding.what.text, arguments);
 }
 

@@ -10,6 +10,9 @@
 /// Returns a text in the user's language with its arguments, in UTF-8.
 std::string InWords(const LocalText& text, const std::vector<std::string>& arguments);
 
+/// Returns the same for a text that has its arguments.
+std::string InWords(const Phrase& phrase);
+
 /// Returns what a finding says, without its place.
 std::string InWords(const Finding& finding);
 

@@ -32,6 +32,8 @@ std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
         if (count > 0)
             text.append(text.empty() ? "" : ", ").append(words);
     };
+    if (const std::size_t end = import.unread.end.statement; end > 0)
+        add(end, Say(Texts::EndedAtLine, {Number(end)}));
     const ImportJournal& journal = import.journal;
     add(journal.refused.size(), Counted(journal.refused.size(), Texts::RefusedCount));
     add(lines, Counted(lines, Texts::Lines));

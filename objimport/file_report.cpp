@@ -1,6 +1,7 @@
 #include "objimport/file_report.h"
 
 #include "console_host/app/printable.h"
+#include "objimport/check_text.h"
 #include "objimport/host_reasons.h"
 #include "objimport/often_texts.h"
 #include "objimport/program_texts.h"
@@ -23,7 +24,7 @@ std::string KindText(std::string_view type)
     return OneLine(type);
 }
 
-std::string InWords(std::string_view kind, std::string_view reason)
+std::string ReasonInWords(std::string_view kind, std::string_view reason)
 {
     return KindText(kind) + ": " + LocalReason(OneLine(reason));
 }
@@ -37,7 +38,7 @@ void WriteRefused(const Page& page, const ImportJournal& journal)
     for (const ImportJournal::Refusal& refusal : journal.refused)
         texts.Add(refusal.type, refusal.reason, refusal.number,
                   refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark);
-    texts.Write(page, InWords);
+    texts.Write(page, ReasonInWords);
 }
 
 void WriteInconsistencies(const Page& page, const ImportJournal& journal)
@@ -52,22 +53,31 @@ void WriteInconsistencies(const Page& page, const ImportJournal& journal)
         count += times;
     }
     page.Warning("  " + Say(Texts::Inconsistencies, {Number(count)}));
-    texts.Write(page, InWords);
+    texts.Write(page, ReasonInWords);
+}
+
+/// Writes where and why reading ended before the end of the file.
+void WriteEarlyEnd(const Page& page, const EarlyEnd& end)
+{
+    if (end.statement == 0)
+        return;
+    std::string text =
+        Say(Texts::ReadingEnded, {Number(end.statement), PrintableLine(InWords(end.why))});
+    if (end.linesAfter > 0)
+        text.append("; ").append(Counted(end.linesAfter, Texts::LinesNotRead));
+    page.Warning("  " + text);
 }
 
 void WriteNotRead(const Page& page, const UnreadLines& unread)
 {
+    if (unread.keywords.empty())
+        return;
     std::string list;
-    const auto add = [&list](std::size_t lines, const std::string& which) {
-        list.append(list.empty() ? "" : ", ")
-            .append(Say(Texts::LinesOf, {Counted(lines, Texts::Lines), which}));
-    };
     for (const auto& [keyword, count] : unread.keywords)
-        add(count, keyword.empty() ? "..." : PrintableLine(keyword));
-    if (unread.end.linesAfter > 0)
-        add(unread.end.linesAfter, Say(Texts::AfterLine, {Number(unread.end.line)}));
-    if (!list.empty())
-        page.Warning("  " + Say(Texts::NotRead, {list}));
+        list.append(list.empty() ? "" : ", ")
+            .append(Say(Texts::LinesOf, {Counted(count, Texts::Lines),
+                                         keyword.empty() ? "..." : PrintableLine(keyword)}));
+    page.Warning("  " + Say(Texts::NotRead, {list}));
 }
 
 void WriteUndefined(const Page& page, const std::vector<std::string>& names)
@@ -106,6 +116,7 @@ void WriteFileReport(const Page& page, const ImportRecord& import, const Console
         page.Line(line);
     else
         page.Warning(line);
+    WriteEarlyEnd(page, import.unread.end);
     WriteRefused(page, import.journal);
     WriteInconsistencies(page, import.journal);
     WriteNotRead(page, import.unread);

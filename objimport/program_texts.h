@@ -58,7 +58,10 @@ inline constexpr ProgramText Reading{L"%s: %s %% read", 60021};
 inline constexpr ProgramText Building{L"%s: making objects", 60022};
 inline constexpr ProgramText Writing{L"writing %s", 60023};
 
-inline constexpr ProgramText AfterLine{L"after line %s", 60024};
+inline constexpr ProgramText ReadingEnded{L"reading ended at line %s: %s", 60024};
+inline constexpr ProgramText EndedAtLine{L"ended at line %s", 60025};
+inline constexpr CountedText LinesNotRead{{L"%s line after it was not read", 60026},
+                                          {L"%s lines after it were not read", 60027}};
 
 /// What the module prints when it stops reading a file early.
 inline constexpr ProgramText ReadingErrors{

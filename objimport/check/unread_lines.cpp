@@ -115,10 +115,16 @@ UnreadLines FindUnreadLines(std::FILE* stream, const EarlyEnd& end)
 
 EarlyEnd FindEarlyEnd(std::FILE* stream)
 {
-    constexpr double Tolerance = 0.001; // of findings, none of which is kept
-    Findings findings(0);
+    constexpr double Tolerance = 0.001; // of other findings
+    Findings findings(1);
     NoFiles finder;
     ObjChecker checker(stream, findings, findings.AddFile({}), finder, Tolerance);
     const CheckTotals totals = checker.Check();
-    return {totals.lines, totals.unread};
+    EarlyEnd end{totals.lines, totals.unread};
+    for (const Finding& finding : findings.Kept())
+        if (finding.kind == CheckKind::EndsParse) {
+            end.statement = finding.line;
+            end.why = finding.why;
+        }
+    return end;
 }

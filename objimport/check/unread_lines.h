@@ -1,5 +1,7 @@
 #pragma once
 
+#include "objimport/check/finding.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <set>
@@ -11,7 +13,9 @@
 struct EarlyEnd
 {
     std::size_t line = 0;       ///< the last one that is read, from 1
-    std::size_t linesAfter = 0; ///< 0: the file is read to its end
+    std::size_t linesAfter = 0; ///< that are not read
+    std::size_t statement = 0;  ///< the first line of the statement that stops it; 0: none does
+    Phrase why{};               ///< the statement stops it
 };
 
 /// What an import ignores in a file, and what it may not find, as far as the file's own lines tell.

@@ -126,9 +126,10 @@ TEST(FileReport, ReportsOutcomeAndLosses)
 
     ImportRecord failed;
     failed.file = "bad.obj";
-    failed.unread.end = {1044, 1};
+    failed.unread.end = {1044, 1, 1043, {{L"\"%s\" is wrong", 0}, {"v\x1B"}}};
     EXPECT_EQ(Report(failed, doc), "bad.obj: the import failed, 0 objects\n"
-                                   "  not read: 1 line (after line 1,044); --check names them\n");
+                                   "  reading ended at line 1,043: \"v\\x1B\" is wrong; 1 line after "
+                                   "it was not read\n");
     failed.unread = {};
     failed.journal.cancelled = true;
     EXPECT_EQ(Report(failed, doc), "bad.obj: cancelled, 0 objects\n");
