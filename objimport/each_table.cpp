@@ -1,6 +1,7 @@
 #include "objimport/each_table.h"
 
 #include "console_host/app/printable.h"
+#include "objimport/check/ignored_statements.h"
 #include "objimport/file_report.h"
 #include "objimport/object_rows.h"
 #include "objimport/program_texts.h"
@@ -26,7 +27,7 @@ std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
 {
     std::size_t lines = import.unread.end.linesAfter;
     for (const auto& [keyword, count] : import.unread.keywords)
-        lines += count;
+        lines += SaysHowToShow(keyword) ? 0 : count;
     std::string text;
     const auto add = [&text](std::size_t count, const std::string& words) {
         if (count > 0)

@@ -36,8 +36,7 @@ const CheckText& TextFor(std::string_view keyword)
 {
     if (IsOneOf(keyword, GeometryWords))
         return CheckTexts::GeometryNotRead;
-    return IsOneOf(keyword, AttributeWords) ? CheckTexts::AttributesNotRead
-                                            : CheckTexts::UnknownNotRead;
+    return SaysHowToShow(keyword) ? CheckTexts::AttributesNotRead : CheckTexts::UnknownNotRead;
 }
 
 const CheckText& TextForMtl(std::string_view keyword)
@@ -68,6 +67,11 @@ bool IsLossOfContent(const CObjLineTokenizer& tokenizer)
     const char* const state = tokenizer.Token(1);
     const bool isOff = state == nullptr || IsKeyword(state, "off") || IsKeyword(state, "0");
     return !IsKeyword(keyword, "s") || !isOff;
+}
+
+bool SaysHowToShow(std::string_view keyword)
+{
+    return IsOneOf(keyword, AttributeWords);
 }
 
 void ReportIgnoredStatements(CheckPlace place, const StatementCounts& ignored)

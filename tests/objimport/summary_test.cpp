@@ -1,3 +1,4 @@
+#include "objimport/each_table.h"
 #include "objimport/file_report.h"
 #include "objimport/object_rows.h"
 #include "objimport/summary.h"
@@ -162,6 +163,26 @@ TEST(FileReport, CountsTextsThatAreNotNextToEachOther)
                                 "  inconsistencies: 12\n"
                                 "    mesh: Bogus. (6 times)\n"
                                 "    mesh: Odd. (6 times)\n"));
+}
+
+TEST(EachTable, TellsLossesFromNotes)
+{
+    const ConsoleDoc doc(0.001);
+    ImportRecord import;
+    import.file = "a.obj";
+    import.result = true;
+    import.unread.keywords = {{"s", 100}, { "l", 3 }};
+    import.unread.end = {1044, 20, 1043, {}};
+    EachTable table;
+    table.AddImport(import, doc, true);
+    import.unread = {};
+    import.unread.keywords = {{ "s", 100 }};
+    table.AddImport(import, doc, true);
+    EXPECT_EQ(Written([&](TextOutput& output) { table.Write(Page(output)); }),
+              "2 files\n"
+              "  file   outcome   objects  lost\n"
+              "  a.obj  imported        0  ended at line 1,043, 23 lines\n"
+              "  a.obj  imported        0  -\n");
 }
 
 TEST(Page, BreaksLinesBetweenWords)
