@@ -38,6 +38,10 @@ std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
     const ImportJournal& journal = import.journal;
     add(journal.refused.size(), Counted(journal.refused.size(), Texts::RefusedCount));
     add(lines, Counted(lines, Texts::Lines));
+    const std::size_t faces = MissingFaces(import, doc);
+    add(faces, Counted(faces, Texts::Faces));
+    const std::size_t names = import.unread.changedNames;
+    add(names, Counted(names, Texts::Names));
     const std::size_t materials = UndefinedMaterials(import, doc).size();
     add(materials, Counted(materials, Texts::Materials));
     const std::size_t textures = CountMissingTextures(doc);

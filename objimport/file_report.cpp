@@ -3,9 +3,11 @@
 #include "console_host/app/printable.h"
 #include "objimport/check_text.h"
 #include "objimport/host_reasons.h"
+#include "objimport/mesh_faces.h"
 #include "objimport/often_texts.h"
 #include "objimport/program_texts.h"
 
+#include <algorithm>
 #include <iterator>
 #include <set>
 #include <string_view>
@@ -80,6 +82,12 @@ void WriteNotRead(const Page& page, const UnreadLines& unread)
     page.Warning("  " + Say(Texts::NotRead, {list}));
 }
 
+void WriteCount(const Page& page, std::size_t count, const CountedText& text)
+{
+    if (count > 0)
+        page.Warning("  " + Counted(count, text));
+}
+
 void WriteUndefined(const Page& page, const std::vector<std::string>& names)
 {
     if (!names.empty())
@@ -108,6 +116,17 @@ std::vector<std::string> UndefinedMaterials(const ImportRecord& import, const Co
     return {wanted.begin(), wanted.end()};
 }
 
+std::size_t MissingFaces(const ImportRecord& import, const ConsoleDoc& doc)
+{
+    std::size_t faces = 0;
+    for (int i = 0; i < import.objectCount; ++i) {
+        const AnyGeometry geometry = doc.Object(import.firstObject + i).geometry;
+        if (const auto* mesh = std::get_if<const GK_Mesh*>(&geometry))
+            faces += CountFaces(**mesh).All();
+    }
+    return import.unread.faces - std::min(faces, import.unread.faces);
+}
+
 void WriteFileReport(const Page& page, const ImportRecord& import, const ConsoleDoc& doc)
 {
     const std::string line = PrintableLine(import.file) + ": " + OutcomeText(import) + ", " +
@@ -120,5 +139,11 @@ void WriteFileReport(const Page& page, const ImportRecord& import, const Console
     WriteRefused(page, import.journal);
     WriteInconsistencies(page, import.journal);
     WriteNotRead(page, import.unread);
+    const std::size_t missingFaces = MissingFaces(import, doc);
+    WriteCount(page, missingFaces, Texts::FacesMissing);
+    WriteCount(page, import.unread.changedNames, Texts::NamesChanged);
     WriteUndefined(page, UndefinedMaterials(import, doc));
+    const bool isSaid = import.journal.cancelled || import.journal.outOfMemory || missingFaces > 0;
+    if (!isSaid && (!import.result || import.objectCount == 0))
+        page.Warning("  " + Say(Texts::CheckSaysWhy));
 }

@@ -63,6 +63,13 @@ inline constexpr ProgramText EndedAtLine{L"ended at line %s", 60025};
 inline constexpr CountedText LinesNotRead{{L"%s line after it was not read", 60026},
                                           {L"%s lines after it were not read", 60027}};
 
+inline constexpr CountedText NamesChanged{{L"%s name changes; --check names it", 60028},
+                                          {L"%s names change; --check names them", 60029}};
+inline constexpr CountedText FacesMissing{
+    {L"%s face of the file was not imported; --check says why", 60122},
+    {L"%s faces of the file were not imported; --check says why", 60123}};
+inline constexpr ProgramText CheckSaysWhy{L"--check says why", 60124};
+
 /// What the module prints when it stops reading a file early.
 inline constexpr ProgramText ReadingErrors{
     L"Errors occurred reading this file, may be incomplete.\n", 24465};
@@ -85,6 +92,7 @@ inline constexpr CountedText Ngons{{L"%s n-gon", 60058}, {L"%s n-gons", 60059}};
 inline constexpr CountedText Lines{{L"%s line", 60060}, {L"%s lines", 60061}};
 inline constexpr CountedText Messages{{L"%s message", 60062}, {L"%s messages", 60063}};
 inline constexpr CountedText RefusedCount{{L"%s refused", 60064}, {L"%s refused", 60065}};
+inline constexpr CountedText Names{{L"%s name", 60068}, {L"%s names", 60069}};
 inline constexpr CountedText Files{{L"%s file", 60066}, {L"%s files", 60067}};
 
 inline constexpr ProgramText InMeshes{L"in meshes: %s, %s", 60070};

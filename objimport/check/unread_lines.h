@@ -18,7 +18,8 @@ struct EarlyEnd
     Phrase why{};               ///< the statement stops it
 };
 
-/// What an import ignores in a file, and what it may not find, as far as the file's own lines tell.
+/// What an import ignores or changes in a file, and what it may not find, as far as the file's own
+/// lines tell.
 struct UnreadLines
 {
     /// Keywords that are not read, in small letters, each with its number of lines, in the order of
@@ -29,6 +30,9 @@ struct UnreadLines
 
     /// The materials that "usemtl" statements name, each once.
     std::set<std::string> materials;
+
+    std::size_t changedNames = 0; ///< different names that do not arrive as they stand in the file
+    std::size_t faces = 0;        ///< "f" statements
 };
 
 /// Returns what an import of the file of a stream, which is taken over, ignores up to where it

@@ -89,6 +89,18 @@ TEST(UnreadLines, AreCountedByKeyword)
     EXPECT_THAT(found.materials, ElementsAre("a b", "c"));
 }
 
+TEST(UnreadLines, CountFacesAndNamesThatChange)
+{
+    const std::string umlaut = "\xC3\x9C";
+    const UnreadLines found =
+        Unread("f 1 2 3\nf 1 2 \\\n3\nF 1 2\n f\n#f 1 2 3\no W" + umlaut + "\nusemtl W" + umlaut +
+               "\r\nusemtl a  b\ng a  b\ng a\tb\ng " + umlaut + " b\nmtllib " + umlaut +
+               ".mtl\no C:\\a  b\no a b \ng a \\\nb\ngroup x" + umlaut);
+    EXPECT_EQ(found.faces, 4U);
+    EXPECT_EQ(found.changedNames, 5U); // W., "a  b", ". b", ".mtl", "x."
+    EXPECT_EQ(Unread("v 0 0 0\nf 1 1 1\nv 1\nf 1 1 1\n").faces, 2U);
+}
+
 TEST(UnreadLines, OfVeryManyKeywordsAreCountedTogether)
 {
     std::string text;

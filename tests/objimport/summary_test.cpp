@@ -115,12 +115,16 @@ TEST(FileReport, ReportsOutcomeAndLosses)
     import.objectCount = 5;
     import.unread.keywords = {{"l", 12}, {"\x1B", 1}, { "", 7 }};
     import.unread.materials = {"brick", "tin", "wood"};
+    import.unread.faces = 1201;
+    import.unread.changedNames = 1;
     EXPECT_EQ(Report(import, doc), R"(scäne.obj: imported, 5 objects
   refused: 1
     curve: the curve has no knots
   inconsistencies: 2
     mesh: Bogus. (2 times)
   not read: 12 lines (l), 1 line (\x1B), 7 lines (...); --check names them
+  1,200 faces of the file were not imported; --check says why
+  1 name changes; --check names it
   2 materials wanted, but defined by no library: tin, wood
 )");
     EXPECT_THAT(Report(import, doc, true), HasSubstr("\x1B[33m  refused: 1\n\x1B[0m    curve"));
@@ -130,7 +134,8 @@ TEST(FileReport, ReportsOutcomeAndLosses)
     failed.unread.end = {1044, 1, 1043, {{L"\"%s\" is wrong", 0}, {"v\x1B"}}};
     EXPECT_EQ(Report(failed, doc), "bad.obj: the import failed, 0 objects\n"
                                    "  reading ended at line 1,043: \"v\\x1B\" is wrong; 1 line after "
-                                   "it was not read\n");
+                                   "it was not read\n"
+                                   "  --check says why\n");
     failed.unread = {};
     failed.journal.cancelled = true;
     EXPECT_EQ(Report(failed, doc), "bad.obj: cancelled, 0 objects\n");
