@@ -10,7 +10,6 @@
 #include "objimport/sarif.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -18,15 +17,6 @@ constexpr int NothingLost = 0;
 constexpr int SomethingLost = 1;
 constexpr int NotRead = 2;
 constexpr std::size_t MostOfAKind = 20;
-
-std::string FirstBytes(const std::filesystem::path& path)
-{
-    std::array<char, 512> bytes{};
-    const File stream(OpenNative(path, "rb"));
-    const std::size_t count =
-        stream == nullptr ? 0 : std::fread(bytes.data(), 1, bytes.size(), stream.get());
-    return {bytes.data(), count};
-}
 
 [[noreturn]] void ThrowCannotWrite(const std::string& target, const std::string& why)
 {
@@ -39,7 +29,11 @@ bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& 
 {
     findings.BeginGroup();
     const int file = findings.AddFile(input.name);
-    ReportNoText({findings, file, 0}, FirstBytes(input.path));
+    if (ReportNoText({findings, file, 0}, FirstBytes(input))) {
+        if (!request.quiet)
+            WriteFindings(output, findings);
+        return true;
+    }
     FilesBeside finder(input.path);
     ObjChecker checker(OpenNative(input.path, "rb"), findings, file, finder, request.tolerance);
     const CheckTotals totals = checker.Check();

@@ -135,9 +135,13 @@ void WriteFileReport(const Page& page, const ImportRecord& import, const Console
         page.Line(line);
     else
         page.Warning(line);
-    WriteEarlyEnd(page, import.unread.end);
     WriteRefused(page, import.journal);
     WriteInconsistencies(page, import.journal);
+    if (import.unread.notText) {
+        page.Warning("  " + PrintableLine(InWords(*import.unread.notText)));
+        return;
+    }
+    WriteEarlyEnd(page, import.unread.end);
     WriteNotRead(page, import.unread);
     const std::size_t missingFaces = MissingFaces(import, doc);
     WriteCount(page, missingFaces, Texts::FacesMissing);

@@ -7,6 +7,7 @@
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 #include "console_host/runtime/terminal.h"
+#include "objimport/check/file_sort.h"
 #include "objimport/page.h"
 #include "objimport/program_texts.h"
 #include "objimport/text_table.h"
@@ -15,6 +16,7 @@
 #include <exception>
 #include <filesystem>
 #include <new>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -27,9 +29,20 @@ bool EndedEarly(const ImportJournal& journal)
     return std::find(prints.begin(), prints.end(), Say(Texts::ReadingErrors)) != prints.end();
 }
 
+/// Returns why a file that begins with these bytes is not text; none when it may be.
+std::optional<Finding> WhyNotText(std::string_view firstBytes)
+{
+    Findings findings(1);
+    if (!ReportNoText({findings}, firstBytes))
+        return std::nullopt;
+    return findings.Kept().front();
+}
+
 /// Returns what an import ignores in a file; nothing when it does not open, or when out of memory.
 UnreadLines UnreadLinesOf(const InputFile& file, const ImportJournal& journal)
 try {
+    if (UnreadLines found; (found.notText = WhyNotText(FirstBytes(file))))
+        return found;
     EarlyEnd end;
     if (EndedEarly(journal))
         if (File whole(OpenNative(file.path, "rb")); whole != nullptr)

@@ -124,6 +124,15 @@ void KeepStreams(std::vector<InputFile>& files)
             KeepStream(file);
 }
 
+std::string FirstBytes(const InputFile& file)
+{
+    std::array<char, 512> bytes{};
+    const File stream(OpenNative(file.path, "rb"));
+    const std::size_t count =
+        stream == nullptr ? 0 : std::fread(bytes.data(), 1, bytes.size(), stream.get());
+    return {bytes.data(), count};
+}
+
 void CheckReadable(const std::vector<InputFile>& files)
 {
     for (const InputFile& file : files)

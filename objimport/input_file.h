@@ -25,5 +25,9 @@ std::vector<InputFile> FindInputFiles(const CommandLine& commandLine);
 /// A file for which that fails says why it is unreadable.
 void KeepStreams(std::vector<InputFile>& files);
 
+/// Returns the beginning of a file, by which to tell what kind of file it is; empty when it does
+/// not open.
+std::string FirstBytes(const InputFile& file);
+
 /// Throws ProgramError for the first file that cannot be read.
 void CheckReadable(const std::vector<InputFile>& files);

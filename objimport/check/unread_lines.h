@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,6 +28,9 @@ struct UnreadLines
     std::vector<std::pair<std::string, std::size_t>> keywords;
 
     EarlyEnd end;
+
+    /// What the file is when it is not text; then all else here is left as it is.
+    std::optional<Finding> notText;
 
     /// The materials that "usemtl" statements name, each once.
     std::set<std::string> materials;

@@ -89,6 +89,20 @@ TEST(CheckOption, ShowsGermanFindingsAndCounts)
     EXPECT_EQ(result.errors, "");
 }
 
+TEST(CheckOption, SaysOfFilesThatAreNotTextNothingElse)
+{
+    using namespace std::string_literals;
+    const TemporaryFolder folder;
+    const std::string file = Utf8(folder.Write("utf16.obj", "\xFF\xFEv\0 \0001\0\n\0"s));
+    const std::string what = "the file is UTF-16 text, which is not read; save it as UTF-8";
+    const ProcessResult check = RunObjimport({"--check", file});
+    EXPECT_EQ(check.status, 1);
+    EXPECT_EQ(check.output, file + ": error: " + what + " [no-text]\n");
+    const ProcessResult import = RunObjimport({"--settings", Utf8(folder / "s.ini"), file});
+    EXPECT_THAT(import.output, HasSubstr("objects\n  " + what + "\n"));
+    EXPECT_THAT(import.output, testing::Not(HasSubstr("--check")));
+}
+
 TEST(CheckOption, ExcludesWhatNeedsAnImport)
 {
     const TemporaryFolder folder;
