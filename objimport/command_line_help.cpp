@@ -64,8 +64,10 @@ public:
                "  module     " IMPORTOBJ_MODULE
                " beside this program, or in " IMPORTOBJ_MODULE_FOLDER " from there\n"
                "\nExit status:\n"
-               "  0  every import succeeded whole\n"
-               "  1  an import failed, was cancelled, or lost something to a lack of memory\n"
+               "  0  every import succeeded, though parts of a file may be left out, as the\n"
+               "     summary says; with --check: nothing would be lost\n"
+               "  1  an import failed, was cancelled or ran out of memory; with --check:\n"
+               "     something would be lost\n"
                "  2  wrong usage, or a file that could not be read, loaded or written\n"
                "\nExamples:\n"
                "  objimport house.obj\n"
