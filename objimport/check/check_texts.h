@@ -134,6 +134,10 @@ inline constexpr CheckText NoLibraryOfNames{
     LibraryMissing,
     Warning,
     {L"the library \"%s\" is not found: all words count as one name", 41163}};
+inline constexpr CheckText LibraryUnreadable{
+    LibraryMissing,
+    Warning,
+    {L"the library \"%s\" cannot be read: its materials are missing", 41178}};
 inline constexpr CheckText LibraryFoundAs{
     LibraryCase, Note, {L"the library \"%s\" is found as \"%s\"", 41164}};
 inline constexpr CheckText LibraryEndsHere{
@@ -165,6 +169,12 @@ inline constexpr CheckText TextureBecomesNothing{
     TextureName, Warning, {L"the texture \"%s\" becomes \"%s\", which is not there", 41173}};
 inline constexpr CheckText NoTexture{
     TextureMissing, Warning, {L"the texture \"%s\" is not there", 41174}};
+inline constexpr CheckText TextureGetsBlank{TextureName,
+                                            Warning,
+                                            {L"the texture \"%s\" is not found: after \"%s\" its "
+                                             L"name gets a blank at its end; \"map_bump\" "
+                                             L"takes it as it is",
+                                             41177}};
 inline constexpr CheckText TextureWithoutName{
     TextureMissing, Warning, {L"\"%s\" is ignored: it names no file", 41175}};
 inline constexpr CheckText TextureFoundAs{

@@ -57,10 +57,10 @@ bool MtlChecker::CheckStatement()
     case MtlStatement::DiffuseTexture:
     case MtlStatement::TransparencyTexture:
     case MtlStatement::BumpTexture:
-        CheckTexture("");
+        CheckTexture("", "");
         return true;
     case MtlStatement::SpacedBumpTexture:
-        CheckTexture(" ");
+        CheckTexture(" ", " ");
         return true;
     default:
         m_ignored.Count(m_tokenizer.Token(0), m_place.line);
@@ -103,8 +103,9 @@ void MtlChecker::CheckName()
     m_names.Check(m_place, RawRest(m_raw), name);
 }
 
-/// Checks the texture whose name is the words after the keyword, joined by `between`.
-void MtlChecker::CheckTexture(const char* between)
+/// Checks the texture whose name is the words after the keyword, with `between` after each but the
+/// last and `after` at the end.
+void MtlChecker::CheckTexture(const char* between, const char* after)
 {
     ++m_textureCount;
     if (m_tokenizer.TokenCount() < 2) {
@@ -114,24 +115,27 @@ void MtlChecker::CheckTexture(const char* between)
     std::string taken = m_tokenizer.Token(1);
     for (int i = 2; i < m_tokenizer.TokenCount(); ++i)
         taken.append(between).append(m_tokenizer.Token(i));
+    taken.append(after);
     const std::string raw = RawRest(m_raw);
-    if (Trimmed(raw) == Trimmed(taken)) {
-        CheckTextureFile(std::string(Trimmed(taken)));
-        return;
-    }
-    const bool isThere = m_finder.FindTexture(std::string(Trimmed(taken))).has_value();
-    if (raw.starts_with('-'))
+    const bool isThere = m_finder.FindTexture(taken).has_value();
+    if (raw.starts_with('-') && !isThere)
         m_place.Report(CheckTexts::TextureOptions, raw, taken);
+    else if (Trimmed(raw) == Trimmed(taken))
+        CheckTextureFile(std::string(Trimmed(taken)), isThere);
     else
         m_place.Report(isThere ? CheckTexts::TextureBecomes : CheckTexts::TextureBecomesNothing,
                        raw, taken);
 }
 
-void MtlChecker::CheckTextureFile(const std::string& name)
+/// Checks a name that is taken as it is, or with a blank after it, by which the file may not be
+/// found.
+void MtlChecker::CheckTextureFile(const std::string& name, bool isThere)
 {
     const auto found = m_finder.FindTexture(name);
     if (!found)
         m_place.Report(CheckTexts::NoTexture, name);
+    else if (!isThere)
+        m_place.Report(CheckTexts::TextureGetsBlank, name, m_tokenizer.Token(0));
     else if (!found->sameCase)
         m_place.Report(CheckTexts::TextureFoundAs, name, found->writtenAs);
 }

@@ -28,8 +28,8 @@ private:
     bool CheckColor();
     void CheckNumber();
     void CheckName();
-    void CheckTexture(const char* between);
-    void CheckTextureFile(const std::string& name);
+    void CheckTexture(const char* between, const char* after);
+    void CheckTextureFile(const std::string& name, bool isThere);
     void EndHere();
 
     CObjLineTokenizer m_tokenizer;

@@ -66,7 +66,7 @@ private:
     void AfterName(const char* keyword);
     void CheckGroupNames();
     void ReportEnd();
-    void CheckLibrary(const FoundFile& found);
+    bool CheckLibrary(const FoundFile& found);
     void FinishTotals();
     void CountPlainLines();
 

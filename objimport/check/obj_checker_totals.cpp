@@ -15,20 +15,26 @@ void ObjChecker::OnMaterialLibrary(const std::string& name)
     }
     if (isNew && !found->sameCase)
         m_place.Report(CheckTexts::LibraryFoundAs, name, found->writtenAs);
-    if (m_libraries.insert(found->path).second)
-        CheckLibrary(*found);
+    if (m_libraries.contains(found->path))
+        return;
+    if (CheckLibrary(*found))
+        m_libraries.insert(found->path);
+    else
+        m_place.Report(CheckTexts::LibraryUnreadable, name);
 }
 
-void ObjChecker::CheckLibrary(const FoundFile& found)
+/// Checks a library; returns false when it cannot be opened.
+bool ObjChecker::CheckLibrary(const FoundFile& found)
 {
     std::FILE* const stream = _wfopen(found.path.c_str(), L"rb");
     if (stream == nullptr)
-        return;
+        return false;
     Findings& findings = m_place.findings;
     MtlChecker library(stream, {findings, findings.AddFile(found.name), 0}, m_finder, m_materials,
                        m_names);
     library.Check();
     m_totals.textures += library.TextureCount();
+    return true;
 }
 
 /// Counts the lines that were read in place with the others.
