@@ -77,5 +77,5 @@ void EachTable::Write(const Page& page) const
                      Column{Say(Texts::LostColumn), Left, TextTable::Cut::AtEnd}});
     for (const std::vector<std::string>& row : m_rows)
         table.AddRow(row);
-    table.Write(page.Output(), page.Width());
+    page.Write(table);
 }

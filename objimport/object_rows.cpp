@@ -20,43 +20,58 @@ constexpr auto Right = TextTable::Align::Right;
 constexpr auto Left = TextTable::Align::Left;
 constexpr auto CutAtEnd = TextTable::Cut::AtEnd;
 
-std::string Shown(const GK_wString& name)
+/// The names that stand in the cells of a document's objects.
+class NameCells
 {
-    constexpr int LongestName = 200;
-    return Shortened(PrintableLine(name.Utf8()), LongestName);
-}
+public:
+    NameCells(const ConsoleDoc& doc, bool all) : m_doc(doc), m_all(all) {}
 
-template <class Table, class NameOf>
-std::string NameAt(const Table& table, int index, NameOf nameOf)
-{
-    return index >= 0 && index < table.Count() ? Shown(nameOf(table[index])) : NoCell;
-}
+    /// Returns the cells that every kind of object has.
+    [[nodiscard]] std::vector<std::string> Of(int index) const;
 
-std::string GroupNames(const ConsoleDoc& doc, const std::vector<int>& groups)
+private:
+    [[nodiscard]] std::string Shown(const GK_wString& name) const
+    {
+        return Shortened(PrintableLine(name.Utf8()), LongestName(m_all));
+    }
+
+    template <class Table, class NameOf>
+    [[nodiscard]] std::string NameAt(const Table& table, int index, NameOf nameOf) const
+    {
+        return index >= 0 && index < table.Count() ? Shown(nameOf(table[index])) : NoCell;
+    }
+
+    [[nodiscard]] std::string GroupNames(const std::vector<int>& groups) const;
+
+    const ConsoleDoc& m_doc;
+    bool m_all; ///< nothing is cut
+};
+
+std::string NameCells::GroupNames(const std::vector<int>& groups) const
 {
     constexpr std::size_t MostNames = 3;
+    const auto longest = static_cast<std::size_t>(LongestName(m_all));
     std::string text;
-    for (std::size_t i = 0; i < std::min(groups.size(), MostNames); ++i)
-        text.append(i > 0 ? ", " : "").append(NameAt(doc.Groups(), groups[i], [](const auto& g) {
-            return g.name;
-        }));
-    if (groups.size() > MostNames)
-        text.append(" + ").append(Number(groups.size() - MostNames));
+    std::size_t shown = 0;
+    for (; shown < groups.size() && text.size() < longest && (m_all || shown < MostNames); ++shown)
+        text.append(shown > 0 ? ", " : "")
+            .append(NameAt(m_doc.Groups(), groups[shown], [](const auto& g) { return g.name; }));
+    if (groups.size() > shown)
+        text.append(" + ").append(Number(groups.size() - shown));
     return text.empty() ? NoCell : text;
 }
 
-/// Returns the cells that every kind of object has.
-std::vector<std::string> CommonCells(const ConsoleDoc& doc, int index)
+std::vector<std::string> NameCells::Of(int index) const
 {
-    const GK_MdxObjectAttributes& attributes = *doc.Object(index).attributes;
+    const GK_MdxObjectAttributes& attributes = *m_doc.Object(index).attributes;
     const bool own = attributes.MaterialSource() == GK::material_from_object;
-    const bool oneLayer = doc.Layers().Count() == 1;
+    const bool oneLayer = m_doc.Layers().Count() == 1;
     return {std::to_string(index), attributes.name.IsEmpty() ? NoCell : Shown(attributes.name),
-            oneLayer
-                ? NoCell
-                : NameAt(doc.Layers(), attributes.layerIndex, [](const auto& l) { return l.name; }),
-            GroupNames(doc, attributes.Groups()),
-            own ? NameAt(doc.Materials(), attributes.materialIndex,
+            oneLayer ? NoCell
+                     : NameAt(m_doc.Layers(), attributes.layerIndex,
+                              [](const auto& l) { return l.name; }),
+            GroupNames(attributes.Groups()),
+            own ? NameAt(m_doc.Materials(), attributes.materialIndex,
                          [](const auto& m) { return m.Name(); })
                 : NoCell};
 }
@@ -173,9 +188,9 @@ std::vector<TextTable::Column> ObjectColumns(std::size_t kind)
     return columns;
 }
 
-std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index)
+std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index, bool all)
 {
-    std::vector<std::string> row = CommonCells(doc, index);
+    std::vector<std::string> row = NameCells(doc, all).Of(index);
     for (std::string& cell : std::visit(SizeCells(), doc.Object(index).geometry))
         row.push_back(std::move(cell));
     return row;

@@ -10,11 +10,18 @@
 /// What a cell shows when there is nothing to show.
 inline constexpr const char* NoCell = "-";
 
+/// Returns how many columns of a name are shown at most, so that one that very many objects have
+/// does not fill the memory.
+constexpr int LongestName(bool all)
+{
+    return all ? 500 : 200;
+}
+
 /// Returns the columns of the table for a kind of geometry, by its place in AnyGeometry.
 std::vector<TextTable::Column> ObjectColumns(std::size_t kind);
 
-/// Returns an object's cells in these columns.
-std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index);
+/// Returns an object's cells in these columns; `all`: with names as long as LongestName allows.
+std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index, bool all);
 
 /// Returns a coordinate with all the digits that it has: as few as read back as the same number,
 /// which is one of single precision where it can be.

@@ -25,13 +25,13 @@ void WriteKind(const Page& page, const ConsoleDoc& doc, std::size_t kind)
             continue;
         ++count;
         if (page.Shown(count) == count)
-            table.AddRow(ObjectRow(doc, i));
+            table.AddRow(ObjectRow(doc, i, page.ShowsAll()));
     }
     if (count == 0)
         return;
     page.Heading(Counted(count, KindTexts[kind]));
     table.LeaveOutColumnsOf(NoCell);
-    table.Write(page.Output(), page.Width());
+    page.Write(table);
     page.LeftOut(count);
     if (kind == MeshKind)
         page.Line("  " + Say(Texts::Legend));

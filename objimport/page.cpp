@@ -71,6 +71,14 @@ void Page::Heading(const std::string& text) const
     Line(text);
 }
 
+void Page::Write(const TextTable& table) const
+{
+    if (m_all)
+        table.WriteWhole(m_output);
+    else
+        table.Write(m_output, m_width);
+}
+
 void Page::LeftOut(std::size_t rows) const
 {
     if (const std::size_t shown = Shown(rows); shown < rows)

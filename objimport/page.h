@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+class TextTable;
+
 /// What a summary is written on: how wide it is, whether it shows colours, and whether long lists
 /// are cut.
 class Page
@@ -41,6 +43,9 @@ public:
 
     /// Writes the heading of a table, after an empty line.
     void Heading(const std::string& text) const;
+
+    /// Writes a table, within the page's width unless the page shows all.
+    void Write(const TextTable& table) const;
 
     /// Says after a list of so many rows how many of them are not shown, when any are.
     void LeftOut(std::size_t rows) const;

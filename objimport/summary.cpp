@@ -18,11 +18,10 @@ constexpr auto Right = TextTable::Align::Right;
 constexpr auto Left = TextTable::Align::Left;
 constexpr auto CutAtEnd = TextTable::Cut::AtEnd;
 constexpr auto CutInMiddle = TextTable::Cut::InMiddle;
-constexpr int LongestName = 200;
 
-std::string ShownName(const GK_wString& name)
+std::string ShownName(const Page& page, const GK_wString& name)
 {
-    return Shortened(OneLine(name.Utf8()), LongestName);
+    return Shortened(OneLine(name.Utf8()), LongestName(page.ShowsAll()));
 }
 
 std::string Percent(double fraction)
@@ -50,19 +49,21 @@ void WriteMaterials(const Page& page, const GK_ClassArray<GK_Material>& material
                      {Say(Texts::TransparencyColumn), Right}});
     for (int i = 0; i < static_cast<int>(page.Shown(count)); ++i) {
         const GK_Material& material = materials[i];
-        table.AddRow({std::to_string(i), ShownName(material.Name()), ColorText(material.Diffuse()),
+        table.AddRow({std::to_string(i), ShownName(page, material.Name()),
+                      ColorText(material.Diffuse()),
                       Percent(material.Shine() / GK_Material::MaxShine()),
                       Percent(material.Transparency())});
     }
-    table.Write(page.Output(), page.Width());
+    page.Write(table);
     page.LeftOut(count);
 }
 
-std::vector<std::string> TextureRow(const GK_Material& material, const GK_Texture& texture)
+std::vector<std::string> TextureRow(const Page& page, const GK_Material& material,
+                                    const GK_Texture& texture)
 {
     constexpr std::array Kinds = {Texts::Bitmap, Texts::Bitmap, Texts::Bump, Texts::Transparency};
     const TextureFile file = FindTextureFile(texture);
-    return {ShownName(material.Name()), Say(Kinds[static_cast<std::size_t>(texture.type)]),
+    return {ShownName(page, material.Name()), Say(Kinds[static_cast<std::size_t>(texture.type)]),
             file.exists ? "" : Say(Texts::Missing), ShellPath(file.path)};
 }
 
@@ -74,20 +75,19 @@ void WriteTextures(const Page& page, const GK_ClassArray<GK_Material>& materials
     if (count == 0)
         return;
     page.Heading(Counted(count, Texts::Textures));
-    TextTable table(
-        {{Say(Texts::MaterialColumn), Left, CutAtEnd},
-         {Say(Texts::KindColumn)},
-         {""},
-         {Say(Texts::FileColumn), Left, page.ShowsAll() ? TextTable::Cut::Never : CutInMiddle}});
+    TextTable table({{Say(Texts::MaterialColumn), Left, CutAtEnd},
+                     {Say(Texts::KindColumn)},
+                     {""},
+                     {Say(Texts::FileColumn), Left, CutInMiddle}});
     std::size_t left = page.Shown(count);
     for (const GK_Material& material : materials)
         for (const GK_Texture& texture : material.Textures())
             if (left > 0) {
-                table.AddRow(TextureRow(material, texture));
+                table.AddRow(TextureRow(page, material, texture));
                 --left;
             }
     table.LeaveOutColumnsOf("");
-    table.Write(page.Output(), page.Width());
+    page.Write(table);
     page.LeftOut(count);
 }
 
@@ -98,7 +98,7 @@ void WriteNames(const Page& page, const CountedText& text, const Table& table, N
         return;
     std::vector<std::string> names;
     for (const auto& row : table)
-        names.push_back(ShownName(nameOf(row)));
+        names.push_back(ShownName(page, nameOf(row)));
     page.Line(Counted(names.size(), text) + ": " + page.Listed(names));
 }
 

@@ -117,6 +117,15 @@ void TextTable::LeaveOutColumnsOf(std::string_view nothing)
     }
 }
 
+/// Returns how wide the widest text of a column is.
+int TextTable::FullWidth(std::size_t column) const
+{
+    int width = DisplayWidth(m_columns[column].heading);
+    for (const std::vector<std::string>& row : m_rows)
+        width = std::max(width, DisplayWidth(row[column]));
+    return width;
+}
+
 /// Returns how wide each column is: as wide as its texts, the widest of those that can be cut less
 /// so until all fit.
 std::vector<int> TextTable::Widths(int pageWidth) const
@@ -125,9 +134,7 @@ std::vector<int> TextTable::Widths(int pageWidth) const
     std::vector<int> widths;
     int sum = 0;
     for (std::size_t column = 0; column < m_columns.size(); ++column) {
-        int width = DisplayWidth(m_columns[column].heading);
-        for (const std::vector<std::string>& row : m_rows)
-            width = std::max(width, DisplayWidth(row[column]));
+        int width = FullWidth(column);
         if (m_columns[column].cut != Cut::Never)
             width = std::min(width, std::max(pageWidth, NarrowestCut));
         widths.push_back(width);
@@ -147,23 +154,41 @@ std::vector<int> TextTable::Widths(int pageWidth) const
     return widths;
 }
 
-void TextTable::Write(TextOutput& output, int width) const
+/// Writes heading and rows, each cell as `appendCell(line, text, column)` appends it.
+template <class Append>
+void TextTable::WriteLines(TextOutput& output, Append appendCell) const
 {
-    const std::vector<int> widths = Widths(width);
-    const auto writeLine = [&](auto cellOf) {
+    const auto writeLine = [&](auto textOf) {
         std::string line;
-        for (std::size_t column = 0; column < m_columns.size(); ++column) {
-            const bool inMiddle = m_columns[column].cut == Cut::InMiddle;
-            const std::string& cell = cellOf(column);
-            AppendCell(line,
-                       inMiddle ? ShortenedInMiddle(cell, widths[column])
-                                : Shortened(cell, widths[column]),
-                       widths[column], m_columns[column].align);
-        }
+        for (std::size_t column = 0; column < m_columns.size(); ++column)
+            appendCell(line, textOf(column), column);
         output.Write(line.substr(0, line.find_last_not_of(' ') + 1));
         output.Write('\n');
     };
     writeLine([&](std::size_t column) { return m_columns[column].heading; });
     for (const std::vector<std::string>& row : m_rows)
         writeLine([&](std::size_t column) { return row[column]; });
+}
+
+void TextTable::Write(TextOutput& output, int width) const
+{
+    const std::vector<int> widths = Widths(width);
+    WriteLines(output, [&](std::string& line, const std::string& text, std::size_t column) {
+        const bool inMiddle = m_columns[column].cut == Cut::InMiddle;
+        AppendCell(line,
+                   inMiddle ? ShortenedInMiddle(text, widths[column])
+                            : Shortened(text, widths[column]),
+                   widths[column], m_columns[column].align);
+    });
+}
+
+void TextTable::WriteWhole(TextOutput& output) const
+{
+    constexpr int WidestAligned = 200; // a long name must not lengthen every line
+    std::vector<int> widths;
+    for (std::size_t column = 0; column < m_columns.size(); ++column)
+        widths.push_back(std::min(FullWidth(column), WidestAligned));
+    WriteLines(output, [&](std::string& line, const std::string& text, std::size_t column) {
+        AppendCell(line, text, widths[column], m_columns[column].align);
+    });
 }

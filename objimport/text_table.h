@@ -44,8 +44,15 @@ public:
     /// cut.
     void Write(TextOutput& output, int width) const;
 
+    /// Writes heading and rows with nothing cut. Beside very long texts columns are not aligned.
+    void WriteWhole(TextOutput& output) const;
+
 private:
+    [[nodiscard]] int FullWidth(std::size_t column) const;
     [[nodiscard]] std::vector<int> Widths(int pageWidth) const;
+
+    template <class Append>
+    void WriteLines(TextOutput& output, Append appendCell) const;
 
     std::vector<Column> m_columns;
     std::vector<std::vector<std::string>> m_rows;

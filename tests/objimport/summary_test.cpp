@@ -89,7 +89,9 @@ TEST(Summary, CutsLongListsUnlessAllAreAskedFor)
             doc.GroupTable().AddGroup({GK_wString(L"group " + std::to_wstring(i))}, false));
         doc.AddPointObject({}, attributes, nullptr, false);
     }
+    const std::wstring longName(300, L'n');
     GK_Material material;
+    material.SetName(GK_wString(longName));
     for (int i = 0; i < 2000; ++i)
         material.AddTexture({.filename = GK_wString(std::wstring(100, L'x') + std::to_wstring(i))});
     doc.MaterialTable().AddMaterial(material, false);
@@ -103,6 +105,8 @@ TEST(Summary, CutsLongListsUnlessAllAreAskedFor)
 
     const std::string all = Summary(doc, true);
     EXPECT_THAT(all, HasSubstr("group 1999\n"));
+    EXPECT_THAT(all, HasSubstr("group 30, group 31, group 32  "));
+    EXPECT_THAT(all, HasSubstr("  0  " + std::string(300, 'n') + "  "));
     EXPECT_THAT(all, HasSubstr(std::string(100, 'x') + "1999"));
     EXPECT_THAT(all, testing::Not(HasSubstr("more; --all")));
 }
