@@ -62,7 +62,11 @@ public:
 private:
     ImportSession SessionFor(ConsoleDoc& doc) const;
     const ImportRecord& Import(ImportSession& session, const InputFile& file, bool isOneOfMany);
-    void WriteDocument(const std::string& input, const ImportSession& session,
+    static bool WriteJson(const std::string& path, const ImportSession& session,
+                          const ConsoleDoc& doc);
+    bool Save(const std::vector<std::string>& paths, const ImportSession& session,
+              const ConsoleDoc& doc);
+    bool WriteDocument(const std::string& input, const ImportSession& session,
                        const ConsoleDoc& doc);
     RunOutcome ImportAlone(const InputFile& file, EachTable& table, bool isOneOfMany);
 
@@ -118,35 +122,61 @@ const ImportRecord& ImportRun::Import(ImportSession& session, const InputFile& f
     return import;
 }
 
-/// Writes a document in all forms that are asked for, after the unload hook, which tells the
-/// options of the import.
-void ImportRun::WriteDocument(const std::string& input, const ImportSession& session,
-                              const ConsoleDoc& doc)
+/// Writes the document as JSON, when that is asked for. Returns whether it is written; why not, is
+/// told.
+bool ImportRun::WriteJson(const std::string& path, const ImportSession& session,
+                          const ConsoleDoc& doc)
+try {
+    if (path.empty())
+        return true;
+    const WorkStage stage({Say(Texts::Writing, {PrintableLine(path)})});
+    const CWaitCursor cursor;
+    WriteJsonFile(path, session.Imports(), doc);
+    return true;
+} catch (const ProgramError& error) {
+    TellError(error.what());
+    return false;
+}
+
+/// Writes the document to the files of --save. Returns whether all are written; why one is not, is
+/// told.
+bool ImportRun::Save(const std::vector<std::string>& paths, const ImportSession& session,
+                     const ConsoleDoc& doc)
 {
-    const auto pathOf = [&](const std::string& path) {
-        return m_commandLine.each ? OutputName(path, input) : path;
-    };
-    if (!m_commandLine.json.empty()) {
-        const std::string path = pathOf(m_commandLine.json);
-        const WorkStage stage({Say(Texts::Writing, {PrintableLine(path)})});
-        const CWaitCursor cursor;
-        WriteJsonFile(path, session.Imports(), doc);
-    }
-    if (m_commandLine.saves.empty())
-        return;
-    std::vector<std::string> paths;
-    for (const std::string& path : m_commandLine.saves)
-        paths.push_back(pathOf(path));
+    if (paths.empty())
+        return true;
     DocumentOrigin origin;
     for (const ImportRecord& import : session.Imports())
         origin.sources.push_back({import.file, static_cast<std::size_t>(import.firstObject)});
     origin.isZUp = OptionSwitches::IsOn(ConsoleApp::Instance().Profile(),
                                         m_module.PlugIn().PlugInId(), L"ZUp");
+    bool allWritten = true;
+    const auto write = [&](TextOutput* output) {
+        for (const std::string& failure : m_forms.Write(paths, doc, origin, output)) {
+            TellError(failure);
+            allWritten = false;
+        }
+    };
     if (m_commandLine.quiet)
-        m_forms.Write(paths, doc, origin, nullptr);
+        write(nullptr);
     else
-        WriteForUser(m_user,
-                     [&](TextOutput& output) { m_forms.Write(paths, doc, origin, &output); });
+        WriteForUser(m_user, [&](TextOutput& output) { write(&output); });
+    return allWritten;
+}
+
+/// Writes a document in all forms that are asked for, after the unload hook, which tells the
+/// options of the import. Returns whether all are written; the others are written all the same.
+bool ImportRun::WriteDocument(const std::string& input, const ImportSession& session,
+                              const ConsoleDoc& doc)
+{
+    const auto pathOf = [&](const std::string& path) {
+        return m_commandLine.each ? OutputName(path, input) : path;
+    };
+    std::vector<std::string> paths;
+    for (const std::string& path : m_commandLine.saves)
+        paths.push_back(pathOf(path));
+    const bool isJsonWritten = WriteJson(pathOf(m_commandLine.json), session, doc);
+    return Save(paths, session, doc) && isJsonWritten;
 }
 
 RunOutcome ImportRun::ImportTogether(const std::vector<InputFile>& files)
@@ -166,7 +196,8 @@ RunOutcome ImportRun::ImportTogether(const std::vector<InputFile>& files)
             page.Output().Write('\n');
         WriteSummary(page, doc);
     });
-    WriteDocument({}, session, doc);
+    if (!WriteDocument({}, session, doc))
+        return RunOutcome::NotDone;
     return session.AllSucceeded() ? RunOutcome::Succeeded : RunOutcome::ImportFailed;
 }
 
@@ -185,13 +216,7 @@ RunOutcome ImportRun::ImportAlone(const InputFile& file, EachTable& table, bool 
         else
             WriteTotals(page, doc);
     });
-    bool isWritten = true;
-    try {
-        WriteDocument(file.name, session, doc);
-    } catch (const ProgramError& error) {
-        TellError(error.what());
-        isWritten = false;
-    }
+    const bool isWritten = WriteDocument(file.name, session, doc);
     Show([](const Page& page) { page.Output().Write('\n'); });
     table.AddImport(import, doc, isWritten);
     if (!isWritten)

@@ -152,17 +152,24 @@ try {
     ThrowCannotWrite(path, "out of memory");
 }
 
-void SavedForms::Write(std::span<const std::string> paths, const ConsoleDoc& doc,
-                       const DocumentOrigin& origin, TextOutput* output) const
+std::vector<std::string> SavedForms::Write(std::span<const std::string> paths,
+                                           const ConsoleDoc& doc, const DocumentOrigin& origin,
+                                           TextOutput* output) const
 {
+    std::vector<std::string> failures;
     if (paths.empty())
-        return;
+        return failures;
     const ExchangeDocument view = ViewForExchange(doc, origin);
     if (output != nullptr)
         output->Write('\n');
     for (const std::string& path : paths) {
-        const ExchangeOutcome outcome = WriteFile(path, doc, view);
-        if (output != nullptr)
-            WriteOutcome(*output, path, outcome);
+        try {
+            const ExchangeOutcome outcome = WriteFile(path, doc, view);
+            if (output != nullptr)
+                WriteOutcome(*output, path, outcome);
+        } catch (const ProgramError& error) {
+            failures.emplace_back(error.what());
+        }
     }
+    return failures;
 }

@@ -39,10 +39,10 @@ public:
     SavedForms(std::span<const std::string> paths, const ExchangePicture& picture);
 
     /// Writes the document to each of the files, which are replaced when the new ones are whole,
-    /// and tells, unless `output` is null, what is in them and what they cannot hold. Throws
-    /// ProgramError when one cannot be written, or is one that the import has read.
-    void Write(std::span<const std::string> paths, const ConsoleDoc& doc,
-               const DocumentOrigin& origin, TextOutput* output) const;
+    /// and tells, unless `output` is null, what is in them and what they cannot hold. Returns, for
+    /// each that cannot be written or that the import has read, the file and why.
+    std::vector<std::string> Write(std::span<const std::string> paths, const ConsoleDoc& doc,
+                                   const DocumentOrigin& origin, TextOutput* output) const;
 
 private:
     [[nodiscard]] ExchangeOutcome WriteFile(const std::string& path, const ConsoleDoc& doc,

@@ -134,10 +134,15 @@ TEST_F(SavedFiles, NeverReplaceWhatIsReadOrWrittenOtherwise)
     ExpectRefused({"--view", "below", "--save", At("a.glb")}, "--view takes iso, top");
 
     const std::string before = folder.Read("house.mtl");
-    const ProcessResult result = Save({"--save", At("library.glb")});
+    const ProcessResult result = Save({"--save", At("library.glb"), "--save", At("b.glb")});
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.errors, HasSubstr("a file that the import has read"));
     EXPECT_EQ(folder.Read("house.mtl"), before);
+    EXPECT_THAT(folder.Read("b.glb"), StartsWith("glTF")) << "is written all the same";
+    fs::remove(folder / "b.glb");
+    EXPECT_EQ(Save({"--json", At("library.glb"), "--save", At("b.glb")}).status, 2);
+    EXPECT_EQ(folder.Read("house.mtl"), before);
+    EXPECT_THAT(folder.Read("b.glb"), StartsWith("glTF"));
     EXPECT_FALSE(fs::exists(folder / "a.glb"));
 }
 
