@@ -1,5 +1,6 @@
 #include "objimport/check_run.h"
 
+#include "console_host/app/printable.h"
 #include "console_host/runtime/file_replacement.h"
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
@@ -17,6 +18,15 @@ constexpr int NothingLost = 0;
 constexpr int SomethingLost = 1;
 constexpr int NotRead = 2;
 constexpr std::size_t MostOfAKind = 20;
+constexpr std::size_t MostInSarif = 10'000; // of a kind, so that memory stays bounded
+
+/// Returns how many findings of a kind are kept for each file.
+std::size_t MostToKeep(const CheckRequest& request)
+{
+    if (request.all)
+        return Findings::All;
+    return request.sarif.empty() ? MostOfAKind : MostInSarif;
+}
 
 [[noreturn]] void ThrowCannotWrite(const std::string& target, const std::string& why)
 {
@@ -27,19 +37,20 @@ constexpr std::size_t MostOfAKind = 20;
 bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& output,
                Findings& findings)
 {
+    const std::size_t mostOfAKind = request.all ? Findings::All : MostOfAKind;
     findings.BeginGroup();
     const int file = findings.AddFile(input.name);
     if (ReportNoText({findings, file, 0}, FirstBytes(input))) {
         if (!request.quiet)
-            WriteFindings(output, findings);
+            WriteFindings(output, findings, mostOfAKind);
         return true;
     }
     FilesBeside finder(input.path);
     ObjChecker checker(OpenNative(input.path, "rb"), findings, file, finder, request.tolerance);
     const CheckTotals totals = checker.Check();
     if (!request.quiet) {
-        WriteFindings(output, findings);
-        WriteCheckSummary(output, input.name, totals, findings);
+        WriteFindings(output, findings, mostOfAKind);
+        WriteCheckSummary(output, input.name, totals, findings, mostOfAKind);
     }
     return findings.CountInGroup(CheckKind::ReadError) == 0;
 }
@@ -80,7 +91,7 @@ try {
 
 int CheckFilesAgainstFormat(const CheckRequest& request)
 {
-    Findings findings(request.all ? Findings::All : MostOfAKind);
+    Findings findings(MostToKeep(request));
     TextOutput output(request.sarif == "-" ? stderr : stdout);
     bool allRead = true;
     for (const InputFile& input : request.files) {
@@ -89,6 +100,9 @@ int CheckFilesAgainstFormat(const CheckRequest& request)
             TellError("cannot read " + input.name + ": " + why);
         allRead = why.empty() && CheckFile(request, input, output, findings) && allRead;
     }
+    if (const std::size_t leftOut = findings.LeftOut();
+        leftOut > 0 && !request.sarif.empty() && !request.quiet)
+        output.Write(PrintableLine(request.sarif + ": " + FindingsLeftOut(leftOut)) + "\n");
     if (const std::string why = output.Finish(); !why.empty())
         ThrowCannotWrite("to standard output", why);
     if (!request.sarif.empty())

@@ -26,6 +26,7 @@ constexpr LocalText Names{L"%s group names, %s object names, %s materials used, 
                           41409};
 constexpr LocalText FoundKind{L"%s  %s (%s)", 41410};
 constexpr LocalText NothingFound{L"nothing is lost", 41411};
+constexpr LocalText LeftOutOfAll{L"findings left out: %s; --all writes them", 41412};
 
 std::string Localized(const LocalText& text)
 {
@@ -114,9 +115,17 @@ std::string InWords(const Finding& finding)
     return InWords(finding.what.text, arguments);
 }
 
-void WriteFindings(TextOutput& output, const Findings& findings)
+std::string FindingsLeftOut(std::size_t count)
 {
+    return InWords(LeftOutOfAll, {Number(count)});
+}
+
+void WriteFindings(TextOutput& output, const Findings& findings, std::size_t mostOfAKind)
+{
+    std::array<std::size_t, CheckKindCount> counts{};
     for (const Finding* finding : findings.OfGroup()) {
+        if (++counts[static_cast<std::size_t>(finding->kind)] > mostOfAKind)
+            continue;
         std::string line = findings.Files()[static_cast<std::size_t>(finding->file)];
         if (finding->line > 0)
             line.append(":").append(std::to_string(finding->line));
@@ -127,7 +136,7 @@ void WriteFindings(TextOutput& output, const Findings& findings)
 }
 
 void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTotals& totals,
-                       const Findings& findings)
+                       const Findings& findings, std::size_t mostOfAKind)
 {
     WriteLine(output, std::string(file) + ":");
     WriteIndented(output, Lines, {Number(totals.lines), KeywordCounts(totals.statements)});
@@ -151,9 +160,8 @@ void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTot
         any = true;
         std::string line = InWords(
             FoundKind, {Number(count), Localized(DescriptionOf(kind)), std::string(NameOf(kind))});
-        if (count > findings.MostOfAKind())
-            line.append("; ").append(
-                InWords(MoreOfAKind, {Number(count - findings.MostOfAKind())}));
+        if (count > mostOfAKind)
+            line.append("; ").append(InWords(MoreOfAKind, {Number(count - mostOfAKind)}));
         WriteLine(output, std::string("  ").append(line));
     }
     if (!any)

@@ -16,10 +16,14 @@ std::string InWords(const Phrase& phrase);
 /// Returns what a finding says, without its place.
 std::string InWords(const Finding& finding);
 
-/// Writes the findings of the last group in the form of compilers, and of those that were not kept
-/// how many there are.
-void WriteFindings(TextOutput& output, const Findings& findings);
+/// Returns how many findings are left out where not all are written.
+std::string FindingsLeftOut(std::size_t count);
 
-/// Writes what a file holds, and how many findings of each kind there are.
+/// Writes the findings of the last group in the form of compilers, of each kind the first
+/// `mostOfAKind` ones.
+void WriteFindings(TextOutput& output, const Findings& findings, std::size_t mostOfAKind);
+
+/// Writes what a file holds, and how many findings of each kind there are, with how many of them
+/// WriteFindings has not written.
 void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTotals& totals,
-                       const Findings& findings);
+                       const Findings& findings, std::size_t mostOfAKind);

@@ -31,6 +31,8 @@ public:
         m_json.BeginArray();
         m_json.BeginObject();
         WriteTool();
+        if (const std::size_t leftOut = m_findings.LeftOut(); leftOut > 0)
+            WriteNotification(FindingsLeftOut(leftOut));
         m_json.Members("columnKind", "utf16CodeUnits");
         m_json.ListMember("results", m_findings.Kept(),
                           [this](const Finding& finding) { WriteResult(finding); });
@@ -65,6 +67,24 @@ private:
         m_json.EndArray();
         m_json.EndObject();
         m_json.EndObject();
+    }
+
+    /// Writes something that is to be known of the whole run.
+    void WriteNotification(const std::string& text)
+    {
+        m_json.Key("invocations");
+        m_json.BeginArray();
+        m_json.BeginObject();
+        m_json.Members("executionSuccessful", true);
+        m_json.Key("toolExecutionNotifications");
+        m_json.BeginArray();
+        m_json.BeginObject();
+        m_json.Members("level", "warning");
+        WriteText("message", text);
+        m_json.EndObject();
+        m_json.EndArray();
+        m_json.EndObject();
+        m_json.EndArray();
     }
 
     void WriteResult(const Finding& finding)

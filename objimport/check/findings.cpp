@@ -1,6 +1,7 @@
 #include "objimport/check/findings.h"
 
 #include <algorithm>
+#include <numeric>
 #include <tuple>
 
 void Findings::BeginGroup()
@@ -21,6 +22,11 @@ bool Findings::Count(const CheckText& text)
     m_anyLoss = m_anyLoss || text.level != CheckLevel::Note;
     ++m_counts[kind];
     return ++m_groupCounts[kind] <= m_mostOfAKind;
+}
+
+std::size_t Findings::LeftOut() const
+{
+    return std::accumulate(m_counts.begin(), m_counts.end(), std::size_t{0}) - m_kept.size();
 }
 
 std::vector<const Finding*> Findings::OfGroup() const

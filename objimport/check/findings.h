@@ -61,7 +61,9 @@ public:
     {
         return m_groupCounts[static_cast<std::size_t>(kind)];
     }
-    [[nodiscard]] std::size_t MostOfAKind() const { return m_mostOfAKind; }
+
+    /// Returns how many findings were counted and not kept.
+    [[nodiscard]] std::size_t LeftOut() const;
 
     /// Returns whether something of the files is lost or changed.
     [[nodiscard]] bool AnyLoss() const { return m_anyLoss; }

@@ -51,6 +51,19 @@ void ExpectValidSarif(const std::string& json)
     }
 }
 
+TEST(Sarif, SaysHowManyFindingsItLeavesOut)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.obj", "f 1 2\nf 1 2\nf 1 2\nf 1 2\n");
+    const std::string cut = SarifOf(CheckedFile(path, 3).findings);
+    ExpectValidSarif(cut);
+    EXPECT_EQ(JsonCount(cut, "/runs/0/results"), 4U);
+    EXPECT_EQ(JsonAt(cut, "/runs/0/invocations/0/executionSuccessful"), "true");
+    EXPECT_EQ(JsonAt(cut, "/runs/0/invocations/0/toolExecutionNotifications/0/message/text"),
+              "findings left out: 1; --all writes them");
+    EXPECT_EQ(SarifOf(CheckedFile(path, 4).findings).find("invocations"), std::string::npos);
+}
+
 TEST(Sarif, KeepsToTheSchema)
 {
     const TemporaryFolder folder;

@@ -49,6 +49,9 @@ TEST(CheckOption, CutsListsUnlessAllIsAskedFor)
     EXPECT_EQ(findings(cut.output), 20U);
     EXPECT_THAT(cut.output, HasSubstr("10 more findings of this kind; --all shows them"));
     EXPECT_EQ(findings(RunObjimport({"--check", "--all", file}).output), 30U);
+    const std::string sarif = Utf8(folder / "found.sarif");
+    EXPECT_EQ(RunObjimport({"--check", "--sarif", sarif, file}).output, cut.output);
+    EXPECT_EQ(JsonCount(folder.Read("found.sarif"), "/runs/0/results"), 30U);
 }
 
 TEST(CheckOption, WritesSarifInTheUsersLanguage)
