@@ -56,13 +56,22 @@ inline constexpr CheckText SomeColors{
 
 // Faces and points.
 inline constexpr CheckText BadVertex{
-    BadIndex, Warning, {L"the corner \"%s\" names no vertex: %s were read before", 41131}};
+    BadIndex,
+    Warning,
+    {L"the corner \"%s\" names no vertex and is left out: %s were read before", 41131}};
+inline constexpr CheckText CommentAfterFace{BadIndex,
+                                            Warning,
+                                            {L"the corner \"%s\" names no vertex and is left out: "
+                                             L"a comment after a statement is read as corners",
+                                             41179}};
 inline constexpr CheckText BadTexCoord{
     BadIndex,
     Warning,
-    {L"the corner \"%s\" names no texture coordinate: %s were read before", 41132}};
+    {L"the corner \"%s\" names no texture coordinate and gets none: %s were read before", 41132}};
 inline constexpr CheckText BadNormal{
-    BadIndex, Warning, {L"the corner \"%s\" names no normal: %s were read before", 41133}};
+    BadIndex,
+    Warning,
+    {L"the corner \"%s\" names no normal and gets none: %s were read before", 41133}};
 inline constexpr CheckText BadReference{
     BadIndex, Warning, {L"an index in \"%s\" names nothing that was read before", 41134}};
 inline constexpr CheckText TooFewCorners{

@@ -257,7 +257,9 @@ void ObjChecker::CheckGroupNames()
 void ObjChecker::OnBadCorner(BadField field, int listLength, const char* token)
 {
     ++m_badCorners;
-    if (field == BadFieldVertex)
+    if (field == BadFieldVertex && token[0] == '#')
+        m_place.Report(CheckTexts::CommentAfterFace, token);
+    else if (field == BadFieldVertex)
         m_place.Report(CheckTexts::BadVertex, token, listLength);
     else
         m_place.Report(field == BadFieldTexture ? CheckTexts::BadTexCoord : CheckTexts::BadNormal,

@@ -40,7 +40,8 @@ void ExpectFindings(const std::vector<Case>& cases)
 TEST(Check, CountsPhysicalLines)
 {
     const std::string bad = "f 1 2 9\n";
-    const std::string finding = "bad-index: the corner \"9\" names no vertex: 3 were read before";
+    const std::string finding =
+        "bad-index: the corner \"9\" names no vertex and is left out: 3 were read before";
     ExpectFindings({
         {Triangle + bad, {"5: " + finding}},
         {"v 0 0 0\r\nv 1 0 0\r\n\r\nv 0 1 0\r\nf 1 2 3\r\n" + bad, {"6: " + finding}},
@@ -122,6 +123,11 @@ TEST(Check, ReportsWhatIsWrongWithFacesAndPoints)
           "before it"}},
         {Triangle + "f 1 1 1/1/1/1\n"s,
          {refused + "the corner \"1/1/1/1\" has more than three fields"}},
+        {Triangle + "f 1 2 3 # wall\n"s,
+         {"5: bad-index: the corner \"#\" names no vertex and is left out: a comment after a "
+          "statement "
+          "is read as corners",
+          "5: bad-index: the corner \"wall\" names no vertex and is left out: 3 were read before"}},
         {Triangle + "f 1 2 2\n"s,
          {"5: flat-face: the face is dropped: fewer than three of its corners lie apart"}},
         {Triangle + "v 2 0 0\nv 3 0 0\nv 4 0 0\nf 1 2 4 5 6\n"s,
@@ -138,8 +144,9 @@ TEST(Check, ReportsWhatIsWrongWithFacesAndPoints)
          {"0: partial-values: 1 of 3 vertices have a colour: colours get lost or onto other "
           "vertices"}},
         {Triangle + "f 0/1 2/2 3\n"s,
-         {"5: bad-index: the corner \"0/1\" names no vertex: 3 were read before",
-          "5: bad-index: the corner \"2/2\" names no texture coordinate: 0 were read before",
+         {"5: bad-index: the corner \"0/1\" names no vertex and is left out: 3 were read before",
+          "5: bad-index: the corner \"2/2\" names no texture coordinate and gets none: 0 were read "
+          "before",
           "5: refused-face: the face is refused: the corner \"3\" has other fields than those "
           "before it"}},
     });
