@@ -31,6 +31,15 @@ inline constexpr CheckText GeometryNotRead{
     {L"lines with \"%s\" are not read (%s in all): their geometry is lost", 41111}};
 inline constexpr CheckText AttributesNotRead{
     NotRead, Note, {L"lines with \"%s\" are not read (%s in all): they hold no geometry", 41112}};
+inline constexpr CheckText TexturesNotRead{
+    NotRead,
+    Warning,
+    {L"lines with \"%s\" are not read (%s in all): their textures are lost", 41115}};
+inline constexpr CheckText PropertiesNotRead{
+    NotRead,
+    Note,
+    {L"lines with \"%s\" are not read (%s in all): imported materials have no such property",
+     41116}};
 inline constexpr CheckText UnknownNotRead{
     UnknownStatement,
     Warning,

@@ -20,13 +20,14 @@ constexpr std::array<std::string_view, 12> AttributeWords{
     "s",     "mg",        "bevel",  "c_interp", "d_interp", "ctech",
     "stech", "trace_obj", "maplib", "usemap",   "sl",       "gs"};
 
-constexpr std::array<std::string_view, 34> MtlWords{
-    "ke",      "ni",     "illum",  "sharpness", "map_ka",   "map_ks",  "map_ns",
-    "map_ke",  "map_pr", "map_pm", "map_ps",    "map_rma",  "map_orm", "map_tr",
-    "map_aat", "map_ni", "norm",   "disp",      "decal",    "refl",    "aniso",
-    "anisor",  "pr",     "pm",     "ps",        "pc",       "pcr",     "map_kn",
-    "ao",      "map_ao", "it",     "map_norm",  "map_disp", "map_refl"};
+/// Statements of libraries that name textures, beside those that begin with "map_".
+constexpr std::array<std::string_view, 5> TextureWords{"norm", "disp", "decal", "refl", "ao"};
 
+/// Statements of libraries that say how light meets a material.
+constexpr std::array<std::string_view, 12> PropertyWords{
+    "ke", "ni", "illum", "sharpness", "aniso", "anisor", "pr", "pm", "ps", "pc", "pcr", "it"};
+
+/// Returns whether a word in small letters is one of some.
 bool IsOneOf(std::string_view word, Words words)
 {
     return std::find(words.begin(), words.end(), word) != words.end();
@@ -36,14 +37,18 @@ const CheckText& TextFor(std::string_view keyword)
 {
     if (IsOneOf(keyword, GeometryWords))
         return CheckTexts::GeometryNotRead;
-    return SaysHowToShow(keyword) ? CheckTexts::AttributesNotRead : CheckTexts::UnknownNotRead;
+    return IsOneOf(keyword, AttributeWords) ? CheckTexts::AttributesNotRead
+                                            : CheckTexts::UnknownNotRead;
 }
 
 const CheckText& TextForMtl(std::string_view keyword)
 {
     if (keyword == "tr")
         return CheckTexts::TransparencyNotRead;
-    return IsOneOf(keyword, MtlWords) ? CheckTexts::AttributesNotRead : CheckTexts::UnknownNotRead;
+    if (keyword.starts_with("map_") || IsOneOf(keyword, TextureWords))
+        return CheckTexts::TexturesNotRead;
+    return IsOneOf(keyword, PropertyWords) ? CheckTexts::PropertiesNotRead
+                                           : CheckTexts::UnknownNotRead;
 }
 
 void ReportAll(CheckPlace place, const StatementCounts& ignored,
@@ -53,7 +58,7 @@ void ReportAll(CheckPlace place, const StatementCounts& ignored,
         if (keyword.starts_with('#'))
             continue;
         place.line = lines.first;
-        place.Report(textFor(keyword), keyword.empty() ? "..." : keyword, lines.count);
+        place.Report(textFor(keyword), keyword.empty() ? "..." : lines.spelling, lines.count);
     }
 }
 
@@ -69,9 +74,10 @@ bool IsLossOfContent(const CObjLineTokenizer& tokenizer)
     return !IsKeyword(keyword, "s") || !isOff;
 }
 
-bool SaysHowToShow(std::string_view keyword)
+bool SaysHowToShow(const std::string& keyword)
 {
-    return IsOneOf(keyword, AttributeWords);
+    return std::any_of(AttributeWords.begin(), AttributeWords.end(),
+                       [&](std::string_view word) { return IsKeyword(keyword.c_str(), word); });
 }
 
 void ReportIgnoredStatements(CheckPlace place, const StatementCounts& ignored)

@@ -16,7 +16,9 @@ void StatementCounts::CountLines(std::string_view keyword, std::size_t firstLine
         place = m_lines.try_emplace(m_lower).first;
     }
     Lines& lines = place->second;
-    if (lines.count == 0 || firstLine < lines.first)
+    if (lines.count == 0 || firstLine < lines.first) {
         lines.first = firstLine;
+        lines.spelling = keyword.substr(0, LongestKeyword);
+    }
     lines.count += count;
 }

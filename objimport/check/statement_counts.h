@@ -13,6 +13,7 @@ public:
     {
         std::size_t count = 0;
         std::size_t first = 0; ///< the first such line, from 1
+        std::string spelling;  ///< the keyword as it stands there
     };
 
     using Keywords = std::map<std::string, Lines, std::less<>>;

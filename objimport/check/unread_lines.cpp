@@ -37,7 +37,7 @@ void AppendKeywords(UnreadLines& found, const StatementCounts& ignored)
         if (keyword->first.empty() || found.keywords.size() == MostKeywords)
             rest += keyword->second.count;
         else
-            found.keywords.emplace_back(keyword->first, keyword->second.count);
+            found.keywords.emplace_back(keyword->second.spelling, keyword->second.count);
     if (rest > 0)
         found.keywords.emplace_back(std::string(), rest);
 }

@@ -23,8 +23,8 @@ struct EarlyEnd
 /// lines tell.
 struct UnreadLines
 {
-    /// Keywords that are not read, in small letters, each with its number of lines, in the order of
-    /// the file; after many different ones the rest together, under no keyword.
+    /// Keywords that are not read, each as it is first spelled with its number of lines, in the
+    /// order of the file; after many different ones the rest together, under no keyword.
     std::vector<std::pair<std::string, std::size_t>> keywords;
 
     EarlyEnd end;

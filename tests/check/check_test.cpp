@@ -108,7 +108,7 @@ TEST(Check, ReportsWhatIsNotRead)
         {"PK\x03\x04",
          {"0: no-text: the file is not OBJ text but an archive",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
-          "1: unknown-statement: lines with \"pk\" are not read (1 in all): no such statement is "
+          "1: unknown-statement: lines with \"PK\" are not read (1 in all): no such statement is "
           "known"}},
     });
 }
@@ -232,9 +232,10 @@ TEST(Check, ReadsLibraries)
     std::vector<std::string> expected{
         "b.mtl:2: number-ignored: \"x\" is not a number: 1 is used instead",
         "b.mtl:3: number-ignored: \"Ns\" is ignored: no number follows",
-        "b.mtl:4: not-read: lines with \"tr\" are not read (1 in all): transparency is taken from "
+        "b.mtl:4: not-read: lines with \"Tr\" are not read (1 in all): transparency is taken from "
         "\"d\"",
-        "b.mtl:5: not-read: lines with \"illum\" are not read (1 in all): they hold no geometry",
+        "b.mtl:5: not-read: lines with \"illum\" are not read (1 in all): imported materials have "
+        "no such property",
         "b.mtl:6: unknown-statement: lines with \"kind\" are not read (1 in all): no such "
         "statement is known",
         "b.mtl:7: texture-name: the texture \"wood 2.png\" becomes \"wood2.png\", which is there",
@@ -255,6 +256,19 @@ TEST(Check, ReadsLibraries)
             "b.mtl:10: texture-name: the texture \"wood2.png\" is not found: after \"bump\" its "
             "name "
             "gets a blank at its end; \"map_bump\" takes it as it is");
+    EXPECT_THAT(CheckedFile(path).Lines(), ElementsAreArray(expected));
+}
+
+TEST(Check, ReportsWhatLibrariesLose)
+{
+    const TemporaryFolder folder;
+    folder.Write("b.mtl", "newmtl red\nMap_Ks a.png\nmap_ks b.png\nnorm c.png\nKe 1 1 1\n");
+    const auto path = folder.Write("a.obj", Triangle + "mtllib b.mtl\n"s);
+    const std::vector<std::string> expected{
+        "b.mtl:2: not-read: lines with \"Map_Ks\" are not read (2 in all): their textures are lost",
+        "b.mtl:4: not-read: lines with \"norm\" are not read (1 in all): their textures are lost",
+        "b.mtl:5: not-read: lines with \"Ke\" are not read (1 in all): imported materials have no "
+        "such property"};
     EXPECT_THAT(CheckedFile(path).Lines(), ElementsAreArray(expected));
 }
 
