@@ -165,6 +165,16 @@ std::vector<TextTable::Column> SizeColumns(std::size_t kind)
     return columns[kind];
 }
 
+/// Returns how many decimals a number is written with; very many when it is written with an
+/// exponent.
+int Decimals(const std::string& number)
+{
+    if (number.find('e') != std::string::npos)
+        return std::numeric_limits<int>::max();
+    const std::size_t point = number.find('.');
+    return point == std::string::npos ? 0 : static_cast<int>(number.size() - point - 1);
+}
+
 /// Writes a number by `toChars(first, last)`.
 template <class ToChars>
 std::string Digits(ToChars toChars)
@@ -211,10 +221,19 @@ std::string Coordinate(double value)
     });
 }
 
-std::string RoundedNumber(double value)
+std::string Extent(double from, double to)
 {
     constexpr int MostDigits = 6;
+    constexpr int MostDecimals = 15; // six digits show nothing of what lies beyond
+    const int decimals = std::max(Decimals(Coordinate(from)), Decimals(Coordinate(to)));
+    double extent = to - from;
+    if (decimals <= MostDecimals) {
+        const std::string rounded = Digits([&](char* first, char* last) {
+            return std::to_chars(first, last, extent, std::chars_format::fixed, decimals);
+        });
+        std::from_chars(rounded.data(), rounded.data() + rounded.size(), extent);
+    }
     return Digits([&](char* first, char* last) {
-        return std::to_chars(first, last, value, std::chars_format::general, MostDigits);
+        return std::to_chars(first, last, extent, std::chars_format::general, MostDigits);
     });
 }

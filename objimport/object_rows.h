@@ -27,5 +27,6 @@ std::vector<std::string> ObjectRow(const ConsoleDoc& doc, int index, bool all);
 /// which is one of single precision where it can be.
 std::string Coordinate(double value);
 
-/// Returns a number with six digits.
-std::string RoundedNumber(double value);
+/// Returns how far it is from one coordinate to another, with at most six digits and no more
+/// decimals than the coordinates have.
+std::string Extent(double from, double to);

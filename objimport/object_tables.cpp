@@ -70,10 +70,9 @@ void WriteSize(const Page& page, ConsoleDoc& doc)
     const GK_BoundingBox box = KvZoomExtentsBoundingBox(doc);
     if (box.min.x > box.max.x)
         return;
-    const auto extent = [](double from, double to) { return RoundedNumber(to - from); };
     page.Line(
-        Say(Texts::Size, {extent(box.min.x, box.max.x), extent(box.min.y, box.max.y),
-                          extent(box.min.z, box.max.z)}) +
+        Say(Texts::Size, {Extent(box.min.x, box.max.x), Extent(box.min.y, box.max.y),
+                          Extent(box.min.z, box.max.z)}) +
         ", " +
         Say(Texts::Corners, {Coordinate(box.min.x), Coordinate(box.min.y), Coordinate(box.min.z),
                              Coordinate(box.max.x), Coordinate(box.max.y), Coordinate(box.max.z)}));

@@ -136,10 +136,11 @@ TEST(FileReport, ReportsOutcomeAndLosses)
     ImportRecord failed;
     failed.file = "bad.obj";
     failed.unread.end = {1044, 1, 1043, {{L"\"%s\" is wrong", 0}, {"v\x1B"}}};
-    EXPECT_EQ(Report(failed, doc), "bad.obj: the import failed, 0 objects\n"
-                                   "  reading ended at line 1,043: \"v\\x1B\" is wrong; 1 line after "
-                                   "it was not read\n"
-                                   "  --check says why\n");
+    EXPECT_EQ(Report(failed, doc),
+              "bad.obj: the import failed, 0 objects\n"
+              "  reading ended at line 1,043: \"v\\x1B\" is wrong; 1 line after "
+              "it was not read\n"
+              "  --check says why\n");
     failed.unread = {};
     failed.journal.cancelled = true;
     EXPECT_EQ(Report(failed, doc), "bad.obj: cancelled, 0 objects\n");
@@ -219,6 +220,19 @@ TEST(Coordinate, HasTheDigitsThatItHas)
                                                     {2.5e-7, "2.5e-07"}};
     for (const auto& [value, text] : cases)
         EXPECT_EQ(Coordinate(value), text);
+}
+
+TEST(Extent, HasNoDigitsThatTheCoordinatesLack)
+{
+    const auto single = [](float value) { return static_cast<double>(value); };
+    EXPECT_EQ(Extent(single(5000.1F), single(5000.3F)), "0.2");
+    EXPECT_EQ(Extent(single(-0.123456F), single(12.5F)), "12.6235");
+    EXPECT_EQ(Extent(single(1234567.5F), 7654321.0), "6.41975e+06");
+    EXPECT_EQ(Extent(-3, 1e22), "1e+22");
+    EXPECT_EQ(Extent(2.5e-7, 5e-7), "2.5e-07");
+    EXPECT_EQ(Extent(0, 1.0 / 3.0), "0.333333");
+    EXPECT_EQ(Extent(-1e308, 1.5e308), "inf");
+    EXPECT_EQ(Extent(3, 3), "0");
 }
 
 TEST(TextTable, AlignsByWhatATerminalShows)
