@@ -54,11 +54,15 @@ void WriteImport(JsonStream& json, const ImportRecord& import)
                         for (int i = 0; i < error.times; ++i)
                             json.Object("source", error.source, "text", error.text);
                     });
+    std::size_t place = 0;
     json.ListMember("refused", journal.refused, [&](const ImportJournal::Refusal& refusal) {
         json.BeginObject();
         json.Members("type", refusal.type, "reason", refusal.reason);
         if (refusal.number > 0)
             json.Members("number", refusal.number);
+        if (const auto name = journal.refusedNames.find(place++);
+            name != journal.refusedNames.end())
+            json.Members("name", name->second);
         json.EndObject();
     });
     json.EndObject();

@@ -37,9 +37,14 @@ void WriteRefused(const Page& page, const ImportJournal& journal)
         return;
     page.Warning("  " + Say(Texts::Refused, {Number(journal.refused.size())}));
     OftenTexts texts(page.Shown(journal.refused.size()));
-    for (const ImportJournal::Refusal& refusal : journal.refused)
+    auto name = journal.refusedNames.begin();
+    for (std::size_t i = 0; i < journal.refused.size(); ++i) {
+        const ImportJournal::Refusal& refusal = journal.refused[i];
+        const bool isNamed = name != journal.refusedNames.end() && name->first == i;
         texts.Add(refusal.type, refusal.reason, refusal.number,
-                  refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark);
+                  refusal.type == "loop" ? Texts::BrepNumberMark : Texts::NumberMark,
+                  isNamed ? std::string_view((name++)->second) : std::string_view());
+    }
     texts.Write(page, ReasonInWords);
 }
 

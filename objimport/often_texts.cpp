@@ -1,5 +1,8 @@
 #include "objimport/often_texts.h"
 
+#include "console_host/app/printable.h"
+#include "objimport/text_table.h"
+
 #include <utility>
 
 /// Returns what stands for a text, or null when there are enough others.
@@ -27,7 +30,7 @@ void OftenTexts::Add(std::string_view kind, std::string_view text, std::size_t t
 }
 
 void OftenTexts::Add(std::string_view kind, std::string_view text, int number,
-                     const ProgramText& mark)
+                     const ProgramText& mark, std::string_view name)
 {
     constexpr std::size_t MostNumbers = 5;
     Add(kind, text);
@@ -35,16 +38,20 @@ void OftenTexts::Add(std::string_view kind, std::string_view text, int number,
     if (often == nullptr || number <= 0 || often->numbers.size() == MostNumbers)
         return;
     often->mark = &mark;
-    often->numbers.push_back(number);
+    often->numbers.emplace_back(number, name);
 }
 
-/// Returns " (7 times: no. 1, 2, 5, 8, 9, ...)".
+/// Returns " (7 times: no. 1, 2 "wall", 5, 8, 9, ...)".
 std::string OftenTexts::HowOften(const OftenText& often)
 {
+    constexpr int LongestName = 60;
     std::string text = often.count > 1 ? Say(Texts::Times, {Number(often.count)}) : "";
     std::string before = (text.empty() ? "" : ": ") + Say(*often.mark);
-    for (const int number : often.numbers)
+    for (const auto& [number, name] : often.numbers) {
         text += std::exchange(before, ", ") + std::to_string(number);
+        if (!name.empty())
+            text.append(" \"").append(Shortened(PrintableLine(name), LongestName)).append("\"");
+    }
     if (!often.numbers.empty() && often.count > often.numbers.size())
         text += ", ...";
     return text.empty() ? "" : " (" + text + ")";

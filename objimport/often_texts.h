@@ -22,8 +22,10 @@ public:
     /// outlive the object.
     void Add(std::string_view kind, std::string_view text, std::size_t times = 1);
 
-    /// Adds a text about one thing, whose number is 0 when it has none, and stands after the mark.
-    void Add(std::string_view kind, std::string_view text, int number, const ProgramText& mark);
+    /// Adds a text about one thing, whose number is 0 when it has none, and stands after the mark,
+    /// with its name, if it has one, which must outlive the object.
+    void Add(std::string_view kind, std::string_view text, int number, const ProgramText& mark,
+             std::string_view name = {});
 
     /// Writes the texts, each once, in the order in which they first occurred. `inWords` returns
     /// what a person reads for a kind and a text.
@@ -33,12 +35,14 @@ public:
 private:
     using KindAndText = std::pair<std::string_view, std::string_view>;
 
+    using NumberAndName = std::pair<int, std::string_view>;
+
     struct OftenText
     {
         KindAndText text;
         const ProgramText* mark = &Texts::NumberMark; ///< of the numbers
         std::size_t count = 0;
-        std::vector<int> numbers{}; ///< the first few
+        std::vector<NumberAndName> numbers{}; ///< the first few
     };
 
     OftenText* FindOrAdd(const KindAndText& text);

@@ -95,9 +95,13 @@ ImportJournal& CurrentJournal()
     return ConsoleApp::Instance().Journal();
 }
 
-void NoteRefused(std::string_view type, std::string reason, int number)
+void NoteRefused(std::string_view type, std::string reason, int number, std::string name)
 {
-    CurrentJournal().refused.push_back({std::string(type), std::move(reason), number});
+    constexpr std::size_t MostNames = 1000;
+    ImportJournal& journal = CurrentJournal();
+    journal.refused.push_back({std::string(type), std::move(reason), number});
+    if (!name.empty() && journal.refusedNames.size() < MostNames)
+        journal.refusedNames.emplace(journal.refused.size() - 1, std::move(name));
 }
 
 void NoteGuestFault(std::string_view call, std::string_view fault)

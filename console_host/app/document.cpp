@@ -29,10 +29,14 @@ int CountOffered(const AnyGeometry& geometry)
 }
 
 /// Notes a refusal as far as there is memory to; always false.
-bool Refuse(const char* type, const std::string& reason, int number)
+bool Refuse(const char* type, const std::string& reason, int number,
+            const GK_MdxObjectAttributes& attributes)
 {
+    constexpr std::size_t LongestName = 1000; // very many objects may have a longer one
     try {
-        NoteRefused(type, reason, number);
+        const GK_wString& name = attributes.name;
+        const bool isShort = name.View().size() <= LongestName;
+        NoteRefused(type, reason, number, isShort ? name.Utf8() : std::string());
     } catch (const std::bad_alloc&) {
         return false;
     }
@@ -170,14 +174,15 @@ bool ConsoleDoc::AddObject(std::unique_ptr<CKelvoObject> object, bool, bool)
         if (std::visit([](const auto* any) { return any == nullptr; }, geometry))
             NoteGuestFault("AddObject", "an object without geometry");
         if (const std::string reason = WhyUnsound(geometry); !reason.empty())
-            return Refuse(kind, reason, number);
+            return Refuse(kind, reason, number, object->Attributes());
         CheckAttributes("AddObject", object->Attributes());
         if (auto* mesh = dynamic_cast<CKelvoMeshObject*>(object.get()))
             ReplaceUnsoundDirections(*mesh->Mesh());
-        m_entries.push_back({std::move(object), nullptr, {}});
+        m_entries.push_back({});
     } catch (const std::bad_alloc&) {
-        return Refuse(kind, NoMemory, number);
+        return Refuse(kind, NoMemory, number, object->Attributes());
     }
+    m_entries.back().object = std::move(object);
     return true;
 }
 
@@ -187,7 +192,7 @@ bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttri
     const int number = CountOffered(&point);
     try {
         if (const std::string reason = WhyUnsound(&point); !reason.empty())
-            return Refuse("point", reason, number);
+            return Refuse("point", reason, number, attributes);
         const bool shared = !m_pointAttributes.empty() && m_pointAttributes.back() == attributes;
         if (!shared) {
             CheckAttributes("AddPointObject", attributes);
@@ -195,7 +200,7 @@ bool ConsoleDoc::AddPointObject(const GK_3dPoint& point, const GK_MdxObjectAttri
         }
         m_entries.push_back({nullptr, &m_pointAttributes.back(), point});
     } catch (const std::bad_alloc&) {
-        return Refuse("point", NoMemory, number);
+        return Refuse("point", NoMemory, number, attributes);
     }
     return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +35,8 @@ struct ImportJournal
     std::vector<Box> boxes;
     std::vector<KernelError> kernelErrors;
     std::vector<Refusal> refused;
+    std::map<std::size_t, std::string>
+        refusedNames;             ///< of the first that have one, by their places
     std::array<int, 5> offered{}; ///< of each kind of geometry to the document, breps to the repair
     bool cancelled = false;       ///< a prompt or dialog was
     bool outOfMemory = false;     ///< an allocation failed, whatever became of it
@@ -44,8 +48,8 @@ struct ImportJournal
 ImportJournal& CurrentJournal();
 
 /// Notes geometry, or an image, that is refused, and why. `number` says which of its type it is; 0:
-/// not known.
-void NoteRefused(std::string_view type, std::string reason, int number = 0);
+/// not known. Names are noted for the first thousand that have one.
+void NoteRefused(std::string_view type, std::string reason, int number = 0, std::string name = {});
 
 /// Notes that a plug-in does not keep to the contract: the call at which this was noticed, and what
 /// is wrong. Goes to standard error and to the kernel errors, with the source "host".

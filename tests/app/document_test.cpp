@@ -66,6 +66,26 @@ protected:
     GK_MdxObjectAttributes attributes;
 };
 
+TEST_F(Document, NotesTheNamesOfTheFirstThatItRefuses)
+{
+    const auto refusePoint = [this](const std::wstring& name) {
+        attributes.name = GK_wString(name);
+        EXPECT_FALSE(doc.AddPointObject({NAN, 0, 0}, attributes, nullptr, false));
+    };
+    refusePoint(L"");
+    refusePoint(L"w\x00E4nd");
+    refusePoint(std::wstring(2000, L'x'));
+    for (int i = 0; i < 5000; ++i)
+        refusePoint(L"many");
+    const ImportJournal journal = ConsoleApp::Instance().TakeJournal();
+    EXPECT_EQ(journal.refused.size(), 5003U);
+    const auto& names = journal.refusedNames;
+    EXPECT_EQ(names.size(), 1000U);
+    EXPECT_EQ(names.begin()->first, 1U);
+    EXPECT_EQ(names.begin()->second, "w\xC3\xA4nd");
+    EXPECT_EQ(std::next(names.begin())->first, 3U);
+}
+
 TEST_F(Document, RefusesWhatIsNotSoundAndSaysWhy)
 {
     EXPECT_EQ(AddMesh(Triangle()), "");

@@ -166,9 +166,10 @@ TEST(FileReport, CountsTextsThatAreNotNextToEachOther)
         import.journal.kernelErrors.push_back({"mesh", i % 2 == 0 ? "Bogus.\n" : "Odd.\n", 2});
         import.journal.refused.push_back({i % 2 == 0 ? "mesh" : "curve", "out of memory", i + 1});
     }
+    import.journal.refusedNames = {{ 2, "wall\n" }};
     const std::string text = Report(import, doc);
     EXPECT_THAT(text, HasSubstr("  refused: 6\n"
-                                "    mesh: out of memory (3 times: no. 1, 3, 5)\n"
+                                "    mesh: out of memory (3 times: no. 1, 3 \"wall\\x0A\", 5)\n"
                                 "    curve: out of memory (3 times: no. 2, 4, 6)\n"
                                 "  inconsistencies: 12\n"
                                 "    mesh: Bogus. (6 times)\n"
