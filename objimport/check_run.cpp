@@ -103,7 +103,7 @@ int CheckFilesAgainstFormat(const CheckRequest& request)
     if (const std::size_t leftOut = findings.LeftOut();
         leftOut > 0 && !request.sarif.empty() && !request.quiet)
         output.Write(PrintableLine(request.sarif + ": " + FindingsLeftOut(leftOut)) + "\n");
-    if (const std::string why = output.Finish(); !why.empty())
+    if (const std::string why = output.Finish(); !why.empty() && !output.IsReaderGone())
         ThrowCannotWrite("to standard output", why);
     if (!request.sarif.empty())
         WriteSarifFile(request, findings);

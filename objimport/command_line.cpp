@@ -3,12 +3,14 @@
 #include "objimport/command_line_help.h"
 #include "objimport/program_error.h"
 #include "objimport/saved_forms.h"
+#include "objimport/text_output.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <sstream>
 #include <tuple>
 
 namespace {
@@ -63,6 +65,15 @@ std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error)
     const CLI::Option* const option = app.get_option_no_throw(name);
     const bool isSwitch = option != nullptr && option->get_items_expected_max() == 0;
     return name + (isSwitch ? " takes no value" : " needs a value after it");
+}
+
+/// Writes what --help or --version ask for; returns the exit status.
+int ShowHelpOrVersion(const CLI::App& app, const CLI::ParseError& asked)
+{
+    std::ostringstream text;
+    const int status = app.exit(asked, text, text);
+    WriteForUser(stdout, [&](TextOutput& output) { output.Write(text.str()); });
+    return status;
 }
 
 } // namespace
@@ -271,7 +282,7 @@ std::optional<int> CommandLine::Read(std::vector<std::string> arguments)
         return std::nullopt;
     } catch (const CLI::ParseError& end) {
         if (end.get_exit_code() == 0)
-            return m_app->exit(end);
+            return ShowHelpOrVersion(*m_app, end);
         wrong = WhatIsWrong(*m_app, end);
     } catch (const ProgramError& error) {
         wrong = error.what();

@@ -2,6 +2,7 @@
 
 #include "objimport/program_error.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -26,6 +27,9 @@ public:
     /// Writes out what is buffered. Empty, or why some of the text could not be written.
     std::string Finish();
 
+    /// Returns whether some of the text could not be written because nobody reads it any more.
+    [[nodiscard]] bool IsReaderGone() const { return m_error == EPIPE; }
+
 private:
     void MakeRoom(std::size_t size);
     void Flush();
@@ -40,11 +44,12 @@ private:
 };
 
 /// Writes text for the user by `write(TextOutput&)`; throws ProgramError when it cannot be written.
+/// What nobody reads any more, as after `objimport a.obj | head`, is no error.
 template <class Write>
 void WriteForUser(std::FILE* stream, Write write)
 {
     TextOutput output(stream);
     write(output);
-    if (const std::string why = output.Finish(); !why.empty())
+    if (const std::string why = output.Finish(); !why.empty() && !output.IsReaderGone())
         throw ProgramError("cannot write to standard output: " + why);
 }
