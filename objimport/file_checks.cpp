@@ -37,11 +37,11 @@ public:
     /// Adds a file that is read. No name: no file.
     void AddRead(const std::string& file, const std::string& use) { Add(file, use); }
 
-    /// Adds a file that is written; throws when something else uses it.
-    void AddWritten(const std::string& file, const std::string& use)
+    /// Adds a file that is written; throws, with advice, when something else uses it.
+    void AddWritten(const std::string& file, const std::string& use, const std::string& advice = "")
     {
         if (const std::string other = Add(file, use); !other.empty())
-            throw ProgramError(use + " would replace " + other);
+            throw ProgramError(use + " would replace " + other + advice);
     }
 
 private:
@@ -60,20 +60,27 @@ void CheckPlaceholders(const std::string& path, bool each)
 {
     if (!each && HasPlaceholders(path))
         throw ProgramError(path + ": {name} and {folder} stand for something under --each only");
+    if (const std::string unknown = UnknownPlaceholder(path); each && !unknown.empty())
+        throw ProgramError(path + ": " + unknown + " stands for nothing; {name} and {folder} do");
 }
 
 /// Adds what is written of an input, or of all together.
 void AddOutputs(FileUses& uses, const CommandLine& commandLine, const InputFile& input)
 {
+    const auto advice = [&](const std::string& path) {
+        return commandLine.each && !HasPlaceholders(path)
+                   ? "; with {name} in its path each file has its own"
+                   : "";
+    };
     const std::string of = commandLine.each ? " of " + input.name : "";
     if (!commandLine.json.empty() && commandLine.json != "-") {
         const std::string file = OutputName(commandLine.json, input.name);
-        uses.AddWritten(file, "the JSON" + of);
+        uses.AddWritten(file, "the JSON" + of, advice(commandLine.json));
         CheckJsonFile(file);
     }
     for (const std::string& path : commandLine.saves) {
         const std::string file = OutputName(path, input.name);
-        uses.AddWritten(file, std::string("the saved file ").append(file).append(of));
+        uses.AddWritten(file, std::string("the saved file ").append(file).append(of), advice(path));
     }
 }
 

@@ -137,5 +137,7 @@ void CheckReadable(const std::vector<InputFile>& files)
 {
     for (const InputFile& file : files)
         if (!file.whyUnreadable.empty())
-            throw ProgramError("cannot read " + file.name + ": " + file.whyUnreadable);
+            throw ProgramError(
+                "cannot read " + file.name + ": " + file.whyUnreadable +
+                (files.size() > 1 ? "; nothing was imported (--each imports the others)" : ""));
 }

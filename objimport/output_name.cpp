@@ -3,6 +3,7 @@
 #include "console_host/runtime/files.h"
 #include "console_host/runtime/native_path.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -16,6 +17,18 @@ constexpr std::string_view Folder = "{folder}";
 bool HasPlaceholders(const std::string& path)
 {
     return path.find(Name) != std::string::npos || path.find(Folder) != std::string::npos;
+}
+
+std::string UnknownPlaceholder(const std::string& path)
+{
+    constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (std::size_t at = path.find('{'); at != std::string::npos; at = path.find('{', at + 1)) {
+        const std::size_t end = std::min(path.find_first_not_of(Letters, at + 1), path.size() - 1);
+        std::string word = path.substr(at, end - at + 1);
+        if (word.size() > 2 && word.back() == '}' && word != Name && word != Folder)
+            return word;
+    }
+    return {};
 }
 
 std::string OutputName(const std::string& path, const std::string& input)

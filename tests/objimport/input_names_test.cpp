@@ -54,6 +54,15 @@ TEST(FilePattern, FindsFilesByTheLastPartOfTheirPath)
     EXPECT_THAT(FilesOfPattern(start + "absent/*"), ElementsAre());
 }
 
+TEST(OutputName, FindsPlaceholdersThatStandForNothing)
+{
+    for (const char* path :
+         {"", "{", "{}", "{name}.json", "a/{folder}{name}", "{a b}", "{1}", "{na"})
+        EXPECT_EQ(UnknownPlaceholder(path), "") << path;
+    EXPECT_EQ(UnknownPlaceholder("{folder}/{Name}.json"), "{Name}");
+    EXPECT_EQ(UnknownPlaceholder("{{file}"), "{file}");
+}
+
 TEST(OutputName, TakesPlaceholdersFromTheInput)
 {
     const struct

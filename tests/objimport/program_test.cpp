@@ -56,7 +56,9 @@ void ExpectOneLine(const ProcessResult& result, const std::string& text)
 TEST_F(Program, NamesTheFileThatCannotBeReadBeforeImportingAnything)
 {
     const std::string good = Script("good.txt", "state");
-    ExpectOneLine(Run({good, "absent.obj"}), "cannot read absent.obj: no such file");
+    ExpectOneLine(Run({good, "absent.obj"}),
+                  "cannot read absent.obj: no such file; nothing was imported (--each imports");
+    ExpectOneLine(Run({"absent.obj"}), "cannot read absent.obj: no such file\n");
     ExpectOneLine(Run({good, folder.Path().string()}), "a folder, not a file");
     ExpectOneLine(Run({"--json", good, good}), "the JSON would replace the input");
     ExpectOneLine(Run({"--json", folder.Path().string(), good}), "cannot write");
@@ -180,7 +182,10 @@ TEST_F(Program, ImportsEachFileIntoADocumentOfItsOwn)
     EXPECT_EQ(Run({"--each", first}).status, 0);
     EXPECT_EQ(Run({"--each", first, second}).status, 1);
     ExpectOneLine(Run({"--each", "--json", Utf8(folder / "x.json"), first, second}),
-                  "the JSON of " + second + " would replace the JSON of " + first);
+                  "the JSON of " + second + " would replace the JSON of " + first +
+                      "; with {name} in its path");
+    ExpectOneLine(Run({"--each", "--json", Utf8(folder / "{nam}.json"), first}),
+                  "{nam} stands for nothing; {name} and {folder} do");
     ExpectOneLine(Run({"--json", pattern, first}), "under --each only");
     EXPECT_FALSE(std::filesystem::exists(folder / "x.json"));
 }
@@ -285,12 +290,35 @@ TEST_F(Program, KeepsSettingsInTheUsersFolderOrSaysThatItCannot)
     EXPECT_THAT(folder.Read(".config/kelvo/settings.ini"), HasSubstr("HowToAddGs=1\n"));
 }
 
+TEST_F(Program, EndsWellWhenNobodyReadsItsOutputAnyMore)
+{
+    const std::string file = Script("a.txt", "point");
+    const std::string json = Utf8(folder / "a.json");
+    const std::string pipe = Utf8(folder / "pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const auto run = [&](const std::vector<std::string>& arguments) {
+        return Run(arguments, pipe, "true <'" + pipe + R"(' & sh -c 'sleep 0.2; exec "$0" "$@"' )");
+    };
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--json", json, file}, {"--about"}, {"--help"}}) {
+        const ProcessResult result = run(arguments);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.errors, "");
+    }
+    EXPECT_EQ(JsonCount(folder.Read("a.json"), "/objects"), 1U);
+    EXPECT_THAT(run({"--json", "-", file}).errors, HasSubstr("cannot write to standard output"));
+}
+
 TEST_F(Program, ReportsOutputThatCannotBeWritten)
 {
     const std::string file = Script("a.txt", "point");
     const std::string full = "/dev/full";
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{file}, {"--json", "-", file}, {"--about"}, {"--run", "say"}}) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{file},
+                                                      {"--json", "-", file},
+                                                      {"--about"},
+                                                      {"--help"},
+                                                      {"--version"},
+                                                      {"--run", "say"}}) {
         const ProcessResult result = Run(arguments, full);
         EXPECT_EQ(result.status, 2);
         EXPECT_THAT(result.errors, HasSubstr("cannot write to standard output: No space"));
