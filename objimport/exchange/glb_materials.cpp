@@ -6,6 +6,7 @@
 #include "host/runtime/file.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string_view>
 
 namespace {
@@ -22,6 +23,15 @@ std::string FileName(const GK_wString& path)
     const std::wstring_view text = path.View();
     const std::size_t slash = text.find_last_of(L"/\\");
     return GK_wString(std::wstring(text.substr(slash + 1))).Utf8(); // npos + 1 is 0
+}
+
+/// Returns a path with the separators of this system.
+std::string NativeName(const GK_wString& path)
+{
+    std::string name = path.Utf8();
+    if (std::filesystem::path::preferred_separator == '/')
+        std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
 }
 
 /// Returns the beginning of a list of names, in their order.
@@ -141,7 +151,7 @@ GlbMaterials::TextureFound GlbMaterials::FindOrAddTexture(const TextureNames& na
 void GlbMaterials::NoteLost(TextureState state, const GK_wString& name)
 {
     if (state != TextureState::Read)
-        (state == TextureState::Missing ? m_missing : m_broken).insert(name.Utf8());
+        (state == TextureState::Missing ? m_missing : m_broken).insert(NativeName(name));
 }
 
 /// Reads the colours and the alpha as one image, or what of the two can be read.
