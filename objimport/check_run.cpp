@@ -38,8 +38,9 @@ bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& 
                Findings& findings)
 {
     const std::size_t mostOfAKind = request.all ? Findings::All : MostOfAKind;
+    const std::string name = input.name == "-" ? ShownFileName(input.name) : input.name;
     findings.BeginGroup();
-    const int file = findings.AddFile(input.name);
+    const int file = findings.AddFile(name);
     if (ReportNoText({findings, file, 0}, FirstBytes(input))) {
         if (!request.quiet)
             WriteFindings(output, findings, mostOfAKind);
@@ -50,7 +51,7 @@ bool CheckFile(const CheckRequest& request, const InputFile& input, TextOutput& 
     const CheckTotals totals = checker.Check();
     if (!request.quiet) {
         WriteFindings(output, findings, mostOfAKind);
-        WriteCheckSummary(output, input.name, totals, findings, mostOfAKind);
+        WriteCheckSummary(output, name, totals, findings, mostOfAKind);
     }
     return findings.CountInGroup(CheckKind::ReadError) == 0;
 }
@@ -97,7 +98,7 @@ int CheckFilesAgainstFormat(const CheckRequest& request)
     for (const InputFile& input : request.files) {
         const std::string& why = input.whyUnreadable;
         if (!why.empty())
-            TellError("cannot read " + input.name + ": " + why);
+            TellError("cannot read " + ShownFileName(input.name) + ": " + why);
         allRead = why.empty() && CheckFile(request, input, output, findings) && allRead;
     }
     if (const std::size_t leftOut = findings.LeftOut();

@@ -15,8 +15,7 @@ constexpr LocalText NoteWord{L"note", 41401};
 constexpr LocalText WarningWord{L"warning", 41402};
 constexpr LocalText ErrorWord{L"error", 41403};
 constexpr LocalText MoreOfAKind{L"%s more findings of this kind; --all shows them", 41404};
-constexpr LocalText Lines{L"%s lines: %s", 41405};
-constexpr LocalText UnreadLines{L"%s lines not read", 41406};
+constexpr LocalText UnreadLines{L"lines that are not read: %s", 41406};
 constexpr LocalText Contents{L"%s positions, %s texture coordinates, %s normals, %s faces in "
                              L"meshes, %s curves, %s surfaces",
                              41407};
@@ -139,7 +138,9 @@ void WriteCheckSummary(TextOutput& output, std::string_view file, const CheckTot
                        const Findings& findings, std::size_t mostOfAKind)
 {
     WriteLine(output, std::string(file) + ":");
-    WriteIndented(output, Lines, {Number(totals.lines), KeywordCounts(totals.statements)});
+    const std::string keywords = KeywordCounts(totals.statements);
+    WriteLine(output, "  " + Counted(totals.lines, Texts::Lines) +
+                          (keywords.empty() ? "" : ": " + keywords));
     if (totals.unread > 0)
         WriteIndented(output, UnreadLines, {Number(totals.unread)});
     WriteIndented(output, Contents,

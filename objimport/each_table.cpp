@@ -54,14 +54,14 @@ std::string Losses(const ImportRecord& import, const ConsoleDoc& doc)
 
 void EachTable::AddImport(const ImportRecord& import, const ConsoleDoc& doc, bool isWritten)
 {
-    m_rows.push_back({PrintableLine(import.file),
+    m_rows.push_back({ShownFileName(import.file),
                       isWritten ? OutcomeText(import) : Say(Texts::NotWritten),
                       Number(static_cast<std::size_t>(import.objectCount)), Losses(import, doc)});
 }
 
 void EachTable::AddUnreadable(const InputFile& file)
 {
-    m_rows.push_back({PrintableLine(file.name),
+    m_rows.push_back({ShownFileName(file.name),
                       Say(Texts::NotImported, {PrintableLine(file.whyUnreadable)}), NoCell,
                       NoCell});
 }

@@ -3,6 +3,7 @@
 #include "console_host/app/printable.h"
 #include "objimport/check_text.h"
 #include "objimport/host_reasons.h"
+#include "objimport/input_file.h"
 #include "objimport/mesh_faces.h"
 #include "objimport/often_texts.h"
 #include "objimport/program_texts.h"
@@ -134,7 +135,7 @@ std::size_t MissingFaces(const ImportRecord& import, const ConsoleDoc& doc)
 
 void WriteFileReport(const Page& page, const ImportRecord& import, const ConsoleDoc& doc)
 {
-    const std::string line = PrintableLine(import.file) + ": " + OutcomeText(import) + ", " +
+    const std::string line = ShownFileName(import.file) + ": " + OutcomeText(import) + ", " +
                              Counted(static_cast<std::size_t>(import.objectCount), Texts::Objects);
     if (import.result && !import.journal.outOfMemory)
         page.Line(line);

@@ -109,10 +109,10 @@ ImportSession ImportRun::SessionFor(ConsoleDoc& doc) const
 const ImportRecord& ImportRun::Import(ImportSession& session, const InputFile& file,
                                       bool isOneOfMany)
 {
-    ConsoleApp::Instance().SetMessageSubject(isOneOfMany ? PrintableLine(file.name) : "");
+    ConsoleApp::Instance().SetMessageSubject(isOneOfMany ? ShownFileName(file.name) : "");
     if (isOneOfMany)
         Show([&](const Page& page) {
-            page.Line(Say(Texts::Importing, {PrintableLine(file.name)}));
+            page.Line(Say(Texts::Importing, {ShownFileName(file.name)}));
         });
     const int shown = Dialogs().shown;
     const ImportRecord& import = session.Import(file);
@@ -233,7 +233,7 @@ RunOutcome ImportRun::ImportEach(const std::vector<InputFile>& files)
         if (file.whyUnreadable.empty()) {
             outcome = ImportAlone(file, table, files.size() > 1);
         } else {
-            TellError("cannot read " + file.name + ": " + file.whyUnreadable);
+            TellError("cannot read " + ShownFileName(file.name) + ": " + file.whyUnreadable);
             table.AddUnreadable(file);
         }
         worst = std::max(worst, outcome);

@@ -63,7 +63,7 @@ WorkNote::Subject NoteOf(const InputFile& file)
     const int terminal = TerminalWidth(stderr);
     const int room = (terminal > 0 ? terminal : Page::UsualWidth) - RoomForText;
     const std::string name =
-        ShortenedInMiddle(PrintableLine(file.name), std::max(room, ShortestName));
+        ShortenedInMiddle(ShownFileName(file.name), std::max(room, ShortestName));
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file.path, error);
     return {Say(Texts::Building, {name}), Say(Texts::Reading, {name, "%s"}), error ? 0 : size};
@@ -104,7 +104,7 @@ const ImportRecord& ImportSession::Import(const InputFile& file)
     import.journal.outOfMemory = AllocationFailures() > failuresBefore;
     import.objectCount = m_doc.ObjectCount() - import.firstObject;
     if (import.journal.outOfMemory)
-        WriteForPerson(stderr, "objimport: " + PrintableLine(file.name) + ": out of memory; " +
+        WriteForPerson(stderr, "objimport: " + ShownFileName(file.name) + ": out of memory; " +
                                    (import.result ? "something of it is missing\n"
                                                   : "the reading ended before its end\n"));
     if (m_looksForUnreadLines && !import.journal.cancelled)

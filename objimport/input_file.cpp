@@ -5,6 +5,7 @@
 #include "objimport/file_pattern.h"
 #include "objimport/platform.h"
 #include "objimport/program_error.h"
+#include "objimport/program_texts.h"
 
 #include <array>
 #include <cerrno>
@@ -100,6 +101,11 @@ try {
 
 } // namespace
 
+std::string ShownFileName(const std::string& name)
+{
+    return name == StandardInput ? Say(Texts::StandardInput) : PrintableLine(name);
+}
+
 std::vector<InputFile> FindInputFiles(const CommandLine& commandLine)
 {
     std::vector<InputFile> files;
@@ -138,6 +144,6 @@ void CheckReadable(const std::vector<InputFile>& files)
     for (const InputFile& file : files)
         if (!file.whyUnreadable.empty())
             throw ProgramError(
-                "cannot read " + file.name + ": " + file.whyUnreadable +
+                "cannot read " + ShownFileName(file.name) + ": " + file.whyUnreadable +
                 (files.size() > 1 ? "; nothing was imported (--each imports the others)" : ""));
 }

@@ -17,6 +17,9 @@ struct InputFile
     std::string whyUnreadable;           ///< empty when it can be read
 };
 
+/// Returns the name of an input as it is shown in one line.
+std::string ShownFileName(const std::string& name);
+
 /// Returns the files that a command line names, in order, patterns replaced by the names that they
 /// find. Each is found readable or says why it is not.
 std::vector<InputFile> FindInputFiles(const CommandLine& commandLine);

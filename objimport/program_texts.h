@@ -68,6 +68,7 @@ inline constexpr CountedText NamesChanged{{L"%s name changes; --check names it",
 inline constexpr CountedText FacesMissing{
     {L"%s face of the file was not imported; --check says why", 60122},
     {L"%s faces of the file were not imported; --check says why", 60123}};
+inline constexpr ProgramText StandardInput{L"standard input", 60125};
 inline constexpr ProgramText CheckSaysWhy{L"--check says why", 60124};
 
 /// What the module prints when it stops reading a file early.

@@ -18,7 +18,7 @@ inline constexpr CheckText Binary{
 inline constexpr CheckText ReadBreaksOff{
     ReadError, Error, {L"reading ends here with an error of the system", 41104}};
 inline constexpr CheckText EndsHere{
-    EndsParse, Error, {L"reading ends here: %s; %s lines are not read", 41105}};
+    EndsParse, Error, {L"reading ends here: %s; lines that are not read: %s", 41105}};
 inline constexpr CheckText Nothing{
     NoGeometry,
     Error,
@@ -84,7 +84,7 @@ inline constexpr CheckText BadNormal{
 inline constexpr CheckText BadReference{
     BadIndex, Warning, {L"an index in \"%s\" names nothing that was read before", 41134}};
 inline constexpr CheckText TooFewCorners{
-    RefusedFace, Warning, {L"the face is refused: it has %s corners", 41135}};
+    RefusedFace, Warning, {L"the face is refused: it has fewer than three corners (%s)", 41135}};
 inline constexpr CheckText OtherFields{
     RefusedFace,
     Warning,
@@ -161,7 +161,8 @@ inline constexpr CheckText LibraryFoundAs{
 inline constexpr CheckText LibraryEndsHere{
     LibraryEnds,
     Error,
-    {L"reading of the library ends here: \"%s\" has no colour; %s lines are not read", 41165}};
+    {L"reading of the library ends here: \"%s\" has no colour; lines that are not read: %s",
+     41165}};
 inline constexpr CheckText Undefined{
     MaterialUndefined, Warning, {L"no library defines the material \"%s\"", 41166}};
 inline constexpr CheckText UndefinedButCase{

@@ -83,8 +83,8 @@ TEST(Check, ReportsWhereAndWhyReadingEnds)
     for (const Row& row : rows) {
         const std::string text = Triangle + std::string(row.lines) + "f 1 2 3\n\n# last";
         const std::string expected = "a.obj:" + std::to_string(row.line) +
-                                     ": ends-parse: reading ends here: " + row.why + "; " +
-                                     std::to_string(row.unread) + " lines are not read";
+                                     ": ends-parse: reading ends here: " + row.why +
+                                     "; lines that are not read: " + std::to_string(row.unread);
         EXPECT_THAT(CheckedFile(folder.Write("a.obj", text)).Lines(), testing::Contains(expected))
             << text;
     }
@@ -104,7 +104,7 @@ TEST(Check, ReportsWhatIsNotRead)
         {"\xFF\xFEv\0 \0"s,
          {"0: no-text: the file is UTF-16 text, which is not read; save it as UTF-8",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
-          "1: ends-parse: reading ends here: \"v\" needs 3 numbers; 1 lines are not read"}},
+          "1: ends-parse: reading ends here: \"v\" needs 3 numbers; lines that are not read: 1"}},
         {"PK\x03\x04",
          {"0: no-text: the file is not OBJ text but an archive",
           "0: no-geometry: the file holds no faces, points, curves or surfaces that are imported",
@@ -117,7 +117,7 @@ TEST(Check, ReportsWhatIsWrongWithFacesAndPoints)
 {
     const std::string refused = "5: refused-face: the face is refused: ";
     ExpectFindings({
-        {Triangle + "f 1 2\n"s, {refused + "it has 2 corners"}},
+        {Triangle + "f 1 2\n"s, {refused + "it has fewer than three corners (2)"}},
         {Triangle + "vn 0 0 1\nf 1 2 3//1\n"s,
          {"6: refused-face: the face is refused: the corner \"3//1\" has other fields than those "
           "before it"}},
@@ -247,8 +247,8 @@ TEST(Check, ReadsLibraries)
         "b.mtl:12: material-repeated: the material \"red\" is defined again: the first definition "
         "holds, " +
             Utf8(folder / "b.mtl") + ":1",
-        "b.mtl:13: library-ends: reading of the library ends here: \"Ka\" has no colour; 1 lines "
-        "are not read"};
+        "b.mtl:13: library-ends: reading of the library ends here: \"Ka\" has no colour; lines "
+        "that are not read: 1"};
     if (!findsBlank)
         expected.insert(
             std::find_if(expected.begin(), expected.end(),

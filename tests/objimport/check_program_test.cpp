@@ -23,8 +23,8 @@ TEST(CheckOption, SaysByItsStatusWhetherSomethingIsLost)
     EXPECT_EQ(lossy.status, 1);
     EXPECT_THAT(lossy.output, StartsWith(good + ":\n  4 lines: 1 f, 3 v\n"));
     EXPECT_THAT(lossy.output, HasSubstr("\n" + bad +
-                                        ":5: warning: the face is refused: it has 2 "
-                                        "corners [refused-face]\n"));
+                                        ":5: warning: the face is refused: it has fewer "
+                                        "than three corners (2) [refused-face]\n"));
     const ProcessResult absent = RunObjimport({"--check", "absent.obj", bad});
     EXPECT_EQ(absent.status, 2);
     EXPECT_THAT(absent.errors, HasSubstr("cannot read absent.obj: no such file"));
