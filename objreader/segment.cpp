@@ -80,7 +80,8 @@ void SegmentReader::PutBack(Segment& segment)
         std::swap(segment.text, m_rest);
 }
 
-/// Reads blocks until a line ends in one. False, having read more than `most` bytes, when none does.
+/// Reads blocks until a line ends in one. False, having read more than `most` bytes, when none
+/// does.
 bool SegmentReader::FillBuffer(Segment& segment, std::size_t blockSize, std::size_t most)
 {
     TextBuffer& text = segment.text;
