@@ -8,20 +8,13 @@
 
 namespace {
 
-struct CloseFile
-{
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
 /// Opens a file by its name alone, as seen from the process's current folder. Folders, pipes and
 /// devices are no libraries, and opening one might wait for ever.
-File OpenUnchanged(const std::string& name)
+KelvoFile OpenUnchanged(const std::string& name)
 {
     std::error_code error;
     const bool isFile = std::filesystem::is_regular_file(name, error);
-    return File(isFile ? std::fopen(name.c_str(), "rb") : nullptr);
+    return KelvoFile(isFile ? std::fopen(name.c_str(), "rb") : nullptr);
 }
 
 /// Adds the materials of a library to a table; the last one only when the table has none of its
@@ -69,7 +62,7 @@ const MtlMaterials* MaterialLibraries::Find(const std::string& name)
 const MtlMaterials* MaterialLibraries::Open(const std::string& name)
 {
     std::filesystem::path key;
-    File stream = OpenUnchanged(name);
+    KelvoFile stream = OpenUnchanged(name);
     if (stream != nullptr) {
         key = FileKey(name.c_str());
     } else {

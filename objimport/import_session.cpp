@@ -45,9 +45,9 @@ try {
         return found;
     EarlyEnd end;
     if (EndedEarly(journal))
-        if (File whole(OpenNative(file.path, "rb")); whole != nullptr)
+        if (KelvoFile whole(OpenNative(file.path, "rb")); whole != nullptr)
             end = FindEarlyEnd(whole.release());
-    File stream(OpenNative(file.path, "rb"));
+    KelvoFile stream(OpenNative(file.path, "rb"));
     return stream != nullptr ? FindUnreadLines(stream.release(), end) : UnreadLines();
 } catch (const std::bad_alloc&) {
     return {};

@@ -88,7 +88,7 @@ void CopyStream(std::FILE* from, TemporaryFile& to)
 void KeepStream(InputFile& file)
 try {
     const bool isInput = file.name == StandardInput;
-    const File pipe(isInput ? nullptr : OpenNative(file.path, "rb"));
+    const KelvoFile pipe(isInput ? nullptr : OpenNative(file.path, "rb"));
     std::FILE* const stream = isInput ? BinaryStandardInput() : pipe.get();
     if (stream == nullptr)
         throw std::runtime_error(Reason());
@@ -133,7 +133,7 @@ void KeepStreams(std::vector<InputFile>& files)
 std::string FirstBytes(const InputFile& file)
 {
     std::array<char, 512> bytes{};
-    const File stream(OpenNative(file.path, "rb"));
+    const KelvoFile stream(OpenNative(file.path, "rb"));
     const std::size_t count =
         stream == nullptr ? 0 : std::fread(bytes.data(), 1, bytes.size(), stream.get());
     return {bytes.data(), count};

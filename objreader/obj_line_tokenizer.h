@@ -3,6 +3,7 @@
 #include "objreader/segment_source.h"
 
 #include "host/geokit/simple_array.h"
+#include "host/runtime/file.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -97,11 +98,6 @@ public:
     [[nodiscard]] const char* const* Tokens() const { return m_tokens.Array(); }
 
 private:
-    struct CloseFile
-    {
-        void operator()(std::FILE* stream) const { std::fclose(stream); }
-    };
-
     /// Where the cutting of a logical line stands.
     struct CutState
     {
@@ -118,7 +114,7 @@ private:
     void Refill(const char* keepFrom);
     char* JoinSegment(const char* keepFrom);
 
-    std::unique_ptr<std::FILE, CloseFile> m_stream;
+    KelvoFile m_stream;
     SegmentSource m_source;
 
     GK_SimpleArray<const char*> m_tokens; ///< of the current line

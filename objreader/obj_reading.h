@@ -4,7 +4,6 @@
 #include "objreader/obj_file.h"
 #include "objreader/obj_line_tokenizer.h"
 #include "objreader/reading_events.h"
-#include "objreader/thread_use.h"
 
 #include <string>
 
@@ -34,11 +33,3 @@ struct ObjReading
 
     std::string joinedName; ///< scratch
 };
-
-/// Reads to the end of the file, or to the first statement so wrong that reading ends with it; then
-/// the result is false. False also when there is no file, or when it cannot be read to its end.
-/// What was read before is kept.
-bool ParseStatements(ObjReading& reading);
-
-/// The same, to the same result, with all threads of a team. Events come on the calling thread.
-bool ParseStatements(ObjReading& reading, const ThreadUse& threads);

@@ -1,4 +1,5 @@
-#include "objreader/obj_reading.h"
+#include "objreader/parse.h"
+
 #include "objreader/plain_lines.h"
 #include "objreader/read_ahead.h"
 #include "objreader/statement_table.h"
@@ -169,14 +170,6 @@ bool ParseWithTeam(ObjReading& reading, const ThreadUse& threads)
 }
 
 } // namespace
-
-ObjReading::ObjReading(CObjLineTokenizer& source, const ImportChoices& importChoices,
-                       ReadingEvents& readingEvents, ObjFile& contents)
-    : tokenizer(source), choices(importChoices), events(readingEvents), file(contents)
-{
-    groupName = objectName = materialName = file.names.Intern({});
-    currentGroup = &file.groupObjects.FindOrAddGroupObject(groupName, objectName, materialName);
-}
 
 bool ParseStatements(ObjReading& reading)
 {

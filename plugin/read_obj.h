@@ -1,7 +1,7 @@
 #pragma once
 
 #include "materials/material_libraries.h"
-#include "objreader/obj_reading.h"
+#include "objreader/parse.h"
 #include "objreader/stage_times.h"
 #include "plugin/face_messages.h"
 

@@ -55,7 +55,7 @@ void NoteOutOfProportion(const wchar_t* path, const ImageBuilder& image, std::si
 
 int CKelvoDib::ReadFromFile(const wchar_t* path)
 try {
-    const File file(_wfopen(path, L"rb"));
+    const KelvoFile file(_wfopen(path, L"rb"));
     if (file == nullptr || !IsPlainFile(file.get()) ||
         !HasImageSignature(ReadBytes(file.get(), ImageSignatureSize)))
         return 0;

@@ -69,7 +69,7 @@ public:
 private:
     std::filesystem::path m_target;
     std::optional<UnfinishedFile> m_fresh; ///< none when the target is written to directly
-    File m_stream;
+    KelvoFile m_stream;
 };
 
 /// A file for the program's own use, under a name that nobody can guess. It is removed with its
@@ -90,7 +90,7 @@ public:
 
 private:
     UnfinishedFile m_file;
-    File m_stream;
+    KelvoFile m_stream;
 };
 
 /// Replaces a file whole. Throws std::runtime_error, saying why in a few words.

@@ -16,7 +16,7 @@ std::runtime_error SystemError(int error)
 }
 
 /// Opens a plain file; throws std::runtime_error, saying why it cannot be read.
-File OpenToRead(const std::filesystem::path& path)
+KelvoFile OpenToRead(const std::filesystem::path& path)
 {
     switch (KindOfFile(path)) {
     case FileKind::Missing:
@@ -29,7 +29,7 @@ File OpenToRead(const std::filesystem::path& path)
         break;
     }
     errno = 0;
-    File stream(OpenNative(path, "rb"));
+    KelvoFile stream(OpenNative(path, "rb"));
     if (stream == nullptr)
         throw SystemError(errno);
     return stream;
@@ -48,7 +48,7 @@ try {
 std::string ReadWholeFile(const std::filesystem::path& path)
 {
     constexpr std::size_t LargestSize = std::size_t{16} << 20;
-    const File stream = OpenToRead(path);
+    const KelvoFile stream = OpenToRead(path);
     std::string contents;
     char block[8192];
     while (const std::size_t count = std::fread(block, 1, sizeof block, stream.get())) {

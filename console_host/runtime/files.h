@@ -1,22 +1,14 @@
 #pragma once
 
+#include "host/runtime/file.h"
+
 #include <algorithm>
 #include <compare>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-
-struct CloseFile
-{
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
-/// A stream that is closed with its owner.
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
 /// What stands at a path, links followed.
 enum class FileKind

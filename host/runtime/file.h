@@ -2,6 +2,15 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <memory>
+
+struct KelvoCloseFile
+{
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+
+/// A stream that is closed with its owner.
+using KelvoFile = std::unique_ptr<std::FILE, KelvoCloseFile>;
 
 /// Returns a stream on the file of a wide path, in any Unicode text; the caller closes it. Off
 /// Windows '\' counts as '/', and a name that is not found as written is looked for without regard

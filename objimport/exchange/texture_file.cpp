@@ -12,11 +12,6 @@
 
 namespace {
 
-struct CloseFile
-{
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
 /// Returns the bytes of a file that can be embedded; none of any other.
 std::vector<unsigned char> ReadBytes(std::FILE* stream)
 {
@@ -68,8 +63,7 @@ bool HasTransparentPixel(const CKelvoDib& image)
 }
 
 /// Opens and decodes an image; the stream is at its start.
-TextureState Open(const GK_wString& name, CKelvoDib& image,
-                  std::unique_ptr<std::FILE, CloseFile>& stream)
+TextureState Open(const GK_wString& name, CKelvoDib& image, KelvoFile& stream)
 {
     stream.reset(_wfopen(name.Array(), L"rb"));
     if (stream == nullptr)
@@ -125,7 +119,7 @@ CKelvoDib White(int width, int height)
 
 TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image)
 {
-    std::unique_ptr<std::FILE, CloseFile> stream;
+    KelvoFile stream;
     CKelvoDib pixels;
     const TextureState state = Open(name, pixels, stream);
     if (state != TextureState::Read)
@@ -143,7 +137,7 @@ TextureState ReadTexture(const GK_wString& name, EmbeddedImage& image)
 
 TextureState ReadPixels(const GK_wString& colors, const GK_wString& alpha, CKelvoDib& image)
 {
-    std::unique_ptr<std::FILE, CloseFile> stream;
+    KelvoFile stream;
     if (!colors.IsEmpty())
         if (const TextureState state = Open(colors, image, stream); state != TextureState::Read)
             return state;

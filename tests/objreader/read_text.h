@@ -1,6 +1,6 @@
 #pragma once
 
-#include "objreader/obj_reading.h"
+#include "objreader/parse.h"
 
 #include <cstdio>
 #include <filesystem>

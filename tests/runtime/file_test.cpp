@@ -18,7 +18,7 @@ namespace {
 /// Returns the first bytes of a file opened by its wide path; "none" when it cannot be opened.
 std::string FirstBytes(const std::wstring& path)
 {
-    const File stream(_wfopen(path.c_str(), L"rb"));
+    const KelvoFile stream(_wfopen(path.c_str(), L"rb"));
     char bytes[64];
     return stream == nullptr ? "none"
                              : std::string(bytes, std::fread(bytes, 1, sizeof bytes, stream.get()));
