@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+/// Closes the stream that it is given.
 struct KelvoCloseFile
 {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
